@@ -1,0 +1,14 @@
+# What every target is compiled with.
+option(PAGIVO_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(pagivo_options INTERFACE)
+target_compile_options(pagivo_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wold-style-cast -Wnull-dereference -Werror)
+if(PAGIVO_SANITIZE)
+  # -Wnull-dereference sees ghosts in instrumented code.
+  target_compile_options(pagivo_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+    -Wno-null-dereference)
+  target_link_options(pagivo_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,40 @@
+# One component a folder: pagivo_component(fonts engine/native/fonts USES values LIBRARIES ...)
+# makes pagivo_fonts of the folder's own sources (not those of folders below it). USES names the
+# components it may include and link; LIBRARIES the outside libraries it stands in front of.
+set_property(GLOBAL PROPERTY PAGIVO_COMPONENTS)
+
+function(pagivo_component name folder)
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "" "" "USES;LIBRARIES")
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+  if(NOT sources)
+    add_library(pagivo_${name} INTERFACE)
+    set(scope INTERFACE)
+  else()
+    add_library(pagivo_${name} STATIC ${sources})
+    target_link_libraries(pagivo_${name} PRIVATE pagivo_options)
+    set_property(GLOBAL APPEND PROPERTY PAGIVO_COMPONENTS pagivo_${name})
+    set(scope PUBLIC)
+  endif()
+  target_include_directories(pagivo_${name} ${scope}
+    ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
+  list(TRANSFORM ARG_USES PREPEND pagivo_)
+  target_link_libraries(pagivo_${name} ${scope} ${ARG_USES} ${ARG_LIBRARIES})
+endfunction()
+
+# pagivo_test(fonts engine/native/fonts USES fonts) makes the test program pagivo_tests_fonts of the
+# folder's sources under tests/.
+function(pagivo_test name folder)
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "" "" "USES;LIBRARIES")
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(pagivo_tests_${name} ${sources})
+  target_include_directories(pagivo_tests_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  list(TRANSFORM ARG_USES PREPEND pagivo_)
+  target_link_libraries(pagivo_tests_${name} PRIVATE
+    pagivo_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(pagivo_tests_${name} PRIVATE
+    PAGIVO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+  gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST)
+endfunction()

@@ -1,0 +1,49 @@
+// The one exception type of the component.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace pagivo {
+
+// Error numbers that a host can tell apart. The numbers up to 500 are the run-time error numbers
+// that automation clients of the Basic family know; engine errors count from 20000.
+enum class ErrorNumber : std::int32_t {
+  InvalidArgument = 5,
+  Overflow = 6,
+  OutOfMemory = 7,
+  SubscriptOutOfRange = 9,
+  DivisionByZero = 11,
+  TypeMismatch = 13,
+  FileAccess = 75,
+  UnknownMember = 438,
+  WrongArgumentCount = 450,
+  NoDocument = 20001,
+  PageOutOfRange = 20002,
+  InvalidPropertyValue = 20003,
+  InvalidPicture = 20004,
+  PrinterFailure = 20005,
+  DocumentFull = 20006,
+};
+
+// A failure of the world or of an argument. what() is a description in Dutch, ready to be shown
+// to a user.
+class Error : public std::runtime_error {
+ public:
+  Error(ErrorNumber number, const std::string& description)
+      : std::runtime_error(description), number_(number) {}
+
+  ErrorNumber Number() const noexcept { return number_; }
+
+ private:
+  ErrorNumber number_;
+};
+
+// The errors of the value conversions, with their standing descriptions.
+[[noreturn]] void ThrowOverflow();             // "Overloop"
+[[noreturn]] void ThrowTypeMismatch();         // "Typen komen niet met elkaar overeen"
+[[noreturn]] void ThrowSubscriptOutOfRange();  // "Het subscript valt buiten het bereik"
+[[noreturn]] void ThrowDivisionByZero();       // "Deling door nul"
+
+}  // namespace pagivo

@@ -1,0 +1,87 @@
+// Faces found for the fonts that a host asks for, and text shaped with them.
+//
+// All numbers are in the face's own design units, so they depend on no device: preview, printer and
+// PDF shape through the same tables and place every glyph at the same spot.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "engine/native/fonts/font_description.h"
+
+namespace pagivo::native {
+
+// One font file's face, found and opened once per process. Defined in face.h.
+class Face;
+
+// Lengths are in the design units of the glyph's face, y up.
+struct ShapedGlyph {
+  std::uint32_t glyph = 0;      // index in the face
+  std::int32_t advance = 0;     // kerning included
+  std::int32_t xOffset = 0;     // of the glyph from its pen position; rarely not zero
+  std::int32_t yOffset = 0;
+  std::uint32_t textBegin = 0;  // the UTF-8 bytes of the line that this glyph's cluster stands
+  std::uint32_t textEnd = 0;    // for; several glyphs of one cluster carry the same range
+};
+
+// Glyphs of one face that stand side by side.
+struct ShapedRun {
+  const Face* face = nullptr;
+  bool emboldened = false;  // bold was asked for and the face has none: players thicken it
+  bool slanted = false;     // likewise for italic
+  std::uint32_t glyphBegin = 0;  // into ShapedLine::glyphs
+  std::uint32_t glyphEnd = 0;
+};
+
+// A line's glyphs from left to right, in runs.
+struct ShapedLine {
+  std::vector<ShapedGlyph> glyphs;
+  std::vector<ShapedRun> runs;
+};
+
+// Vertical measures of a font; the unit is the font's size (1 em).
+struct FontMetrics {
+  double ascent = 0;             // from the line's top to its baseline
+  double lineSpacing = 0;        // from a line's top to the next line's top
+  double underlinePosition = 0;  // of the underline's centre, below the baseline
+  double underlineThickness = 0;
+};
+
+// How far players slant and thicken a face that lacks the style that was asked for.
+inline constexpr double kSlant = 0.2;               // tangent of the angle
+inline constexpr double kEmboldenStroke = 1.0 / 30;  // added to every stem, em
+
+// A font of the library: name, bold and italic. Size and underline do not matter to shaping.
+class Font {
+ public:
+  virtual ~Font() = default;
+
+  virtual const FontMetrics& Metrics() const = 0;
+  // Shapes one line of UTF-8 without control characters into `line`, reusing its storage. Bytes
+  // that are no UTF-8 stand for U+FFFD.
+  virtual void Shape(std::string_view text, ShapedLine& line) = 0;
+  // The sum of the advances that Shape would give, trailing blanks and kerning included, in em.
+  virtual double Width(std::string_view text) = 0;
+};
+
+// The fonts of one process. Not thread-safe, like the whole component.
+class FontLibrary {
+ public:
+  static FontLibrary& Instance();
+  FontLibrary(const FontLibrary&) = delete;
+  FontLibrary& operator=(const FontLibrary&) = delete;
+
+  // Never fails for an unknown name: the closest face stands in, a metric-compatible one where
+  // there is one. The reference stays valid for the process.
+  Font& Find(std::string_view name, bool bold, bool italic);
+
+ private:
+  FontLibrary();
+  ~FontLibrary();
+  struct Implementation;
+  std::unique_ptr<Implementation> implementation_;
+};
+
+}  // namespace pagivo::native

@@ -1,0 +1,17 @@
+#include "pagivo/error.h"
+
+namespace pagivo {
+
+void ThrowOverflow() { throw Error(ErrorNumber::Overflow, "Overloop"); }
+
+void ThrowTypeMismatch() {
+  throw Error(ErrorNumber::TypeMismatch, "Typen komen niet met elkaar overeen");
+}
+
+void ThrowSubscriptOutOfRange() {
+  throw Error(ErrorNumber::SubscriptOutOfRange, "Het subscript valt buiten het bereik");
+}
+
+void ThrowDivisionByZero() { throw Error(ErrorNumber::DivisionByZero, "Deling door nul"); }
+
+}  // namespace pagivo

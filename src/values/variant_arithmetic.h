@@ -1,0 +1,17 @@
+// Arithmetic on tagged values, with the usual promotion of kinds.
+#pragma once
+
+#include "pagivo/variant.h"
+
+namespace pagivo {
+
+// The product keeps the wider of the two kinds (Integer and Single give Single, Long and Single
+// give Double); an overflow widens the result. A numeric text counts as Double, Empty as Integer 0,
+// a Null operand gives Null. Raises TypeMismatch for anything else, Overflow past Double.
+Variant Multiply(const Variant& left, const Variant& right);
+
+// The quotient is a Single when both operands are Integer or Single, else a Double; Null as above.
+// Raises DivisionByZero, Overflow, TypeMismatch.
+Variant Divide(const Variant& left, const Variant& right);
+
+}  // namespace pagivo
