@@ -8,10 +8,9 @@
 
 #include "engine/native/fonts/font_description.h"
 #include "engine/native/geometry.h"
+#include "engine/native/pictures/picture_image.h"
 
 namespace pagivo::native {
-
-class PictureImage;
 
 enum class PenStyle : std::uint8_t { Solid, Dash, Dot, DashDot, DashDotDot, Invisible, InsideSolid };
 
@@ -80,7 +79,7 @@ class Player {
   virtual void DrawArc(const Arc& arc) = 0;  // filled when it has both radius lines
   virtual void DrawPolyline(std::span<const Point> points) = 0;
   virtual void DrawPolygon(std::span<const Point> points) = 0;  // filled, even-odd
-  virtual void DrawPicture(const Rectangle& rectangle, const PictureImage& picture) = 0;
+  virtual void DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) = 0;
 
  protected:
   ~Player() = default;

@@ -1,0 +1,42 @@
+// What stands under the component on this system, in one struct.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "engine/pdf_exporter.h"
+#include "engine/print_engine.h"
+#include "pagivo/object.h"
+
+namespace pagivo {
+
+class WindowSystem;
+
+struct Platform {
+  // Shows the windows; lives as long as it is in use.
+  std::shared_ptr<WindowSystem> windows;
+  // A new, empty engine and exporter for a new preview window.
+  std::function<std::shared_ptr<PrintEngine>()> makeEngine;
+  std::function<std::shared_ptr<PdfExporter>()> makePdfExporter;
+  // A picture object from a file; an empty path gives an empty picture. Raises Error.
+  std::function<ObjectRef(const std::string& path)> loadPicture;
+  // The same from a picture file's bytes in memory.
+  std::function<ObjectRef(std::span<const std::uint8_t> bytes)> decodePicture;
+  // The device name of the system's default printer, empty when there is none.
+  std::function<std::string()> defaultPrinter;
+};
+
+// The one in use: the native platform unless UsePlatform replaced it.
+const Platform& CurrentPlatform();
+
+// Replaces the platform in use. Takes effect for what is created afterwards; an existing preview
+// window keeps its engine.
+void UsePlatform(Platform platform);
+
+// Our own engine, its exporter and picture loader, and no display. Defined in assembly/.
+Platform NativePlatform();
+
+}  // namespace pagivo
