@@ -12,3 +12,10 @@ if(PAGIVO_SANITIZE)
     -Wno-null-dereference)
   target_link_options(pagivo_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+option(PAGIVO_LINT "Run clang-tidy on the library's sources as they are compiled" OFF)
+if(PAGIVO_LINT)
+  find_program(CLANG_TIDY clang-tidy REQUIRED)
+  # GCC's own warning and sanitizer flags mean nothing to it.
+  set(PAGIVO_CLANG_TIDY ${CLANG_TIDY} --quiet --extra-arg=-Wno-unknown-warning-option)
+endif()

@@ -1,0 +1,60 @@
+# What the commands at the root share: telling, stopping, installing and building.
+# Sourced by ./demo and ./check with the project's root as the current folder.
+
+build_packages=(
+  g++ cmake ninja-build pkg-config
+  libfontconfig-dev libfreetype-dev libharfbuzz-dev libfribidi-dev libcairo2-dev
+  libgdk-pixbuf-2.0-dev librsvg2-dev libdeflate-dev
+  fonts-liberation fonts-dejavu-core
+)
+test_packages=(
+  clang-format clang-tidy python3 libgtest-dev libgmock-dev libbenchmark-dev
+  poppler-utils mupdf-tools qpdf imagemagick locales fonts-urw-base35
+)
+
+say() { printf '== %s\n' "$*"; }
+
+stop() {
+  printf 'Cannot go on: %s\n' "$*" >&2
+  exit 1
+}
+
+# Installs those of the named Debian packages that are missing.
+install_packages() {
+  command -v dpkg-query >/dev/null || stop "this needs a Debian system (dpkg and apt-get)."
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  say "Installing ${missing[*]}"
+  # The package lists may never have been fetched, or be old: fetch them when the first try fails.
+  apt_get install -y --no-install-recommends "${missing[@]}" ||
+    { apt_get update && apt_get install -y --no-install-recommends "${missing[@]}"; } ||
+    { tail -n 20 build/apt.log >&2; stop "apt-get could not install ${missing[*]} (build/apt.log)."; }
+}
+
+# apt-get as root, its output in build/apt.log.
+apt_get() {
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || stop "not root and no sudo; as root, run: apt-get $*"
+    as_root=(sudo)
+  fi
+  mkdir -p build
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q "$@" >build/apt.log 2>&1
+}
+
+# build_preset PRESET ON|OFF [TARGET...]: configures and builds, with the tests and benchmarks or
+# without them. Does next to nothing when nothing has changed.
+build_preset() {
+  local preset=$1 tests=$2
+  shift 2
+  mkdir -p build
+  say "Building build/$preset"
+  cmake --preset "$preset" -DPAGIVO_TESTS="$tests" >"build/$preset.log" 2>&1 ||
+    { tail -n 30 "build/$preset.log" >&2; stop "configuring failed (build/$preset.log)."; }
+  cmake --build --preset "$preset" ${1:+--target "$@"} >"build/$preset.log" 2>&1 ||
+    { grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking)' "build/$preset.log" | tail -n 60 >&2
+      stop "the build failed (build/$preset.log)."; }
+}
