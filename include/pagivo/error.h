@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace pagivo {
 
@@ -40,10 +41,12 @@ class Error : public std::runtime_error {
   ErrorNumber number_;
 };
 
-// The errors of the value conversions, with their standing descriptions.
+// The errors of values and objects, with their standing descriptions.
 [[noreturn]] void ThrowOverflow();             // "Overloop"
 [[noreturn]] void ThrowTypeMismatch();         // "Typen komen niet met elkaar overeen"
 [[noreturn]] void ThrowSubscriptOutOfRange();  // "Het subscript valt buiten het bereik"
 [[noreturn]] void ThrowDivisionByZero();       // "Deling door nul"
+[[noreturn]] void ThrowOutOfMemory();          // "Onvoldoende geheugen"
+[[noreturn]] void ThrowUnknownMember(std::string_view name);  // "Onbekend lid: " and the name
 
 }  // namespace pagivo

@@ -22,8 +22,6 @@ struct MissingMarker {
 struct NullMarker {
   friend bool operator==(NullMarker, NullMarker) = default;
 };
-inline constexpr MissingMarker Missing{};
-inline constexpr NullMarker Null{};
 
 // A value and its kind. Integer is 16-bit, Long 32-bit; text is UTF-8. Arrays are references to an
 // array that the caller shares, so a callee that resizes one changes the caller's.
@@ -85,6 +83,9 @@ class Variant {
                    std::shared_ptr<Array<float>>, std::shared_ptr<Array<std::string>>>;
   Value value_;
 };
+
+inline constexpr MissingMarker Missing{};
+inline constexpr NullMarker Null{};
 
 // The kind's own name, e.g. "Integer"; a reference to an array reads "Integer()".
 std::string_view NameOf(Variant::Kind kind);

@@ -2,7 +2,9 @@
 
 namespace pagivo {
 
-void ThrowOverflow() { throw Error(ErrorNumber::Overflow, "Overloop"); }
+void ThrowOverflow() {
+  throw Error(ErrorNumber::Overflow, "Overloop");
+}
 
 void ThrowTypeMismatch() {
   throw Error(ErrorNumber::TypeMismatch, "Typen komen niet met elkaar overeen");
@@ -12,6 +14,16 @@ void ThrowSubscriptOutOfRange() {
   throw Error(ErrorNumber::SubscriptOutOfRange, "Het subscript valt buiten het bereik");
 }
 
-void ThrowDivisionByZero() { throw Error(ErrorNumber::DivisionByZero, "Deling door nul"); }
+void ThrowDivisionByZero() {
+  throw Error(ErrorNumber::DivisionByZero, "Deling door nul");
+}
+
+void ThrowOutOfMemory() {
+  throw Error(ErrorNumber::OutOfMemory, "Onvoldoende geheugen");
+}
+
+void ThrowUnknownMember(std::string_view name) {
+  throw Error(ErrorNumber::UnknownMember, "Onbekend lid: " + std::string(name));
+}
 
 }  // namespace pagivo

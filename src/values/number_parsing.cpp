@@ -1,0 +1,82 @@
+#include <algorithm>
+#include <charconv>
+
+#include "values/conversions.h"
+#include "values/regional_settings.h"
+
+namespace pagivo {
+
+namespace {
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+struct NumberPrefix {
+  double value = 0;
+  std::size_t length = 0;  // 0: the text does not start with a number
+};
+
+// Whether a number too large or too small for a Double is too large: one whose first digit that
+// counts has a place above the ones. `number` is well formed and without a sign.
+bool IsTooLarge(std::string_view number) {
+  const std::size_t exponentMark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, exponentMark);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const auto place =
+      static_cast<std::int64_t>(point) - static_cast<std::int64_t>(digits.find_first_not_of("0."));
+  const std::string_view exponentText = number.substr(std::min(exponentMark + 1, number.size()));
+  const bool negative = exponentText.starts_with('-');
+  const bool hasSign = negative || exponentText.starts_with('+');
+  const std::string_view exponentDigits = exponentText.substr(hasSign ? 1 : 0);
+  std::int64_t exponent = 0;
+  const auto parsed = std::from_chars(exponentDigits.data(),
+                                      exponentDigits.data() + exponentDigits.size(), exponent);
+  if (parsed.ec == std::errc::result_out_of_range) return !negative;
+  return place + (negative ? -exponent : exponent) > 0;
+}
+
+// The longest number at the start of a text, with a decimal point. One too small for a Double is 0;
+// raises Overflow for one too large.
+NumberPrefix ParsePrefix(std::string_view text) {
+  const bool negative = text.starts_with('-');
+  const std::size_t signLength = negative || text.starts_with('+') ? 1 : 0;
+  const std::string_view number = text.substr(signLength);
+  // Keeps out the names of infinity and "not a number", which from_chars knows.
+  if (number.empty() || !(IsDigit(number.front()) || number.front() == '.')) return {};
+  double value = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (error == std::errc::invalid_argument) return {};
+  const auto length = static_cast<std::size_t>(end - number.data());
+  if (error == std::errc::result_out_of_range) {
+    if (IsTooLarge(number.substr(0, length))) ThrowOverflow();
+    value = 0;
+  }
+  return {negative ? -value : value, signLength + length};
+}
+
+bool IsSkippedInNumbers(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+}  // namespace
+
+double ParseNumber(std::string_view text) {
+  std::string number(Trim(text));
+  const char separator = CurrentRegionalSettings().decimalSeparator;
+  if (separator != '.') {
+    if (number.find('.') != std::string::npos) ThrowTypeMismatch();
+    std::replace(number.begin(), number.end(), separator, '.');
+  }
+  const NumberPrefix prefix = ParsePrefix(number);
+  if (prefix.length == 0 || prefix.length != number.size()) ThrowTypeMismatch();
+  return prefix.value;
+}
+
+double LeadingNumber(std::string_view text) {
+  std::string number(text);
+  std::erase_if(number, IsSkippedInNumbers);
+  return ParsePrefix(number).value;
+}
+
+}  // namespace pagivo
