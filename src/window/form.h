@@ -1,0 +1,95 @@
+// A window: its caption, placement and life.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "window/window_system.h"
+
+namespace pagivo {
+
+enum class WindowState : std::int16_t { Normal = 0, Minimised = 1, Maximised = 2 };
+
+// Why a form is asked to unload.
+enum class UnloadMode : std::int16_t {
+  ControlMenu = 0,  // the user closes the window: close box or system menu
+  Code = 1,
+  SystemShutdown = 2,
+};
+
+// How a form was designed: lengths in twips.
+struct FormDesign {
+  std::string_view caption;
+  Extent client;
+  bool sizable = false;
+};
+
+// Life: created (state only), loaded (with controls and a peer, load handler run, hidden), shown,
+// hidden, unloaded. Whoever reaches a control of a form that is not loaded loads it. Forms live in
+// shared pointers, so that one can be released while its own modal showing is under way.
+class Form : public std::enable_shared_from_this<Form> {
+ public:
+  Form(std::shared_ptr<WindowSystem> windows, const FormDesign& design);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  // Makes the controls and runs the load handler without showing the form; nothing when it is
+  // loaded already. When a step fails the form is unloaded again and the error passed on.
+  void Load();
+  bool IsLoaded() const noexcept { return loaded_; }
+  // Loads the form, shows it and returns when it has been hidden or unloaded. Raises Error when it
+  // is visible already.
+  void ShowModal();
+  void Hide();
+  // Asks the query-unload handler, which may refuse, hides the form and gives up its controls.
+  // Nothing when it is not loaded.
+  void Unload(UnloadMode mode = UnloadMode::Code);
+  bool Visible() const noexcept { return visible_; }
+
+  const FormDesign& Design() const noexcept { return design_; }
+  const std::string& Caption() const noexcept { return caption_; }
+  void PutCaption(std::string caption);
+  WindowState GetWindowState() const noexcept { return windowState_; }
+  void PutWindowState(WindowState state);
+
+  // The window with its frame, in twips from the screen's top left.
+  float Left() const noexcept { return left_; }
+  float Top() const noexcept { return top_; }
+  float Width() const noexcept { return width_; }
+  float Height() const noexcept { return height_; }
+  void PutLeft(float left);
+  void PutTop(float top);
+  void PutWidth(float width);
+  void PutHeight(float height);
+
+ protected:
+  // Makes the controls at loading, on the form's peer, and gives them up at unloading.
+  virtual void CreateControls(WindowSystem& windows, FormPeer& peer);
+  virtual void DestroyControls();
+
+  // The form's own handlers.
+  virtual void OnLoad();
+  virtual void OnQueryUnload(bool& cancel, UnloadMode mode);
+  virtual void OnUnload();
+
+ private:
+  void Discard();
+  void Update();
+
+  std::shared_ptr<WindowSystem> windows_;
+  FormDesign design_;
+  std::shared_ptr<FormPeer> peer_;
+  bool loaded_ = false;
+  bool visible_ = false;
+  std::string caption_;
+  WindowState windowState_ = WindowState::Normal;
+  float left_ = 0;
+  float top_ = 0;
+  float width_ = 0;
+  float height_ = 0;
+};
+
+}  // namespace pagivo

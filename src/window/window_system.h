@@ -1,0 +1,53 @@
+// What a back end does for forms and controls.
+//
+// Forms and controls are portable: they hold their state and run their rules. A back end gives each
+// of them a peer that shows the state and reports what the user does, nothing else.
+#pragma once
+
+#include <memory>
+
+namespace pagivo {
+
+class Form;
+class Toolbar;
+
+// A length in two directions, in twips.
+struct Extent {
+  float width = 0;
+  float height = 0;
+};
+
+// The appearance of one loaded form. It is destroyed when the form is unloaded.
+class FormPeer {
+ public:
+  virtual ~FormPeer();
+
+  // What title bar and borders add to the client area.
+  virtual Extent FrameExtent() const = 0;
+  // The form's caption, window state or placement has changed.
+  virtual void Update() = 0;
+  // Shows the window and handles the user's doings until the form is no longer visible. The form
+  // may be unloaded meanwhile.
+  virtual void ShowModal() = 0;
+  // The form is no longer visible.
+  virtual void Hide() = 0;
+};
+
+class ToolbarPeer {
+ public:
+  virtual ~ToolbarPeer();
+
+  // Shows the buttons as they now are.
+  virtual void Refresh() = 0;
+};
+
+class WindowSystem {
+ public:
+  virtual ~WindowSystem();
+
+  // Peers refer to what they show, which outlives them. Raise Error when there is no display.
+  virtual std::shared_ptr<FormPeer> MakeFormPeer(Form& form) = 0;
+  virtual std::unique_ptr<ToolbarPeer> MakeToolbarPeer(FormPeer& form, Toolbar& toolbar) = 0;
+};
+
+}  // namespace pagivo
