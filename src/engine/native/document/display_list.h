@@ -12,7 +12,15 @@
 
 namespace pagivo::native {
 
-enum class PenStyle : std::uint8_t { Solid, Dash, Dot, DashDot, DashDotDot, Invisible, InsideSolid };
+enum class PenStyle : std::uint8_t {
+  Solid,
+  Dash,
+  Dot,
+  DashDot,
+  DashDotDot,
+  Invisible,
+  InsideSolid
+};
 
 enum class BrushStyle : std::uint8_t {
   Solid,
@@ -27,9 +35,15 @@ enum class BrushStyle : std::uint8_t {
 
 // Colours are 0x00BBGGRR; the window system's colours are resolved when they are recorded.
 using Color = std::uint32_t;
-constexpr std::uint8_t RedOf(Color color) { return static_cast<std::uint8_t>(color); }
-constexpr std::uint8_t GreenOf(Color color) { return static_cast<std::uint8_t>(color >> 8); }
-constexpr std::uint8_t BlueOf(Color color) { return static_cast<std::uint8_t>(color >> 16); }
+constexpr std::uint8_t RedOf(Color color) {
+  return static_cast<std::uint8_t>(color);
+}
+constexpr std::uint8_t GreenOf(Color color) {
+  return static_cast<std::uint8_t>(color >> 8);
+}
+constexpr std::uint8_t BlueOf(Color color) {
+  return static_cast<std::uint8_t>(color >> 16);
+}
 
 // The width of a pen of width 0: 0.25 pt.
 inline constexpr float kHairlineWidth = 5;
@@ -47,8 +61,8 @@ struct Brush {
   friend bool operator==(const Brush&, const Brush&) = default;
 };
 
-// The dash lengths of a pen in twips, on and off in turn; empty for an unbroken line. One table for
-// every player: multiples of the pen's width (at least that of a hairline).
+// The dash lengths of a pen, on and off in turn; empty for an unbroken line. One table for every
+// player: multiples of the pen's width (at least that of a hairline).
 std::span<const float> DashMultiples(PenStyle style);
 
 // Part of a circle. Angles are in radians, counter-clockwise from three o'clock, in [0, 2 pi); the

@@ -45,6 +45,7 @@ class Document {
  private:
   friend class Recorder;
   struct Storage;
+  class Replay;
   std::unique_ptr<Storage> storage_;
   std::string title_;
 };

@@ -1,21 +1,24 @@
 // Writes pages into a document.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 
+#include "engine/native/document/command.h"
 #include "engine/native/document/document.h"
 
 namespace pagivo::native {
 
 // Records what it is told to draw onto the page begun last or the page being overlaid. Styles
 // survive from page to page; they are recorded when a command first uses them on a page, so setting
-// one that nothing uses costs nothing.
+// one that nothing uses costs nothing. Every function leaves the record whole when memory runs out.
 class Recorder final : public Player {
  public:
   explicit Recorder(Document& document);
 
   void BeginPage(const PageGeometry& geometry);
-  // Changes the last page's paper; only while nothing is drawn on it.
+  // Changes the last page's paper; only while nothing is drawn on it and no page is overlaid.
   void SetGeometry(const PageGeometry& geometry);
   bool PageIsBlank() const noexcept;
 
@@ -37,8 +40,37 @@ class Recorder final : public Player {
   void DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) override;
 
  private:
+  // A style as it is wanted, and as this page's commands have last set it.
+  template <typename Value>
+  struct Style {
+    Value wanted{};
+    std::optional<std::uint32_t> wantedIndex;    // in the document's table, once looked up
+    std::optional<std::uint32_t> recordedIndex;  // none: not yet set on this page
+  };
+
+  template <typename Value>
+  static void Want(Style<Value>& style, const Value& value);
+  template <typename Value, typename Table>
+  void Use(Style<Value>& style, Table& table, Operation operation);
+  void UseTextStyle();
+  void UsePen();
+  void UsePenAndBrush();
+  void ForgetRecordedStyles() noexcept;
+
+  // A command is begun with room for its operands and added to the page when it is complete.
+  CommandWriter Begin(Operation operation, std::size_t operandSize);
+  void Add(const CommandWriter& command);
+  void OpenSegment(const std::byte* begin);
+  void DrawPoints(Operation operation, std::span<const Point> points);
+
   Document& document_;
-  // State is the implementer's.
+  std::size_t pageIndex_ = 0;  // where drawing goes
+  // Where the page's open segment ends; commands that follow it directly extend it.
+  const std::byte* segmentEnd_ = nullptr;
+  Style<FontDescription> font_;
+  Style<Color> textColor_;
+  Style<Pen> pen_;
+  Style<Brush> brush_;
 };
 
 }  // namespace pagivo::native
