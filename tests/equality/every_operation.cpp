@@ -1,0 +1,162 @@
+#include "equality/every_operation.h"
+
+#include <cairo.h>
+
+#include <array>
+#include <cmath>
+#include <fstream>
+#include <numbers>
+
+namespace pagivo::test {
+namespace {
+
+constexpr std::int32_t kRed = 0x2020C0;
+constexpr std::int32_t kGreen = 0x208020;
+constexpr std::int32_t kBlue = 0xC06020;
+
+void WritePicture(const std::string& path) {
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 120, 80);
+  cairo_t* context = cairo_create(surface);
+  cairo_pattern_t* sky = cairo_pattern_create_linear(0, 0, 120, 80);
+  cairo_pattern_add_color_stop_rgba(sky, 0, 0.2, 0.5, 0.9, 1);
+  cairo_pattern_add_color_stop_rgba(sky, 1, 0.9, 0.7, 0.2, 0.3);
+  cairo_set_source(context, sky);
+  cairo_arc(context, 60, 40, 38, 0, 2 * std::numbers::pi);
+  cairo_fill(context);
+  cairo_surface_write_to_png(surface, path.c_str());
+  cairo_pattern_destroy(sky);
+  cairo_destroy(context);
+  cairo_surface_destroy(surface);
+}
+
+void WriteDrawing(const std::string& path) {
+  std::ofstream(path) << R"(<svg xmlns="http://www.w3.org/2000/svg" width="60" height="40">
+<rect width="60" height="40" fill="#dde8f0"/><path d="M5 35 L30 5 L55 35 Z" fill="#a04030"/>
+<circle cx="30" cy="25" r="6" fill="#ffffff" stroke="#203040" stroke-width="2"/></svg>)";
+}
+
+// Every pen style as a line and around a box.
+void DrawPens(PgPrint& print) {
+  for (std::int32_t style = 0; style <= 6; ++style) {
+    const double y = 20 + style * 6;
+    for (std::int16_t width = 0; width <= 60; width = static_cast<std::int16_t>(width + 30)) {
+      const double x = 15 + width;
+      print.VsPPLine(x, y, x + 26, y, false, false, kBlue, 0, style, width);
+    }
+    print.VsPPLine(115, y - 2, 135, y + 2, true, false, kRed, 0, style, std::int16_t{20});
+    print.VsPPCircle(150, y, 2.2, Missing, Missing, false, kGreen, 0, style, std::int16_t{10});
+  }
+}
+
+// Every brush style in a box and in a circle.
+void DrawBrushes(PgPrint& print) {
+  for (std::int32_t style = 0; style <= 7; ++style) {
+    const double x = 15 + style * 22;
+    print.VsPPLine(x, 68, x + 18, 84, true, true, kGreen, style);
+    print.VsPPCircle(x + 9, 97, 9, Missing, Missing, true, kBlue, style);
+  }
+}
+
+// Arcs with no, one and two lines from the centre.
+void DrawArcs(PgPrint& print) {
+  struct Ends {
+    double start;
+    double end;
+  };
+  constexpr std::array<Ends, 8> kEnds = {{{0.3, 2.0},
+                                          {-0.3, 2.0},
+                                          {0.3, -2.0},
+                                          {-0.3, -2.0},
+                                          {2.0, 0.3},
+                                          {-2.0, -0.3},
+                                          {-4.0, -6.0},
+                                          {5.5, 1.0}}};
+  double x = 24;
+  for (const auto& [start, end] : kEnds) {
+    print.VsPPCircle(x, 122, 9, start, end, true, kRed, 0, 0, std::int16_t{15});
+    x += 22;
+  }
+}
+
+void DrawPolylines(PgPrint& print) {
+  const auto star = [](double centre, float* x, float* y, int i) {
+    const double angle = i * 4 * std::numbers::pi / 5;
+    *x = static_cast<float>(centre + 12 * std::sin(angle));
+    *y = static_cast<float>(152 - 12 * std::cos(angle));
+  };
+  Array<float> x(1, 5);
+  Array<float> y(1, 5);
+  int figure = 0;
+  for (const bool closed : {false, true}) {
+    for (const std::int32_t fill : {0, 7}) {
+      for (std::int32_t i = 1; i <= 5; ++i) star(30 + figure * 40, &x(i), &y(i), i);
+      print.VsPPDrawPolyline(x, y, closed, closed, kBlue, fill, 0, std::int16_t{20});
+      ++figure;
+    }
+  }
+}
+
+void DrawPictures(PgPrint& print, const std::string& folder) {
+  WritePicture(folder + "/bol.png");
+  WriteDrawing(folder + "/huis.svg");
+  print.VsPPPicture(folder + "/bol.png", 15, 175, 75, 215);
+  print.VsPPPicture(folder + "/bol.png", 140, 215, 80, 175);
+  print.VsPPPicture(folder + "/huis.svg", 145, 175, 195, 208);
+}
+
+void DrawText(PgPrint& print) {
+  const std::array<const char*, 6> kFonts = {"Arial",       "Times New Roman", "Courier New",
+                                             "DejaVu Sans", "Verdana",         "Georgia"};
+  double y = 15;
+  for (const char* font : kFonts) {
+    int style = 0;
+    for (const double size : {7.0, 9.5, 12.0, 16.0}) {
+      print.VsPPPrint("Pluimstijging 1.234,5 µg/m³", 15 + style * 47, y, font, size / 1.4,
+                      (style & 1) != 0, (style & 2) != 0, style == 3);
+      ++style;
+    }
+    y += 8;
+  }
+  print.VsPPZetKleur(kRed);
+  print.VsPPPrint("Één regel\r\nen nog een\ten een tab", 15, y, "Arial", 11, false, false, false);
+  print.VsPPZetKleur(0);
+  print.VsPPPrintR("Rechts uitgelijnd 12.345,67", 195, y);
+  print.VsPPPrint("Σ Ω α β γ Жизнь  שלום", 15, y + 14, "DejaVu Sans", 12);
+}
+
+void DrawPlacedWords(PgPrint& print) {
+  const std::array<const char*, 6> kWords = {"pluim", "AVOT", "10,75", "hoogte", "Wind", "f(x)"};
+  for (int i = 0; i < kPlacedWords; ++i) {
+    const auto [x, y] = PlaceOfWord(i);
+    print.VsPPPrint(kWords.at(static_cast<std::size_t>(i) % kWords.size()), x, y,
+                    i % 2 == 0 ? "Arial" : "Times New Roman", 8 + i % 5, i % 3 == 0, false,
+                    i % 7 == 0);
+  }
+}
+
+}  // namespace
+
+// A little off the grid each time, so that the words start at every fraction of a pixel.
+PlacedWord PlaceOfWord(int i) {
+  return {18 + i % 6 * kWordWidth + i * 0.013, 92 + i / 6 * kWordHeight + i * 0.017};
+}
+
+void ComposeEveryOperation(PgPrint& print, const std::string& pictureFolder) {
+  print.VsPPInit();
+  print.VsPPSetScaleMode(6);
+  DrawPens(print);
+  DrawBrushes(print);
+  DrawArcs(print);
+  DrawPolylines(print);
+  DrawPictures(print, pictureFolder);
+  print.VsPPNewPage();
+  DrawText(print);
+  DrawPlacedWords(print);
+  print.VsPPNewPage();
+  print.VsPPFinish("Alle bewerkingen");
+  print.VsPPStartOverlay(1);
+  print.VsPPPrint("Blad 1 van 2", 100, 285, "Arial", 9, false, false, false);
+  print.VsPPEndOverlay();
+}
+
+}  // namespace pagivo::test
