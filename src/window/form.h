@@ -27,8 +27,9 @@ struct FormDesign {
 };
 
 // Life: created (state only), loaded (with controls and a peer, load handler run, hidden), shown,
-// hidden, unloaded. Whoever reaches a control of a form that is not loaded loads it. Forms live in
-// shared pointers, so that one can be released while its own modal showing is under way.
+// hidden, unloaded. Changing a property of a form that is not loaded loads it, and so does reaching
+// one of its controls; each load starts from the design. Forms live in shared pointers, so that one
+// can be released while its own modal showing is under way.
 class Form : public std::enable_shared_from_this<Form> {
  public:
   Form(std::shared_ptr<WindowSystem> windows, const FormDesign& design);
@@ -76,8 +77,11 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void OnUnload();
 
  private:
+  void TakeDesign(const Extent& frame);
   void Discard();
-  void Update();
+  // Changes one property of the loaded form and shows it.
+  template <typename Value>
+  void Put(Value Form::*property, Value value);
 
   std::shared_ptr<WindowSystem> windows_;
   FormDesign design_;
