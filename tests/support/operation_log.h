@@ -40,6 +40,7 @@ class OperationLog {
   // another word: "put FontName" fails for every value, "get PaperSizes Long 9" for that code
   // alone. With `occurrence` only that one fails, counted from 1 from here on; 0 means all.
   void FailOn(std::string line, int occurrence = 0);
+  void FailNothing() { failures_.clear(); }
 
   const std::vector<std::string>& Lines() const noexcept { return lines_; }
   // The lines of Lines() that begin with `beginning`, e.g. "put " or "get PageCount".

@@ -32,6 +32,7 @@ class RecordingEngine final : public PrintEngine {
 
   // See OperationLog.
   void FailOn(std::string line, int occurrence = 0) { log_->FailOn(std::move(line), occurrence); }
+  void FailNothing() { log_->FailNothing(); }
   const std::vector<std::string>& Log() const noexcept { return log_->Lines(); }
   void ClearLog() { log_->Clear(); }
 
