@@ -15,12 +15,14 @@ namespace pagivo::native {
 
 // One font file's face, found and opened once per process. Defined in face.h.
 class Face;
+// What is installed. Defined in face_finder.h.
+class FaceFinder;
 
 // Lengths are in the design units of the glyph's face, y up.
 struct ShapedGlyph {
-  std::uint32_t glyph = 0;      // index in the face
-  std::int32_t advance = 0;     // kerning included
-  std::int32_t xOffset = 0;     // of the glyph from its pen position; rarely not zero
+  std::uint32_t glyph = 0;   // index in the face
+  std::int32_t advance = 0;  // kerning included
+  std::int32_t xOffset = 0;  // of the glyph from its pen position; rarely not zero
   std::int32_t yOffset = 0;
   std::uint32_t textBegin = 0;  // the UTF-8 bytes of the line that this glyph's cluster stands
   std::uint32_t textEnd = 0;    // for; several glyphs of one cluster carry the same range
@@ -29,8 +31,8 @@ struct ShapedGlyph {
 // Glyphs of one face that stand side by side.
 struct ShapedRun {
   const Face* face = nullptr;
-  bool emboldened = false;  // bold was asked for and the face has none: players thicken it
-  bool slanted = false;     // likewise for italic
+  bool emboldened = false;       // bold was asked for and the face has none: players thicken it
+  bool slanted = false;          // likewise for italic
   std::uint32_t glyphBegin = 0;  // into ShapedLine::glyphs
   std::uint32_t glyphEnd = 0;
 };
@@ -50,7 +52,7 @@ struct FontMetrics {
 };
 
 // How far players slant and thicken a face that lacks the style that was asked for.
-inline constexpr double kSlant = 0.2;               // tangent of the angle
+inline constexpr double kSlant = 0.2;                // tangent of the angle
 inline constexpr double kEmboldenStroke = 1.0 / 30;  // added to every stem, em
 
 // A font of the library: name, bold and italic. Size and underline do not matter to shaping.
@@ -69,17 +71,18 @@ class Font {
 // The fonts of one process. Not thread-safe, like the whole component.
 class FontLibrary {
  public:
-  static FontLibrary& Instance();
+  static FontLibrary& Instance();  // of the faces installed on this system
+  explicit FontLibrary(std::unique_ptr<FaceFinder> finder);
+  ~FontLibrary();
   FontLibrary(const FontLibrary&) = delete;
   FontLibrary& operator=(const FontLibrary&) = delete;
 
   // Never fails for an unknown name: the closest face stands in, a metric-compatible one where
-  // there is one. The reference stays valid for the process.
+  // there is one. The reference stays valid as long as the library. Raises ErrorNumber::FileAccess
+  // when the machine has no scalable face at all.
   Font& Find(std::string_view name, bool bold, bool italic);
 
  private:
-  FontLibrary();
-  ~FontLibrary();
   struct Implementation;
   std::unique_ptr<Implementation> implementation_;
 };

@@ -1,0 +1,74 @@
+#include "engine/native/fonts/face.h"
+
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+namespace {
+
+[[noreturn]] void ThrowUnreadable(const std::string& path) {
+  throw Error(ErrorNumber::FileAccess,
+              "Het lettertypebestand " + path + " kan niet worden gelezen");
+}
+
+// Shared by the faces, so that it outlives the last of them whatever the order in which the
+// process takes down its statics.
+std::shared_ptr<FT_LibraryRec_> SharedFreeType() {
+  static const std::shared_ptr<FT_LibraryRec_> library = [] {
+    FT_Library created = nullptr;
+    if (FT_Init_FreeType(&created) != 0) {
+      throw Error(ErrorNumber::OutOfMemory, "De lettertypebibliotheek kan niet worden gestart");
+    }
+    return std::shared_ptr<FT_LibraryRec_>(created, &FT_Done_FreeType);
+  }();
+  return library;
+}
+
+bool HasTable(hb_face_t* face, hb_tag_t tag) {
+  hb_blob_t* table = hb_face_reference_table(face, tag);
+  const bool found = hb_blob_get_length(table) > 0;
+  hb_blob_destroy(table);
+  return found;
+}
+
+bool HasOutlines(hb_face_t* face) {
+  return HasTable(face, HB_TAG('g', 'l', 'y', 'f')) || HasTable(face, HB_TAG('C', 'F', 'F', ' ')) ||
+         HasTable(face, HB_TAG('C', 'F', 'F', '2'));
+}
+
+FT_Face OpenFreeType(FT_Library library, hb_blob_t* file, int index) {
+  unsigned int length = 0;
+  const char* bytes = hb_blob_get_data(file, &length);
+  FT_Face face = nullptr;
+  const FT_Error error = FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte*>(bytes),
+                                            static_cast<FT_Long>(length), index, &face);
+  return error == 0 ? face : nullptr;
+}
+
+}  // namespace
+
+Face::Face(const std::string& path, int index) : library_(SharedFreeType()) {
+  const std::unique_ptr<hb_blob_t, Releaser<&hb_blob_destroy>> file(
+      hb_blob_create_from_file_or_fail(path.c_str()));
+  if (!file) ThrowUnreadable(path);
+  harfbuzz_.reset(hb_face_create(file.get(), static_cast<unsigned int>(index)));
+  freetype_.reset(OpenFreeType(library_.get(), file.get(), index));
+  if (!freetype_ || !FT_IS_SCALABLE(freetype_) || !HasOutlines(harfbuzz_.get())) {
+    ThrowUnreadable(path);
+  }
+  hb_face_make_immutable(harfbuzz_.get());
+  unitsPerEm_ = static_cast<std::int32_t>(hb_face_get_upem(harfbuzz_.get()));
+  font_.reset(hb_font_create(harfbuzz_.get()));
+  hb_font_set_scale(font_.get(), unitsPerEm_, unitsPerEm_);
+  hb_font_make_immutable(font_.get());
+  const char* name = FT_Get_Postscript_Name(freetype_.get());
+  postScriptName_ = name != nullptr && *name != '\0' ? name : "Naamloos";
+}
+
+Face::~Face() = default;
+
+std::uint32_t Face::GlyphOf(char32_t codePoint) const noexcept {
+  hb_codepoint_t glyph = 0;
+  return hb_font_get_nominal_glyph(font_.get(), codePoint, &glyph) != 0 ? glyph : 0;
+}
+
+}  // namespace pagivo::native

@@ -1,0 +1,44 @@
+#include "engine/native/fonts/face_catalog.h"
+
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+
+std::optional<StyledFace> FaceCatalog::Find(const FaceQuery& query) {
+  for (std::size_t rank = 0;; ++rank) {
+    const std::optional<FaceFile> file = finder_->Find(query, rank);
+    if (!file) return std::nullopt;
+    const Face* face = Open(*file);
+    if (face != nullptr) {
+      return StyledFace{face, query.bold && !file->bold, query.italic && !file->italic};
+    }
+  }
+}
+
+// A broken file is no failure as long as another face can stand in.
+const Face* FaceCatalog::Open(const FaceFile& file) {
+  const auto [entry, isNew] = faces_.try_emplace({file.path, file.index});
+  if (isNew) {
+    try {
+      entry->second = std::make_unique<Face>(file.path, file.index);
+    } catch (const Error&) {
+      return nullptr;
+    }
+  }
+  return entry->second.get();
+}
+
+StyledFace FaceChoice::FaceFor(char32_t codePoint) {
+  if (primary_.face->GlyphOf(codePoint) != 0) return primary_;
+  const auto known = fallbacks_.find(codePoint);
+  if (known != fallbacks_.end()) return known->second;
+  return fallbacks_.emplace(codePoint, FindFallback(codePoint)).first->second;
+}
+
+StyledFace FaceChoice::FindFallback(char32_t codePoint) const {
+  FaceQuery query = query_;
+  query.codePoint = codePoint;
+  return catalog_.Find(query).value_or(primary_);
+}
+
+}  // namespace pagivo::native

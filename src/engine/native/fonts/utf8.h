@@ -1,0 +1,18 @@
+// UTF-8 read one code point at a time.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace pagivo::native {
+
+struct DecodedCodePoint {
+  char32_t codePoint = 0;
+  std::size_t length = 0;  // bytes, at least 1
+};
+
+// The code point at `position`, which must lie inside `text`. A byte that does not begin a
+// well-formed sequence (overlong forms and surrogates are not) counts as U+FFFD by itself.
+DecodedCodePoint DecodeUtf8(std::string_view text, std::size_t position);
+
+}  // namespace pagivo::native
