@@ -1,0 +1,141 @@
+// Lines, boxes, circles, polylines and pictures.
+#include "api/engine_access.h"
+#include "pagivo/pg_print.h"
+#include "values/regional_settings.h"
+
+namespace pagivo {
+
+namespace {
+
+constexpr std::int32_t kWhite = 0xFFFFFF;
+constexpr std::int32_t kSolidBrush = 0;
+constexpr std::int32_t kTransparentBrush = 1;
+
+// A condition given as an argument; Null counts as false.
+bool IsTrue(const Variant& condition) {
+  return TrueOnError([&] { return !condition.IsNull() && ToBoolean(condition); });
+}
+
+void SetUpPen(const Variant& style, const Variant& width, const Variant& color) {
+  IgnoringErrors([&] { Engine().PutPenStyle(ToLong(style)); });
+  IgnoringErrors([&] { Engine().PutPenWidth(width); });
+  IgnoringErrors([&] { Engine().PutPenColor(ToLong(color)); });
+}
+
+void CopyPenColorToBrush() {
+  IgnoringErrors([] { Engine().PutBrushColor(Engine().GetPenColor()); });
+}
+
+void SetUpFill(const Variant& fillStyle) {
+  CopyPenColorToBrush();
+  if (TrueOnError([&] { return ToBoolean(fillStyle); })) {
+    // Without effect on the page, but engines see it.
+    if (TrueOnError([&] { return ToDouble(fillStyle) > 0; })) CopyPenColorToBrush();
+    IgnoringErrors([&] { Engine().PutBrushStyle(ToLong(fillStyle)); });
+  } else {
+    IgnoringErrors([] { Engine().PutBrushStyle(kSolidBrush); });
+  }
+}
+
+void SetUpBrush(const Variant& filled, const Variant& fillStyle) {
+  if (IsTrue(filled)) {
+    SetUpFill(fillStyle);
+  } else {
+    IgnoringErrors([] { Engine().PutBrushColor(kWhite); });
+    IgnoringErrors([] { Engine().PutBrushStyle(kTransparentBrush); });
+  }
+}
+
+// A coordinate of a point list: the Single nearest to the product.
+std::string PointNumber(float scale, float value) {
+  return FormatGeneral(ToSingle(double{scale} * double{value}),
+                       CurrentRegionalSettings().decimalSeparator);
+}
+
+// Points 1..n, each number followed by a blank. A point without a y is left out.
+std::string PointList(const Array<float>& x, const Array<float>& y) {
+  const std::int16_t last =
+      ReadOrZero([&] { return ToInteger(static_cast<double>(x.UpperBound())); });
+  std::string points;
+  for (std::int32_t i = 1; i <= last; ++i) {
+    IgnoringErrors([&] {
+      const std::string horizontal = PointNumber(State().ScaleX, x(i));
+      const std::string vertical = PointNumber(State().ScaleY, y(i));
+      points.append(horizontal).append(" ").append(vertical).append(" ");
+    });
+  }
+  return points;
+}
+
+double ScaledDouble(float scale, double value) {
+  return ToDouble(Multiply(static_cast<double>(scale), value));
+}
+
+void PutRectangle(const double& x1, const double& y1, const double& x2, const double& y2) {
+  IgnoringErrors([&] { Engine().PutX1(ScaledDouble(State().ScaleX, x1)); });
+  IgnoringErrors([&] { Engine().PutY1(ScaledDouble(State().ScaleY, y1)); });
+  IgnoringErrors([&] { Engine().PutX2(ScaledDouble(State().ScaleX, x2)); });
+  IgnoringErrors([&] { Engine().PutY2(ScaledDouble(State().ScaleY, y2)); });
+}
+
+}  // namespace
+
+void PgPrint::VsPPLine(const Variant& varX1, const Variant& varY1, const Variant& varX2,
+                       const Variant& varY2, const Variant& varBox, const Variant& varFilled,
+                       const Variant& varColor, const Variant& varFillStyle,
+                       const Variant& varDrawStyle, const Variant& varDrawWidth) {
+  SetUpPen(varDrawStyle, varDrawWidth, varColor);
+  if (IsTrue(varBox)) {
+    SetUpBrush(varFilled, varFillStyle);
+    IgnoringErrors([&] {
+      Engine().DrawRectangle(ScaledX(varX1), ScaledY(varY1), ScaledX(varX2), ScaledY(varY2));
+    });
+  } else {
+    IgnoringErrors(
+        [&] { Engine().DrawLine(ScaledX(varX1), ScaledY(varY1), ScaledX(varX2), ScaledY(varY2)); });
+  }
+}
+
+void PgPrint::VsPPCircle(const Variant& varX1, const Variant& varY1, const Variant& varRadius,
+                         const Variant& varStart, const Variant& varEnd, const Variant& varFilled,
+                         const Variant& varColor, const Variant& varFillStyle,
+                         const Variant& varDrawStyle, const Variant& varDrawWidth) {
+  SetUpPen(varDrawStyle, varDrawWidth, varColor);
+  SetUpBrush(varFilled, varFillStyle);
+  const bool isArc = !varStart.IsMissing() && !varEnd.IsMissing();
+  IgnoringErrors([&] {
+    Engine().DrawCircle(ScaledX(varX1), ScaledY(varY1), ScaledX(varRadius),
+                        isArc ? varStart : Missing, isArc ? varEnd : Missing);
+  });
+}
+
+void PgPrint::VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
+                               const Variant& varClosed, const Variant& varFilled,
+                               const Variant& varColor, const Variant& varFillStyle,
+                               const Variant& varDrawStyle, const Variant& varDrawWidth) {
+  SetUpPen(varDrawStyle, varDrawWidth, varColor);
+  SetUpBrush(varFilled, varFillStyle);
+  const std::string points = PointList(varX, varY);
+  if (IsTrue(varClosed)) {
+    IgnoringErrors([&] { Engine().PutPolygon(points); });
+  } else {
+    IgnoringErrors([&] { Engine().PutPolyline(points); });
+  }
+}
+
+void PgPrint::VsPPPicture(const std::string& sPicturePath, const double& dX1, const double& dY1,
+                          const double& dX2, const double& dY2) {
+  PutRectangle(dX1, dY1, dX2, dY2);
+  IgnoringErrors([&] {
+    const ObjectRef picture = CurrentPlatform().loadPicture(sPicturePath);
+    Engine().PutPicture(picture);
+  });
+}
+
+void PgPrint::VsPPRealPicture(const Variant& vPicture, const double& dX1, const double& dY1,
+                              const double& dX2, const double& dY2) {
+  PutRectangle(dX1, dY1, dX2, dY2);
+  IgnoringErrors([&] { Engine().PutPicture(ToObject(vPicture)); });
+}
+
+}  // namespace pagivo

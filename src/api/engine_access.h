@@ -1,0 +1,44 @@
+// What the topics of the interface share: the way to the engine, and values on their way there.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+#include "engine/print_engine.h"
+#include "pagivo/variant.h"
+#include "preview/preview_form.h"
+#include "state/module_state.h"
+#include "values/conversions.h"
+#include "values/errors_ignored.h"
+#include "values/integer_arithmetic.h"
+#include "values/variant_arithmetic.h"
+
+namespace pagivo {
+
+// The engine of the preview window, which is created and loaded first if need be.
+inline PrintEngine& Engine() {
+  return *PreviewForm().vsPrint();
+}
+
+// The document's last real page: the engine's last one is empty.
+inline std::int16_t LastPage() {
+  return SubtractIntegers(Engine().GetPageCount(), 1);
+}
+
+// A position or length in host units as twips.
+inline Variant ScaledX(const Variant& value) {
+  return Multiply(value, State().ScaleX);
+}
+inline Variant ScaledY(const Variant& value) {
+  return Multiply(value, State().ScaleY);
+}
+
+// The result of a getter: what `read` answers, or the zero value when it fails.
+template <typename Read>
+auto ReadOrZero(Read&& read) noexcept {
+  decltype(read()) value{};
+  IgnoringErrors([&] { value = std::forward<Read>(read)(); });
+  return value;
+}
+
+}  // namespace pagivo

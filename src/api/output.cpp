@@ -1,0 +1,69 @@
+// Preview, print, PDF.
+#include "api/engine_access.h"
+#include "pagivo/pg_print.h"
+
+namespace pagivo {
+
+namespace {
+
+void ShowPage(const std::int16_t& page) {
+  IgnoringErrors([&] { Engine().PutPreviewPage(page); });
+}
+
+struct PageRange {
+  std::int16_t from = 0;
+  std::int16_t to = 0;
+};
+
+PageRange PrintRangeOf(const Variant& from, const Variant& to) {
+  PageRange range;
+  IgnoringErrors([&] { range.from = ToInteger(from); });
+  IgnoringErrors([&] { range.to = ToInteger(to); });
+  if (range.from > range.to) std::swap(range.from, range.to);
+  if (TrueOnError([&] { return range.from > LastPage() || range.from < 1; })) range.from = 1;
+  if (TrueOnError([&] { return range.to > LastPage() || range.to < 1; })) {
+    IgnoringErrors([&] { range.to = LastPage(); });
+  }
+  return range;
+}
+
+void PrintOnce(const PageRange& range) {
+  IgnoringErrors([&] { Engine().PrintDoc(false, range.from, range.to); });
+}
+
+}  // namespace
+
+void PgPrint::VsPreviewFile(std::int16_t& Pagina) {
+  const std::int32_t zoomMode = ReadOrZero([] { return Engine().GetZoomMode(); });
+  if (zoomMode == kZoomTwoPages && Pagina % 2 == 0) {
+    IgnoringErrors([&] { Pagina = SubtractIntegers(Pagina, 1); });
+  }
+  if (Pagina < 1) {
+    ShowPage(1);
+  } else {
+    const std::int16_t last = ReadOrZero(LastPage);
+    ShowPage(Pagina > last ? last : Pagina);
+  }
+  IgnoringErrors(ToonVoorbeeld);
+}
+
+void PgPrint::VsPrintFile(const std::int16_t& AantalExemplaren, const Variant& Van,
+                          const Variant& Tm) {
+  const PageRange range = PrintRangeOf(Van, Tm);
+  IgnoringErrors([] { Engine().PutCopies(1); });
+  if (AantalExemplaren == 0) {
+    PrintOnce(range);
+    return;
+  }
+  // A job for each copy, so that they come out collated. The host may change its variable
+  // meanwhile.
+  const std::int32_t copies = AantalExemplaren;
+  for (std::int32_t copy = 1; copy <= copies; ++copy) PrintOnce(range);
+}
+
+void PgPrint::VSPDF(const std::string& Filename) {
+  const std::int16_t last = LastPage();
+  PreviewForm().Exporter().ExportPdf(PreviewForm().vsPrint(), Filename, 1, last);
+}
+
+}  // namespace pagivo

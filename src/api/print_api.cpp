@@ -1,0 +1,93 @@
+// The life of a document.
+#include "api/engine_access.h"
+#include "pagivo/pg_print.h"
+
+namespace pagivo {
+
+namespace {
+
+void ResetState() {
+  State().ContentsCount = 0;
+  State().WatermarkOn = 0;
+  State().ScaleX = 1;
+  State().ScaleY = 1;
+}
+
+}  // namespace
+
+PgPrint::PgPrint() {
+  ResetState();
+}
+
+void PgPrint::VsPPInit() {
+  constexpr std::int16_t kNoMargin = 0;
+  ResetState();
+  IgnoringErrors([] { Engine().StartDoc(); });
+  IgnoringErrors([] { Engine().PutMarginLeft(kNoMargin); });
+  IgnoringErrors([] { Engine().PutMarginRight(kNoMargin); });
+  IgnoringErrors([] { Engine().PutMarginBottom(kNoMargin); });
+  IgnoringErrors([] { Engine().PutMarginTop(kNoMargin); });
+  IgnoringErrors([] { Engine().PutTextColor(0); });
+}
+
+void PgPrint::VsPPStart(const ObjectRef& frmProject) {
+  State().HostForm = frmProject;
+  IgnoringErrors([] { PreviewForm().Load(); });
+}
+
+void PgPrint::VsPPNewPage() {
+  IgnoringErrors([] { Engine().NewPage(); });
+  IgnoringErrors([this] { VsWatermerkAfdrukken(); });
+}
+
+void PgPrint::VsPPFinish(std::string sTitle) {
+  IgnoringErrors([&] { Engine().PutDocName(sTitle); });
+  IgnoringErrors([&] { PreviewForm().PutCaption("Afdrukvoorbeeld " + std::string(Trim(sTitle))); });
+  IgnoringErrors([this] { VsPPClose(); });
+}
+
+void PgPrint::VsPPClose() {
+  IgnoringErrors([] { Engine().EndDoc(); });
+}
+
+void PgPrint::VsPPEinde() {
+  IgnoringErrors([] { PreviewForm().Unload(); });
+  IgnoringErrors([] { ReleasePreviewForm(); });
+}
+
+std::int16_t PgPrint::VsPPGetCurrentPage() {
+  return ReadOrZero([] { return Engine().GetCurrentPage(); });
+}
+
+std::int16_t PgPrint::VsPPGetPageCount() {
+  return ReadOrZero([] { return Engine().GetPageCount(); });
+}
+
+std::string PgPrint::VsPPGetDevice() {
+  return ReadOrZero([] { return Engine().GetDevice(); });
+}
+
+void PgPrint::VsPPZetInhoud(const std::string& sOmschrijving) {
+  if (State().ContentsCount >= kMaximumContents) return;
+  const std::int16_t entry = ++State().ContentsCount;
+  IgnoringErrors([&] { State().ContentsTitle(entry) = sOmschrijving; });
+  IgnoringErrors([&] { State().ContentsPage(entry) = Engine().GetCurrentPage(); });
+}
+
+void PgPrint::VsPPZetKleur(const std::int32_t& Kleur) {
+  IgnoringErrors([&] { Engine().PutTextColor(Kleur); });
+}
+
+void PgPrint::VsPPAfdrukkenAanUit(const bool& AfdrukkenUit) {
+  Toolbar& toolbar = PreviewForm().tbAfdrukken();
+  toolbar.Button("Afdrukken").visible = !AfdrukkenUit;
+  toolbar.Button("AfdrukkenSep").visible = toolbar.Button("Afdrukken").visible;
+  toolbar.Refresh();
+}
+
+// Hosts call these two; there is nothing to be done.
+void PgPrint::VsPPSetPreviewMode(const std::int16_t&) {}
+
+void PgPrint::VsPPZetHelp(const std::string&, const std::int32_t&) {}
+
+}  // namespace pagivo

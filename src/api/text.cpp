@@ -1,0 +1,105 @@
+// Text and its font.
+#include <string_view>
+
+#include "api/engine_access.h"
+#include "pagivo/pg_print.h"
+
+namespace pagivo {
+
+namespace {
+
+// Runs the statement for an argument that was not left out.
+template <typename Statement>
+void WhenPresent(const Variant& argument, Statement&& statement) {
+  if (!argument.IsMissing()) IgnoringErrors(std::forward<Statement>(statement));
+}
+
+void PutFontNameAndSize(const Variant& name, const Variant& size) {
+  WhenPresent(name, [&] { Engine().PutFontName(ToText(name)); });
+  WhenPresent(size, [&] { Engine().PutFontSize(ToSingle(size)); });
+}
+
+void PutBold(const Variant& bold) {
+  WhenPresent(bold, [&] { Engine().PutFontBold(ToBoolean(bold)); });
+}
+
+void PutItalic(const Variant& italic) {
+  WhenPresent(italic, [&] { Engine().PutFontItalic(ToBoolean(italic)); });
+}
+
+void PutUnderline(const Variant& underline) {
+  WhenPresent(underline, [&] { Engine().PutFontUnderline(ToBoolean(underline)); });
+}
+
+// `part` is the piece of `text` that remains after trimming; most texts need no copy.
+template <typename Use>
+auto WithText(const std::string& text, std::string_view part, Use&& use) {
+  return part.size() == text.size() ? use(text) : use(std::string(part));
+}
+
+void PrintText(const std::string& text, std::string_view part) {
+  IgnoringErrors(
+      [&] { WithText(text, part, [](const std::string& printed) { Engine().PutText(printed); }); });
+}
+
+double WidthOf(const std::string& text, std::string_view part) {
+  return WithText(text, part,
+                  [](const std::string& measured) { return Engine().GetTextWidth(measured); });
+}
+
+}  // namespace
+
+void PgPrint::VsPPPrint(const std::string& varText, const Variant& varX, const Variant& varY,
+                        const Variant& varFontName, const Variant& varSize, const Variant& varBold,
+                        const Variant& varUnderline, const Variant& varItalic) {
+  WhenPresent(varX, [&] { Engine().PutCurrentX(ScaledX(varX)); });
+  WhenPresent(varY, [&] { Engine().PutCurrentY(ScaledY(varY)); });
+  PutFontNameAndSize(varFontName, varSize);
+  PutBold(varBold);
+  PutItalic(varItalic);
+  PutUnderline(varUnderline);
+  PrintText(varText, TrimRight(varText));
+}
+
+void PgPrint::VsPPPrintR(const std::string& varText, const Variant& varX, const Variant& varY,
+                         const Variant& varFontName, const Variant& varSize, const Variant& varBold,
+                         const Variant& varUnderline, const Variant& varItalic) {
+  if (!varX.IsMissing()) {
+    // Measured in the font in force before this call's own takes effect, and trimmed on the other
+    // side than the printed text: hosts lay out their tables by both.
+    const double width = ReadOrZero([&] { return WidthOf(varText, TrimRight(varText)); });
+    IgnoringErrors([&] { Engine().PutCurrentX(ToDouble(ScaledX(varX)) - width); });
+  }
+  WhenPresent(varY, [&] { Engine().PutCurrentY(ScaledY(varY)); });
+  PutFontNameAndSize(varFontName, varSize);
+  PutBold(varBold);
+  PutItalic(varItalic);
+  PutUnderline(varUnderline);
+  PrintText(varText, TrimLeft(varText));
+}
+
+void PgPrint::VsPPSetFont(const Variant& FontName, const Variant& FontSize, const Variant& FontBold,
+                          const Variant& FontUnderline, const Variant& FontItalic) {
+  PutFontNameAndSize(FontName, FontSize);
+  PutBold(FontBold);
+  PutUnderline(FontUnderline);
+  PutItalic(FontItalic);
+}
+
+std::string PgPrint::VsPPGetFontName() {
+  return ReadOrZero([] { return Engine().GetFontName(); });
+}
+
+Variant PgPrint::VsPPGetFontSize() {
+  return ReadOrZero([] { return Variant(Engine().GetFontSize()); });
+}
+
+std::int32_t PgPrint::VsPPTextWidth(const std::string& Tekst) {
+  return ReadOrZero([&] { return ToLong(Engine().GetTextWidth(Tekst)); });
+}
+
+std::int32_t PgPrint::VsPPTextHeight(const std::string& Tekst) {
+  return ReadOrZero([&] { return ToLong(Engine().GetTextHeight(Tekst)); });
+}
+
+}  // namespace pagivo
