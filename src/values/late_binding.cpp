@@ -1,0 +1,60 @@
+#include "values/late_binding.h"
+
+#include "values/letter_case.h"
+
+namespace pagivo {
+
+namespace {
+
+std::string ExpectedCount(std::size_t fewest, std::size_t most) {
+  if (fewest == most) return std::to_string(most);
+  return std::to_string(fewest) + " tot en met " + std::to_string(most);
+}
+
+}  // namespace
+
+void ThrowArgumentError(const MemberSignature& signature, std::size_t index,
+                        const Variant& argument, const Error& cause) {
+  throw Error(cause.Number(), std::string(signature.name) + ", argument " +
+                                  std::to_string(index + 1) + " (" +
+                                  std::string(NameOf(argument.GetKind())) + "): " + cause.what());
+}
+
+void CheckArgumentCount(const MemberSignature& signature, std::size_t count) {
+  const auto fewest = static_cast<std::size_t>(
+      std::ranges::count(signature.Parameters(), DefaultValue::Required, &Parameter::defaultValue));
+  const std::size_t most = signature.parameterCount;
+  if (count >= fewest && count <= most) return;
+  throw Error(ErrorNumber::WrongArgumentCount,
+              std::string(signature.name) + ": verkeerd aantal argumenten (" +
+                  std::to_string(count) + " in plaats van " + ExpectedCount(fewest, most) + ")");
+}
+
+Variant MakeDefault(DefaultValue defaultValue) {
+  switch (defaultValue) {
+    case DefaultValue::False:
+      return false;
+    case DefaultValue::LongZero:
+      return std::int32_t{0};
+    case DefaultValue::IntegerZero:
+      return std::int16_t{0};
+    case DefaultValue::Marker:
+    case DefaultValue::Required:
+      break;
+  }
+  return Missing;
+}
+
+bool IsAskedFor(const MemberSignature& signature, std::string_view name) {
+  return EqualInAnyCase(signature.name, name);
+}
+
+bool IsAskedFor(const MemberSignature& signature, std::int32_t dispatchId) {
+  return signature.dispatchId == dispatchId;
+}
+
+void ThrowUnknownMember(std::int32_t dispatchId) {
+  ThrowUnknownMember("dispatch-id " + std::to_string(dispatchId));
+}
+
+}  // namespace pagivo
