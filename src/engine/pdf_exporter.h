@@ -2,9 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "pagivo/object.h"
+#include "pagivo/variant.h"
 
 namespace pagivo {
 
@@ -14,6 +17,9 @@ class PdfExporter : public Object {
   // an Error when it cannot; what was there before is then untouched.
   virtual void ExportPdf(const ObjectRef& engine, const std::string& fileName,
                          std::int16_t firstPage, std::int16_t lastPage) = 0;
+
+  // Late binding, through the table of operations.
+  Variant CallMember(std::string_view name, std::span<Variant> arguments) override;
 };
 
 }  // namespace pagivo

@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "pagivo/object.h"
 #include "pagivo/variant.h"
@@ -33,6 +35,11 @@ class PrintEngine : public Object {
  public:
   // The window that wants the events, or null. Borrowed.
   virtual void SetEvents(PrintEngineEvents* events) = 0;
+
+  // Late binding, through the table of operations.
+  Variant GetMember(std::string_view name) override;
+  void PutMember(std::string_view name, const Variant& value) override;
+  Variant CallMember(std::string_view name, std::span<Variant> arguments) override;
 
   // The current font. Stays in force across pages and documents.
   virtual std::string GetFontName() = 0;
