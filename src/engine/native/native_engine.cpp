@@ -1,0 +1,91 @@
+#include "engine/native/native_engine.h"
+
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+
+NativeEngine::NativeEngine()
+    : document_(std::make_unique<Document>()), recorder_(std::make_unique<Recorder>(*document_)) {}
+
+NativeEngine::~NativeEngine() = default;
+
+bool NativeEngine::IsComplete() const noexcept {
+  return stage_ == Stage::Complete || stage_ == Stage::Overlay;
+}
+
+// The new document is whole before the old one goes.
+void NativeEngine::StartDoc() {
+  auto document = std::make_unique<Document>();
+  auto recorder = std::make_unique<Recorder>(*document);
+  document->SetTitle(documentName_);
+  recorder->BeginPage(pageSettings_.Geometry());
+  recorder_ = std::move(recorder);
+  document_ = std::move(document);
+  stage_ = Stage::Composing;
+  preview_.Show(1);
+  MoveToMargins();
+}
+
+void NativeEngine::EndDoc() {
+  if (stage_ != Stage::Composing) {
+    throw Error(ErrorNumber::NoDocument, "Er is geen document dat kan worden afgesloten");
+  }
+  stage_ = Stage::Complete;
+}
+
+void NativeEngine::NewPage() {
+  if (stage_ != Stage::Composing) {
+    throw Error(ErrorNumber::NoDocument,
+                "Er is geen document waaraan een pagina kan worden toegevoegd");
+  }
+  if (document_->PageCount() == kMaximumPages) {
+    throw Error(
+        ErrorNumber::DocumentFull,
+        "Een document kan niet meer dan " + std::to_string(kMaximumPages) + " pagina's bevatten");
+  }
+  recorder_->BeginPage(pageSettings_.Geometry());
+  MoveToMargins();
+}
+
+std::int16_t NativeEngine::GetPageCount() {
+  return static_cast<std::int16_t>(document_->PageCount());
+}
+
+std::int16_t NativeEngine::GetCurrentPage() {
+  return stage_ == Stage::Overlay ? static_cast<std::int16_t>(overlayPage_) : GetPageCount();
+}
+
+void NativeEngine::StartOverlay(const std::int16_t& page) {
+  if (!IsComplete()) {
+    throw Error(ErrorNumber::NoDocument, "Er is geen afgesloten document");
+  }
+  if (page < 1 || page > document_->PageCount()) {
+    throw Error(ErrorNumber::PageOutOfRange,
+                "Het document heeft geen pagina " + std::to_string(page));
+  }
+  recorder_->BeginOverlay(page);
+  overlayPage_ = page;
+  stage_ = Stage::Overlay;
+  MoveToMargins();
+}
+
+void NativeEngine::EndOverlay() {
+  if (stage_ != Stage::Overlay) {
+    throw Error(ErrorNumber::NoDocument, "Er is geen pagina heropend");
+  }
+  recorder_->EndOverlay();
+  stage_ = Stage::Complete;
+}
+
+void NativeEngine::PutDocName(const std::string& name) {
+  document_->SetTitle(name);
+  documentName_ = name;
+}
+
+void NativeEngine::RequireDrawing() const {
+  if (stage_ != Stage::Composing && stage_ != Stage::Overlay) {
+    throw Error(ErrorNumber::NoDocument, "Er is geen document geopend");
+  }
+}
+
+}  // namespace pagivo::native

@@ -1,0 +1,193 @@
+// Our own engine behind the contract.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/native/document/document.h"
+#include "engine/native/document/recorder.h"
+#include "engine/native/page_settings.h"
+#include "engine/native/text_layout.h"
+#include "engine/native/view/preview_state.h"
+#include "engine/print_engine.h"
+
+namespace pagivo::native {
+
+class Font;
+struct ArcAngles;
+
+// A document's life: none, composing (StartDoc .. EndDoc), complete, and complete with a page
+// reopened (StartOverlay .. EndOverlay). Drawing needs composing or an open overlay; without it
+// every drawing operation raises ErrorNumber::NoDocument and does nothing else.
+//
+// A fresh engine: Arial 10, black text, solid black hairline pen, transparent white brush, margins
+// of an inch, A4 portrait, preview of the whole page. Font, colours, pen, brush, margins, paper,
+// the rectangle of X1 to Y2, document name and copies stay in force across pages and documents. The
+// print position goes to the margins' upper left corner at StartDoc, NewPage and StartOverlay, and
+// stays where it is when margins change.
+//
+// A page keeps the paper that it was begun with. New paper settings reach the page being composed
+// only while nothing is drawn on it, else the next one.
+class NativeEngine final : public PrintEngine {
+ public:
+  static constexpr std::int32_t kMaximumPages = 32767;
+  static constexpr float kMaximumFontSize = 1638;  // points
+
+  NativeEngine();
+  ~NativeEngine() override;
+
+  // The pages recorded so far; no pages before the first StartDoc. Replaced by StartDoc.
+  const Document& CurrentDocument() const noexcept { return *document_; }
+  // The document has been ended. A page may be reopened.
+  bool IsComplete() const noexcept;
+  // The size of the preview surface, screen twips.
+  void SetViewSize(double width, double height) noexcept { preview_.SetViewSize(width, height); }
+
+  void SetEvents(PrintEngineEvents* events) override { events_ = events; }
+
+  // --- The document (native_engine.cpp) -----------------------------------------------------
+  void StartDoc() override;
+  void EndDoc() override;
+  void NewPage() override;
+  std::int16_t GetPageCount() override;
+  // The page begun last; while a page is reopened, that page; 0 before the first StartDoc.
+  std::int16_t GetCurrentPage() override;
+  // Only when the document is complete. Ends an overlay that is still open.
+  void StartOverlay(const std::int16_t& page) override;
+  void EndOverlay() override;
+  void PutDocName(const std::string& name) override;
+
+  // --- Text (text_output.cpp) ---------------------------------------------------------------
+  std::string GetFontName() override { return font_.name; }
+  void PutFontName(const std::string& name) override;
+  float GetFontSize() override { return font_.size; }
+  void PutFontSize(float points) override;
+  void PutFontBold(bool on) override;
+  void PutFontItalic(bool on) override;
+  void PutFontUnderline(bool on) override;
+  void PutTextColor(const std::int32_t& color) override;
+  void PutCurrentX(const Variant& x) override;
+  void PutCurrentY(const Variant& y) override;
+  void PutText(const std::string& text) override;
+  double GetTextWidth(const std::string& text) override;
+  double GetTextHeight(const std::string& text) override;
+
+  // --- Paper and margins (paper_properties.cpp) ---------------------------------------------
+  std::int32_t GetOrientation() override;
+  void PutOrientation(std::int32_t orientation) override;
+  void PutPaperWidth(float width) override;
+  void PutPaperHeight(float height) override;
+  std::int32_t GetPaperSize() override { return pageSettings_.PaperSize(); }
+  void PutPaperSize(std::int32_t code) override;
+  bool GetPaperSizes(std::int32_t code) override;
+  // A Double: the settings in force; while a page is reopened, that page's own.
+  Variant GetPageWidth() override;
+  void PutPageWidth(double width) override;
+  Variant GetPageHeight() override;
+  void PutPageHeight(double height) override;
+  void PutPhysicalPage(const bool& physical) override;
+  Variant GetMarginLeft() override { return margins_.left; }
+  void PutMarginLeft(const Variant& margin) override;
+  Variant GetMarginTop() override { return margins_.top; }
+  void PutMarginTop(const Variant& margin) override;
+  Variant GetMarginRight() override { return margins_.right; }
+  void PutMarginRight(const Variant& margin) override;
+  Variant GetMarginBottom() override { return margins_.bottom; }
+  void PutMarginBottom(const Variant& margin) override;
+
+  // --- Drawing (drawing.cpp) ----------------------------------------------------------------
+  void PutPenStyle(std::int32_t style) override;
+  void PutPenWidth(const Variant& width) override;
+  std::int32_t GetPenColor() override { return penColor_; }  // as it was put
+  void PutPenColor(std::int32_t color) override;
+  void PutBrushColor(std::int32_t color) override;
+  void PutBrushStyle(std::int32_t style) override;
+  void DrawLine(const Variant& x1, const Variant& y1, const Variant& x2,
+                const Variant& y2) override;
+  void DrawRectangle(const Variant& x1, const Variant& y1, const Variant& x2,
+                     const Variant& y2) override;
+  void DrawCircle(const Variant& x, const Variant& y, const Variant& radius, const Variant& start,
+                  const Variant& end) override;
+  void PutPolyline(const std::string& points) override;
+  void PutPolygon(const std::string& points) override;
+  void PutX1(const Variant& x) override;
+  void PutY1(const Variant& y) override;
+  void PutX2(double x) override;
+  void PutY2(double y) override;
+  void PutPicture(const ObjectRef& picture) override;
+  void PutRenderControl(const std::int32_t& window) override;
+
+  // --- Printers (printers.cpp) --------------------------------------------------------------
+  std::string GetDevices(std::int16_t index) override;
+  std::int16_t GetNDevices() override;
+  std::string GetDevice() override;
+  void PutDevice(const std::string& name) override;
+  std::string GetPort() override;
+  std::int16_t GetCopies() override { return copies_; }
+  void PutCopies(std::int16_t copies) override;
+  void PrintDoc(bool showDialog, std::int16_t firstPage, std::int16_t lastPage) override;
+  bool GetPrintDialog(std::int32_t dialog) override;
+
+  // --- The preview surface (preview.cpp) ----------------------------------------------------
+  std::int16_t GetPreviewPage() override;
+  void PutPreviewPage(const std::int16_t& page) override;
+  double GetZoom() override;
+  void PutZoom(double percent) override;
+  std::int32_t GetZoomMode() override;
+  void PutZoomMode(std::int32_t mode) override;
+  double GetScrollTop() override;
+  void PutScrollTop(double top) override;
+  double GetTwipsPerPixelX() override { return kTwipsPerPixel; }
+  double GetTwipsPerPixelY() override { return kTwipsPerPixel; }
+
+ private:
+  enum class Stage : std::uint8_t { None, Composing, Complete, Overlay };
+
+  // Where the next text goes. After a text that is at its end; hosts nearly always put another
+  // position first, so the end is measured only when it is asked for.
+  struct PrintPosition {
+    double x = 0;  // of the last piece's left end while `lastPiece` is not empty
+    double y = 0;
+    std::string lastPiece;
+    FontDescription lastFont;
+  };
+
+  void RequireDrawing() const;
+  void MoveToMargins();
+  void ApplyPaper();
+  Font& CurrentFont();
+  double MeasurePiece(std::string_view piece);
+  double LineSpacing();
+  void SettlePrintPosition();
+  void DrawPiece(double x, double y, std::string_view piece);
+  void DrawLayout(const TextLayout& layout);
+  void RememberLastPiece(const std::string& piece);
+  void PrepareToDraw();
+  void DrawArc(Point center, float radius, const ArcAngles& angles);
+  std::int32_t ClampPage(std::int32_t page) const;
+  PageGeometry GeometryOf(std::int32_t page) const;
+  ShownPages PagesInView() const;
+
+  PrintEngineEvents* events_ = nullptr;
+  std::unique_ptr<Document> document_;
+  std::unique_ptr<Recorder> recorder_;  // into document_
+  Stage stage_ = Stage::None;
+  std::int32_t overlayPage_ = 0;
+  std::string documentName_;
+  PageSettings pageSettings_;
+  Margins margins_;
+  FontDescription font_;
+  Font* foundFont_ = nullptr;  // the library's for font_, once looked up
+  Color textColor_ = 0;
+  PrintPosition position_;
+  Pen pen_;
+  std::int32_t penColor_ = 0;
+  Brush brush_;
+  Rectangle target_;  // X1, Y1, X2, Y2
+  std::int16_t copies_ = 1;
+  PreviewState preview_;
+};
+
+}  // namespace pagivo::native
