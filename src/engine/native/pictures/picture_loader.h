@@ -1,6 +1,9 @@
 // Picture files: BMP, GIF, ICO, JPEG, PNG, TIFF and SVG.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 
 #include "engine/native/pictures/picture_image.h"
@@ -10,9 +13,25 @@ namespace pagivo::native {
 // Pictures of more pixels than this are refused before they are decoded.
 inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 28;
 
-// Loads a picture file. An empty path gives an empty picture. Raises ErrorNumber::FileAccess when
-// the file cannot be read, ErrorNumber::InvalidPicture when it is no picture, is damaged or is too
-// large. The same unchanged file gives the same object while somebody holds it.
+// An SVG becomes pixels when it is loaded: its own size at this resolution, made smaller or larger
+// until its longer side lies within the bounds. What it refers to outside itself is not loaded
+// and filter effects are not drawn.
+inline constexpr double kSvgDotsPerInch = 300;
+inline constexpr int kSvgShortestLongSide = 1024;
+inline constexpr int kSvgLongestLongSide = 4096;
+
+// Loads a picture file. Of an animation, of a TIFF with several pages the first picture counts, of
+// an icon the largest one. Orientation and colour profiles stored beside the pixels are not
+// applied.
+//
+// An empty path gives an empty picture. Raises ErrorNumber::FileAccess when the file cannot be read
+// or is no ordinary file, ErrorNumber::InvalidPicture when it is no picture, is damaged, incomplete
+// or too large; the description names the file. The same unchanged file (by its identity, size and
+// time of change) gives the same object while somebody holds it.
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path);
+
+// The same from a picture file's bytes; nothing is kept of them but a JPEG's. Raises
+// ErrorNumber::InvalidPicture.
+std::shared_ptr<PictureImage> DecodePicture(std::span<const std::uint8_t> bytes);
 
 }  // namespace pagivo::native

@@ -1,0 +1,138 @@
+#include "engine/native/pictures/file_structure.h"
+
+#include <tuple>
+
+#include "engine/native/pictures/picture_format.h"
+
+namespace pagivo::native {
+namespace {
+
+void Append(std::vector<std::uint8_t>& target, PictureBytes bytes) {
+  target.insert(target.end(), bytes.begin(), bytes.end());
+}
+
+// --- BMP
+
+constexpr std::uint32_t kBmpFileHeaderSize = 14;
+constexpr std::uint32_t kOldBmpInfoSize = 12;
+constexpr std::uint32_t kBmpRunLength8 = 1;
+constexpr std::uint32_t kBmpRunLength4 = 2;
+
+struct BmpHeader {
+  std::int64_t width = 0;
+  std::int64_t height = 0;
+  std::int64_t bitsPerPixel = 0;
+  std::uint32_t compression = 0;
+  std::uint32_t imageSize = 0;
+};
+
+BmpHeader ReadBmpHeader(PictureBytes info) {
+  if (ReadLittle32(info, 0) == kOldBmpInfoSize) {
+    return {ReadLittle16(info, 4), ReadLittle16(info, 6), ReadLittle16(info, 10), 0, 0};
+  }
+  const std::int64_t height = static_cast<std::int32_t>(ReadLittle32(info, 8));
+  return {static_cast<std::int32_t>(ReadLittle32(info, 4)),
+          height < 0 ? -height : height,  // rows top down
+          ReadLittle16(info, 14), ReadLittle32(info, 16), ReadLittle32(info, 20)};
+}
+
+std::int64_t PixelBytes(const BmpHeader& header) {
+  if (header.compression == kBmpRunLength8 || header.compression == kBmpRunLength4) {
+    return header.imageSize;
+  }
+  return (header.width * header.bitsPerPixel + 31) / 32 * 4 * header.height;
+}
+
+// --- GIF
+
+constexpr std::size_t kGifScreenEnd = 13;
+constexpr std::size_t kGifImageDescriptorSize = 10;
+constexpr std::uint8_t kGifExtension = 0x21;
+constexpr std::uint8_t kGifImage = 0x2C;
+constexpr std::uint8_t kGifTrailer = 0x3B;
+
+std::size_t ColorTableSize(std::uint8_t flags) {
+  return (flags & 0x80) == 0 ? 0 : std::size_t{3} << ((flags & 7) + 1);
+}
+
+// Where the data blocks that start at `at` end; the last one is empty.
+std::size_t EndOfGifBlocks(PictureBytes bytes, std::size_t at) {
+  for (;;) {
+    const std::size_t length = Slice(bytes, at, 1)[0];
+    at += 1 + length;
+    if (length == 0) return at;
+  }
+}
+
+std::size_t EndOfGifImage(PictureBytes bytes, std::size_t at) {
+  const PictureBytes descriptor = Slice(bytes, at, kGifImageDescriptorSize);
+  RequireDecodableSize(ReadLittle16(descriptor, 5), ReadLittle16(descriptor, 7));
+  constexpr std::size_t kCodeSizeByte = 1;
+  return EndOfGifBlocks(
+      bytes, at + kGifImageDescriptorSize + ColorTableSize(descriptor[9]) + kCodeSizeByte);
+}
+
+// --- ICO
+
+constexpr std::size_t kIconHeaderSize = 6;
+constexpr std::size_t kIconEntrySize = 16;
+
+struct IconEntry {
+  PictureBytes entry;
+  PictureBytes image;
+  int width = 0;  // stored as a byte, 0 stands for 256
+  int height = 0;
+  int bitsPerPixel = 0;
+
+  auto Rank() const { return std::tuple(width * height, bitsPerPixel); }
+};
+
+IconEntry ReadIconEntry(PictureBytes bytes, std::size_t index) {
+  const PictureBytes entry = Slice(bytes, kIconHeaderSize + index * kIconEntrySize, kIconEntrySize);
+  const auto side = [](std::uint8_t stored) { return stored == 0 ? 256 : int{stored}; };
+  return {entry, Slice(bytes, ReadLittle32(entry, 12), ReadLittle32(entry, 8)), side(entry[0]),
+          side(entry[1]), ReadLittle16(entry, 6)};
+}
+
+std::vector<std::uint8_t> IconFileOf(const IconEntry& icon) {
+  std::vector<std::uint8_t> file{0, 0, 1, 0, 1, 0};
+  Append(file, icon.entry.first(kIconEntrySize - 4));
+  constexpr std::uint8_t kImageOffset = kIconHeaderSize + kIconEntrySize;
+  file.insert(file.end(), {kImageOffset, 0, 0, 0});
+  Append(file, icon.image);
+  return file;
+}
+
+}  // namespace
+
+void RequireWholeBmp(PictureBytes bytes) {
+  const std::size_t pixels = ReadLittle32(bytes, 10);
+  const BmpHeader header = ReadBmpHeader(bytes.subspan(kBmpFileHeaderSize));
+  RequireDecodableSize(header.width, header.height);
+  Slice(bytes, pixels, static_cast<std::size_t>(PixelBytes(header)));
+}
+
+std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes) {
+  const PictureBytes screen = Slice(bytes, 0, kGifScreenEnd);
+  std::size_t at = kGifScreenEnd + ColorTableSize(screen[10]);
+  while (Slice(bytes, at, 1)[0] == kGifExtension) at = EndOfGifBlocks(bytes, at + 2);
+  if (bytes[at] != kGifImage) RefuseDamaged();
+  std::vector<std::uint8_t> file;
+  Append(file, bytes.first(EndOfGifImage(bytes, at)));
+  file.push_back(kGifTrailer);
+  return file;
+}
+
+std::vector<std::uint8_t> LargestIcon(PictureBytes bytes) {
+  const std::size_t count = ReadLittle16(bytes, 4);
+  if (count == 0) RefuseDamaged();
+  IconEntry largest = ReadIconEntry(bytes, 0);
+  for (std::size_t index = 1; index < count; ++index) {
+    const IconEntry icon = ReadIconEntry(bytes, index);
+    if (icon.Rank() > largest.Rank()) largest = icon;
+  }
+  if (FormatOf(largest.image) != PictureFormat::Png) return IconFileOf(largest);
+  return {largest.image.begin(), largest.image.end()};
+}
+
+}  // namespace pagivo::native

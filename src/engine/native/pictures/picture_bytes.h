@@ -1,0 +1,35 @@
+// The bytes of a picture file: numbers read out of them, and what stops their decoding.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+
+namespace pagivo::native {
+
+using PictureBytes = std::span<const std::uint8_t>;
+
+// Why a picture is refused. The reason is a Dutch clause that the loader completes with the
+// picture's name; it never leaves this component.
+class DecodeFailure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+[[noreturn]] void RefuseDamaged();   // damaged or cut off
+[[noreturn]] void RefuseTooLarge();  // more than kMaximumPixels, or too much work to decode
+
+// Refuses a picture of no pixels as damaged and one of more than kMaximumPixels as too large.
+void RequireDecodableSize(std::int64_t width, std::int64_t height);
+
+// The `count` bytes from `at`; refuses the picture as damaged when they are not all there.
+PictureBytes Slice(PictureBytes bytes, std::size_t at, std::size_t count);
+
+// Whole numbers at `at`, the lowest byte first (Little) or last (Big). They refuse like Slice.
+std::uint16_t ReadLittle16(PictureBytes bytes, std::size_t at);
+std::uint32_t ReadLittle32(PictureBytes bytes, std::size_t at);
+std::uint16_t ReadBig16(PictureBytes bytes, std::size_t at);
+std::uint32_t ReadBig32(PictureBytes bytes, std::size_t at);
+
+}  // namespace pagivo::native

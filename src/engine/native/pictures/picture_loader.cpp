@@ -1,0 +1,128 @@
+#include "engine/native/pictures/picture_loader.h"
+
+#include <map>
+#include <new>
+
+#include "engine/native/pictures/file_structure.h"
+#include "engine/native/pictures/jpeg_structure.h"
+#include "engine/native/pictures/picture_bytes.h"
+#include "engine/native/pictures/picture_file.h"
+#include "engine/native/pictures/picture_format.h"
+#include "engine/native/pictures/pixbuf_decoder.h"
+#include "engine/native/pictures/pixel_alpha.h"
+#include "engine/native/pictures/png_structure.h"
+#include "engine/native/pictures/svg_decoder.h"
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+namespace {
+
+using PictureRef = std::shared_ptr<PictureImage>;
+
+PictureRef PictureOf(PictureImage::Pixels pixels, std::vector<std::uint8_t> jpeg = {}) {
+  DropUnusedAlpha(pixels);
+  return std::make_shared<PictureImage>(std::move(pixels), std::move(jpeg));
+}
+
+PictureRef DecodeRaster(PictureFormat format, PictureBytes bytes) {
+  return PictureOf(DecodeRasterFile(format, bytes));
+}
+
+PictureRef DecodePng(PictureBytes bytes) {
+  RequireWholePng(bytes);
+  return DecodeRaster(PictureFormat::Png, bytes);
+}
+
+PictureRef DecodeBmp(PictureBytes bytes) {
+  RequireWholeBmp(bytes);
+  return DecodeRaster(PictureFormat::Bmp, bytes);
+}
+
+PictureRef DecodeIcon(PictureBytes bytes) {
+  const std::vector<std::uint8_t> icon = LargestIcon(bytes);
+  return FormatOf(icon) == PictureFormat::Png ? DecodePng(icon)
+                                              : DecodeRaster(PictureFormat::Ico, icon);
+}
+
+PictureRef DecodeJpeg(PictureBytes bytes) {
+  const JpegStructure structure = ReadJpegStructure(bytes);
+  PictureImage::Pixels pixels = DecodeRasterFile(PictureFormat::Jpeg, bytes);
+  if (!structure.suitsPdf) return PictureOf(std::move(pixels));
+  return PictureOf(std::move(pixels), {bytes.begin(), bytes.end()});
+}
+
+PictureRef Decode(PictureBytes bytes) {
+  if (bytes.empty()) throw DecodeFailure("het bestand is leeg");
+  switch (const PictureFormat format = FormatOf(bytes)) {
+    case PictureFormat::Bmp:
+      return DecodeBmp(bytes);
+    case PictureFormat::Gif:
+      return DecodeRaster(format, FirstGifFrame(bytes));
+    case PictureFormat::Ico:
+      return DecodeIcon(bytes);
+    case PictureFormat::Jpeg:
+      return DecodeJpeg(bytes);
+    case PictureFormat::Png:
+      return DecodePng(bytes);
+    case PictureFormat::Tiff:
+      return DecodeRaster(format, bytes);
+    case PictureFormat::Svg:
+      return PictureOf(DecodeSvg(bytes));
+    case PictureFormat::Unknown:
+      break;
+  }
+  throw DecodeFailure("de inhoud is geen bekende soort afbeelding");
+}
+
+[[noreturn]] void ThrowInvalidPicture(const std::string& picture, const std::string& reason) {
+  throw Error(ErrorNumber::InvalidPicture, picture + " kan niet worden gebruikt: " + reason);
+}
+
+// Runs `load`, telling its refusal as an error about `picture`.
+template <typename Load>
+PictureRef Named(const std::string& picture, Load load) {
+  try {
+    return load();
+  } catch (const DecodeFailure& failure) {
+    ThrowInvalidPicture(picture, failure.what());
+  } catch (const std::bad_alloc&) {
+    ThrowInvalidPicture(picture, "er is te weinig geheugen");
+  }
+}
+
+// Pictures that somebody holds, by the file they were loaded from: hosts load the same picture anew
+// for every page.
+class LoadedPictures {
+ public:
+  PictureRef Find(const FileIdentity& file) const {
+    const auto found = pictures_.find(file);
+    return found == pictures_.end() ? nullptr : found->second.lock();
+  }
+
+  void Keep(const FileIdentity& file, const PictureRef& picture) {
+    std::erase_if(pictures_, [](const auto& entry) { return entry.second.expired(); });
+    pictures_[file] = picture;
+  }
+
+ private:
+  std::map<FileIdentity, std::weak_ptr<PictureImage>> pictures_;
+};
+
+}  // namespace
+
+std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path) {
+  static LoadedPictures loaded;
+  if (path.empty()) return std::make_shared<PictureImage>();
+  const FileIdentity file = IdentityOf(path);
+  if (PictureRef held = loaded.Find(file)) return held;
+  PictureRef picture =
+      Named("De afbeelding \"" + path + "\"", [&path] { return Decode(ReadPictureFile(path)); });
+  loaded.Keep(file, picture);
+  return picture;
+}
+
+std::shared_ptr<PictureImage> DecodePicture(std::span<const std::uint8_t> bytes) {
+  return Named("De afbeelding", [bytes] { return Decode(bytes); });
+}
+
+}  // namespace pagivo::native
