@@ -23,7 +23,11 @@ void Form::Load() {
     TakeDesign(peer_->FrameExtent());
     CreateControls(*windows_, *peer_);
     OnLoad();
-    if (peer_) peer_->Update();
+    if (!loaded_) {
+      throw Error(ErrorNumber::InvalidArgument,
+                  "Het venster \"" + caption_ + "\" is tijdens het laden gesloten");
+    }
+    peer_->Update();
   } catch (...) {
     if (loaded_) Discard();
     throw;

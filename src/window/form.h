@@ -38,7 +38,8 @@ class Form : public std::enable_shared_from_this<Form> {
   Form& operator=(const Form&) = delete;
 
   // Makes the controls and runs the load handler without showing the form; nothing when it is
-  // loaded already. When a step fails the form is unloaded again and the error passed on.
+  // loaded already. When a step fails the form is unloaded again and the error passed on; a load
+  // handler that unloads the form counts as failing.
   void Load();
   bool IsLoaded() const noexcept { return loaded_; }
   // Loads the form, shows it and returns when it has been hidden or unloaded. Raises Error when it

@@ -1,0 +1,309 @@
+#include "window/form.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "pagivo/error.h"
+#include "window/headless/headless_windows.h"
+
+namespace pagivo {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr FormDesign kDesign{.caption = "Ontwerp", .client = {.width = 3000, .height = 2000}};
+
+// Notes what happens to it; `atLoad` and `atQueryUnload` stand for a form's own handlers.
+class NotingForm : public Form {
+ public:
+  explicit NotingForm(std::shared_ptr<WindowSystem> windows) : Form(std::move(windows), kDesign) {}
+
+  // Reaches a control, as a form's users do.
+  int& Control() {
+    Load();
+    return *control_;
+  }
+
+  std::vector<std::string> notes;
+  std::function<void()> atLoad = [] {};
+  std::function<void(bool& cancel, UnloadMode mode)> atQueryUnload = [](bool&, UnloadMode) {};
+
+ private:
+  void CreateControls(WindowSystem&, FormPeer&) override {
+    notes.emplace_back("create controls");
+    control_ = std::make_unique<int>(1);
+  }
+  void DestroyControls() override {
+    notes.emplace_back("destroy controls");
+    control_.reset();
+  }
+  void OnLoad() override {
+    notes.emplace_back("load");
+    atLoad();
+  }
+  void OnQueryUnload(bool& cancel, UnloadMode mode) override {
+    notes.push_back("query unload " + std::to_string(static_cast<int>(mode)));
+    atQueryUnload(cancel, mode);
+  }
+  void OnUnload() override { notes.emplace_back("unload"); }
+
+  std::unique_ptr<int> control_;
+};
+
+class FormLife : public ::testing::Test {
+ protected:
+  std::shared_ptr<HeadlessWindows> windows = std::make_shared<HeadlessWindows>();
+  std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(windows);
+};
+
+TEST_F(FormLife, CreatingAFormLoadsNothing) {
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_FALSE(form->Visible());
+  EXPECT_EQ(form->Caption(), "Ontwerp");
+  EXPECT_THAT(form->notes, IsEmpty());
+}
+
+TEST_F(FormLife, LoadingMakesTheControlsThenRunsTheLoadHandlerOnceWithoutShowing) {
+  form->Load();
+  form->Load();
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_FALSE(form->Visible());
+  EXPECT_THAT(form->notes, ElementsAre("create controls", "load"));
+}
+
+TEST_F(FormLife, ReachingAControlLoadsTheForm) {
+  EXPECT_EQ(form->Control(), 1);
+  EXPECT_THAT(form->notes, ElementsAre("create controls", "load"));
+}
+
+TEST_F(FormLife, ChangingAPropertyLoadsTheForm) {
+  form->PutCaption("Nieuw");
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_EQ(form->Caption(), "Nieuw");
+}
+
+TEST_F(FormLife, TheLoadHandlerMayReachControlsAndProperties) {
+  form->atLoad = [&] {
+    form->Control() = 5;
+    form->PutCaption("Bij het laden");
+  };
+  form->Load();
+  EXPECT_EQ(form->Control(), 5);
+  EXPECT_EQ(form->Caption(), "Bij het laden");
+  EXPECT_THAT(form->notes, ElementsAre("create controls", "load"));
+}
+
+TEST_F(FormLife, AFailingLoadLeavesTheFormUnloadedAndCanBeTriedAgain) {
+  form->atLoad = [] { throw Error(ErrorNumber::FileAccess, "Mislukt"); };
+  EXPECT_THROW(form->Load(), Error);
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_THAT(form->notes, ElementsAre("create controls", "load", "unload", "destroy controls"));
+
+  form->atLoad = [] {};
+  form->Load();
+  EXPECT_TRUE(form->IsLoaded());
+}
+
+TEST_F(FormLife, ALoadHandlerThatUnloadsTheFormFailsWhoeverReachesIt) {
+  form->atLoad = [&] { form->Unload(); };
+  EXPECT_THROW(form->Load(), Error);
+  EXPECT_THROW(form->ShowModal(), Error);
+  EXPECT_THROW(form->PutCaption("Nieuw"), Error);
+  EXPECT_THROW(form->Control(), Error);
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_FALSE(form->Visible());
+}
+
+TEST_F(FormLife, UnloadingAsksThenHidesThenGivesUpTheControls) {
+  form->Load();
+  form->notes.clear();
+  form->Unload();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_THAT(form->notes, ElementsAre("query unload 1", "unload", "destroy controls"));
+}
+
+TEST_F(FormLife, UnloadingAFormThatIsNotLoadedDoesNothing) {
+  form->Unload();
+  EXPECT_THAT(form->notes, IsEmpty());
+}
+
+TEST_F(FormLife, AQueryUnloadHandlerMayRefuse) {
+  form->Load();
+  form->atQueryUnload = [](bool& cancel, UnloadMode mode) {
+    cancel = mode == UnloadMode::ControlMenu;
+  };
+  form->Unload(UnloadMode::ControlMenu);
+  EXPECT_TRUE(form->IsLoaded());
+  form->Unload(UnloadMode::SystemShutdown);
+  EXPECT_FALSE(form->IsLoaded());
+}
+
+TEST_F(FormLife, AQueryUnloadHandlerMayUnloadTheFormItself) {
+  form->Load();
+  form->notes.clear();
+  form->atQueryUnload = [&](bool& cancel, UnloadMode mode) {
+    if (mode != UnloadMode::ControlMenu) return;
+    cancel = true;
+    form->Unload();
+  };
+  form->Unload(UnloadMode::ControlMenu);
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_THAT(form->notes,
+              ElementsAre("query unload 0", "query unload 1", "unload", "destroy controls"));
+}
+
+TEST_F(FormLife, EachLoadStartsFromTheDesign) {
+  form->PutCaption("Nieuw");
+  form->PutWindowState(WindowState::Maximised);
+  form->PutLeft(10);
+  form->PutWidth(20);
+  form->Unload();
+  form->Load();
+  EXPECT_EQ(form->Caption(), "Ontwerp");
+  EXPECT_EQ(form->GetWindowState(), WindowState::Normal);
+  EXPECT_EQ(form->Left(), 0);
+  EXPECT_EQ(form->Width(), 3000);
+}
+
+TEST_F(FormLife, HoldsItsPlacement) {
+  form->PutLeft(10);
+  form->PutTop(20.5F);
+  form->PutWidth(30);
+  form->PutHeight(40);
+  EXPECT_EQ(form->Left(), 10);
+  EXPECT_EQ(form->Top(), 20.5F);
+  EXPECT_EQ(form->Width(), 30);
+  EXPECT_EQ(form->Height(), 40);
+}
+
+// --- Showing ----------------------------------------------------------------------------------
+
+TEST_F(FormLife, AModalShowingLoadsShowsAndReturnsWhenTheFormIsHidden) {
+  bool visibleDuringShowing = false;
+  windows->AddScript([&](Form& shown) {
+    visibleDuringShowing = shown.Visible();
+    shown.Hide();
+  });
+  form->ShowModal();
+  EXPECT_TRUE(visibleDuringShowing);
+  EXPECT_FALSE(form->Visible());
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_THAT(form->notes, ElementsAre("create controls", "load"));
+}
+
+TEST_F(FormLife, AModalShowingReturnsWhenTheFormIsUnloaded) {
+  windows->AddScript([](Form& shown) { shown.Unload(); });
+  form->ShowModal();
+  EXPECT_FALSE(form->Visible());
+  EXPECT_FALSE(form->IsLoaded());
+}
+
+TEST_F(FormLife, AFormMayBeReleasedDuringItsOwnShowing) {
+  const std::weak_ptr<NotingForm> watched = form;
+  windows->AddScript([&](Form& shown) {
+    form.reset();
+    shown.Unload();
+  });
+  form->ShowModal();
+  EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(FormLife, AFormThatIsVisibleCannotBeShownAgain) {
+  windows->AddScript([&](Form& shown) {
+    EXPECT_THROW(shown.ShowModal(), Error);
+    EXPECT_TRUE(shown.Visible());
+  });
+  form->ShowModal();
+}
+
+TEST_F(FormLife, AFailureDuringTheShowingHidesTheFormAndIsPassedOn) {
+  windows->AddScript([](Form&) { throw Error(ErrorNumber::FileAccess, "Mislukt"); });
+  EXPECT_THROW(form->ShowModal(), Error);
+  EXPECT_FALSE(form->Visible());
+  EXPECT_TRUE(form->IsLoaded());
+}
+
+// --- Without a display ------------------------------------------------------------------------
+
+TEST_F(FormLife, WithoutAScriptTheUserClosesTheWindowAtOnce) {
+  form->ShowModal();
+  EXPECT_THAT(form->notes, ElementsAre("create controls", "load", "query unload 0", "unload",
+                                       "destroy controls"));
+}
+
+TEST_F(FormLife, AWindowThatRefusesToCloseIsHiddenAtTheShowingsEnd) {
+  form->atQueryUnload = [](bool& cancel, UnloadMode) { cancel = true; };
+  form->ShowModal();
+  EXPECT_FALSE(form->Visible());
+  EXPECT_TRUE(form->IsLoaded());
+}
+
+TEST_F(FormLife, EachShowingTakesTheNextScript) {
+  std::vector<int> played;
+  for (const int number : {1, 2}) {
+    windows->AddScript([&played, number](Form& shown) {
+      played.push_back(number);
+      shown.Hide();
+    });
+  }
+  form->ShowModal();
+  EXPECT_EQ(windows->ScriptsLeft(), 1U);
+  form->ShowModal();
+  EXPECT_THAT(played, ElementsAre(1, 2));
+  EXPECT_EQ(windows->ScriptsLeft(), 0U);
+}
+
+// --- Peers ------------------------------------------------------------------------------------
+
+// A window with a frame that counts how often its state was shown.
+class FramedPeer : public FormPeer {
+ public:
+  explicit FramedPeer(int& updates) : updates_(updates) {}
+  Extent FrameExtent() const override { return {.width = 60, .height = 400}; }
+  void Update() override { ++updates_; }
+  void ShowModal() override { throw Error(ErrorNumber::FileAccess, "Geen beeldscherm"); }
+  void Hide() override {}
+
+ private:
+  int& updates_;
+};
+
+class FramedWindows : public HeadlessWindows {
+ public:
+  std::shared_ptr<FormPeer> MakeFormPeer(Form&) override {
+    return std::make_shared<FramedPeer>(updates);
+  }
+  int updates = 0;
+};
+
+TEST(FormPeers, TheFrameIsAddedToTheDesignedClientArea) {
+  const auto form = std::make_shared<NotingForm>(std::make_shared<FramedWindows>());
+  form->Load();
+  EXPECT_EQ(form->Width(), 3060);
+  EXPECT_EQ(form->Height(), 2400);
+}
+
+TEST(FormPeers, EveryChangeIsShownByThePeer) {
+  const auto windows = std::make_shared<FramedWindows>();
+  const auto form = std::make_shared<NotingForm>(windows);
+  form->Load();
+  const int afterLoad = windows->updates;
+  form->PutCaption("Nieuw");
+  form->PutWindowState(WindowState::Minimised);
+  form->PutTop(1);
+  EXPECT_EQ(windows->updates, afterLoad + 3);
+}
+
+TEST(FormPeers, AShowingThatCannotBeginLeavesTheFormHidden) {
+  const auto form = std::make_shared<NotingForm>(std::make_shared<FramedWindows>());
+  EXPECT_THROW(form->ShowModal(), Error);
+  EXPECT_FALSE(form->Visible());
+}
+
+}  // namespace
+}  // namespace pagivo
