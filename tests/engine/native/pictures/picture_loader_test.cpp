@@ -1,0 +1,231 @@
+#include "engine/native/pictures/picture_loader.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cstdlib>
+
+#include "engine/native/pictures/picture_files.h"
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+using Rgba = std::array<int, 4>;
+
+Rgba PixelAt(const PictureImage::Pixels& pixels, int x, int y) {
+  const std::size_t channels = pixels.hasAlpha ? 4 : 3;
+  const auto at = static_cast<std::size_t>(y * pixels.width + x) * channels;
+  const auto& data = pixels.data;
+  return {data.at(at), data.at(at + 1), data.at(at + 2), pixels.hasAlpha ? data.at(at + 3) : 255};
+}
+
+// Upper left, upper right, lower left, lower right.
+std::array<Rgba, 4> Corners(const PictureImage& picture) {
+  const auto& pixels = picture.GetPixels();
+  const int right = pixels.width - 1;
+  const int bottom = pixels.height - 1;
+  return {PixelAt(pixels, 0, 0), PixelAt(pixels, right, 0), PixelAt(pixels, 0, bottom),
+          PixelAt(pixels, right, bottom)};
+}
+
+constexpr std::array<Rgba, 4> kQuarters{Rgba{255, 0, 0, 255}, Rgba{0, 255, 0, 255},
+                                        Rgba{0, 0, 255, 255}, Rgba{255, 255, 255, 255}};
+
+struct Variant {
+  const char* name;
+  int width;
+  int height;
+  int tolerance;  // of a lossy format
+};
+
+class OpaquePicture : public testing::TestWithParam<Variant> {};
+
+TEST_P(OpaquePicture, GivesItsPixels) {
+  const Variant& variant = GetParam();
+  const auto picture = LoadPictureFile(PicturePath(variant.name));
+  EXPECT_EQ(picture->GetPixels().width, variant.width);
+  EXPECT_EQ(picture->GetPixels().height, variant.height);
+  EXPECT_FALSE(picture->GetPixels().hasAlpha);
+  const auto corners = Corners(*picture);
+  for (std::size_t corner = 0; corner < corners.size(); ++corner) {
+    for (std::size_t channel = 0; channel < 4; ++channel) {
+      EXPECT_NEAR(corners[corner][channel], kQuarters[corner][channel], variant.tolerance);
+    }
+  }
+}
+
+TEST_P(OpaquePicture, IsTheSameFromItsBytes) {
+  const auto picture = LoadPictureFile(PicturePath(GetParam().name));
+  const auto decoded = DecodePicture(PictureFile(GetParam().name));
+  EXPECT_EQ(decoded->GetPixels().data, picture->GetPixels().data);
+  EXPECT_EQ(decoded->Jpeg(), picture->Jpeg());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryFormat, OpaquePicture,
+    testing::Values(Variant{"colors.png", 16, 8, 0}, Variant{"interlaced.png", 16, 8, 0},
+                    Variant{"sixteen_bit.png", 16, 8, 0}, Variant{"opaque_alpha.png", 16, 8, 0},
+                    Variant{"colors.bmp", 16, 8, 0}, Variant{"run_length.bmp", 16, 8, 0},
+                    Variant{"colors.gif", 16, 8, 0}, Variant{"animation.gif", 16, 8, 0},
+                    Variant{"colors.ico", 16, 8, 0}, Variant{"several_sizes.ico", 16, 8, 0},
+                    Variant{"stored_as_png.ico", 256, 256, 0}, Variant{"colors.jpg", 16, 8, 2},
+                    Variant{"progressive.jpg", 16, 8, 2}, Variant{"cmyk.jpg", 16, 8, 2},
+                    Variant{"colors.tif", 16, 8, 0}, Variant{"big_endian_lzw.tif", 16, 8, 0},
+                    Variant{"two_pages.tif", 16, 8, 0}, Variant{"colors.svg", 1024, 512, 0}),
+    [](const auto& instance) {
+      std::string name = instance.param.name;
+      for (char& character : name) character = character == '.' ? '_' : character;
+      return name;
+    });
+
+TEST(PictureAlpha, OfPngIsKeptStraight) {
+  const auto picture = LoadPictureFile(PicturePath("alpha.png"));
+  ASSERT_TRUE(picture->GetPixels().hasAlpha);
+  const auto corners = Corners(*picture);
+  EXPECT_EQ(corners[0], (Rgba{255, 0, 0, 255}));
+  EXPECT_EQ(corners[1][3], 0);
+  EXPECT_EQ(corners[2], (Rgba{0, 0, 255, 127}));
+}
+
+TEST(PictureAlpha, OfTiffIsKeptStraight) {
+  const auto picture = LoadPictureFile(PicturePath("alpha.tif"));
+  ASSERT_TRUE(picture->GetPixels().hasAlpha);
+  EXPECT_EQ(Corners(*picture)[2], (Rgba{0, 0, 255, 127}));
+}
+
+TEST(PictureAlpha, OfSvgIsKeptStraight) {
+  const auto picture = LoadPictureFile(PicturePath("alpha.svg"));
+  ASSERT_TRUE(picture->GetPixels().hasAlpha);
+  const auto corners = Corners(*picture);
+  EXPECT_EQ(corners[1][3], 0);
+  EXPECT_EQ(corners[2], (Rgba{0, 0, 255, 128}));
+}
+
+TEST(PictureJpeg, KeepsTheBytesThatPdfReadersTake) {
+  for (const char* name : {"colors.jpg", "progressive.jpg", "gray.jpg"}) {
+    EXPECT_EQ(LoadPictureFile(PicturePath(name))->Jpeg(), PictureFile(name)) << name;
+  }
+}
+
+TEST(PictureJpeg, KeepsNoBytesOfCmyk) {
+  EXPECT_TRUE(LoadPictureFile(PicturePath("cmyk.jpg"))->Jpeg().empty());
+}
+
+TEST(PictureJpeg, KeepsNoBytesOfOtherFormats) {
+  EXPECT_TRUE(LoadPictureFile(PicturePath("colors.png"))->Jpeg().empty());
+}
+
+TEST(PictureSize, OfSvgIsAtThreeHundredDotsAnInchWithinBounds) {
+  const auto sizeOf = [](const std::string& attributes) {
+    const auto picture =
+        DecodePicture(TextBytes("<svg xmlns='http://www.w3.org/2000/svg' " + attributes +
+                                "><rect width='20' height='10'/></svg>"));
+    return std::pair(picture->GetPixels().width, picture->GetPixels().height);
+  };
+  EXPECT_EQ(sizeOf("width='5in' height='4in'"), std::pair(1500, 1200));
+  EXPECT_EQ(sizeOf("width='1in' height='1in'"), std::pair(1024, 1024));
+  EXPECT_EQ(sizeOf("width='100in' height='50in'"), std::pair(4096, 2048));
+  EXPECT_EQ(sizeOf("viewBox='0 0 3 1'"), std::pair(1024, 341));
+  EXPECT_EQ(sizeOf("width='1e9' height='1'"), std::pair(4096, 1));
+  EXPECT_EQ(sizeOf(""), std::pair(1024, 512));
+}
+
+TEST(PicturePathOf, NothingGivesAnEmptyPicture) {
+  const auto picture = LoadPictureFile("");
+  ASSERT_NE(picture, nullptr);
+  EXPECT_TRUE(picture->IsEmpty());
+}
+
+void ExpectError(const std::string& path, ErrorNumber number, const char* cause) {
+  try {
+    LoadPictureFile(path);
+    FAIL() << path << " was loaded";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), number);
+    EXPECT_THAT(error.what(), AllOf(HasSubstr("\"" + path + "\""), HasSubstr(cause)));
+  }
+}
+
+TEST(PictureFileErrors, NameTheFileAndTheCause) {
+  const ScratchFolder scratch;
+  ExpectError(scratch.Path() / "weg.png", ErrorNumber::FileAccess, "bestaat niet");
+  ExpectError(scratch.Path(), ErrorNumber::FileAccess, "het is een map");
+  ExpectError(scratch.Write("leeg.png", {}), ErrorNumber::InvalidPicture, "is leeg");
+  ExpectError(scratch.Write("brief.png", TextBytes("Geachte heer,")), ErrorNumber::InvalidPicture,
+              "geen bekende soort afbeelding");
+}
+
+TEST(PictureFileErrors, IncludeAFileBelowAFile) {
+  ExpectError(PicturePath("colors.png/a.png"), ErrorNumber::FileAccess, "bestaat niet");
+}
+
+TEST(PictureFileErrors, IncludeANamedPipeAndDoNotWaitForIt) {
+  const ScratchFolder scratch;
+  const std::string pipe = scratch.Path() / "pijp.png";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  ExpectError(pipe, ErrorNumber::FileAccess, "geen gewoon bestand");
+}
+
+TEST(PictureFileErrors, IncludeAFileLargerThanAnyPictureWithoutReadingIt) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Write("gat.png", PictureFile("colors.png"));
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 36);  // a hole, no disk space
+  ExpectError(path, ErrorNumber::InvalidPicture, "te groot");
+}
+
+TEST(DecodedPictureErrors, NeedNoFileName) {
+  try {
+    DecodePicture({});
+    FAIL();
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
+    EXPECT_STREQ(error.what(), "De afbeelding kan niet worden gebruikt: het bestand is leeg");
+  }
+}
+
+TEST(LoadedPictures, AreSharedWhileSomebodyHoldsThem) {
+  const auto first = LoadPictureFile(PicturePath("colors.png"));
+  EXPECT_EQ(LoadPictureFile(PicturePath("colors.png")), first);
+  EXPECT_EQ(LoadPictureFile(PicturePath("../pictures/colors.png")), first);
+}
+
+TEST(LoadedPictures, AreLetGoWithTheirLastHolder) {
+  std::weak_ptr<PictureImage> gone = LoadPictureFile(PicturePath("colors.png"));
+  EXPECT_TRUE(gone.expired());
+  EXPECT_FALSE(LoadPictureFile(PicturePath("colors.png"))->IsEmpty());
+}
+
+TEST(LoadedPictures, AreReadAgainWhenTheFileHasChanged) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Write("a.png", PictureFile("colors.png"));
+  const auto first = LoadPictureFile(path);
+  scratch.Write("a.png", PictureFile("alpha.png"));
+  const auto second = LoadPictureFile(path);
+  EXPECT_NE(second, first);
+  EXPECT_TRUE(second->GetPixels().hasAlpha);
+  EXPECT_FALSE(first->GetPixels().hasAlpha);
+}
+
+TEST(LoadedPictures, AreReadAgainWhenTheTimeOfChangeDiffers) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Write("a.png", PictureFile("colors.png"));
+  const auto first = LoadPictureFile(path);
+  std::filesystem::last_write_time(path, std::filesystem::file_time_type{});
+  EXPECT_NE(LoadPictureFile(path), first);
+}
+
+TEST(LoadedPictures, DoNotHideThatTheFileIsGone) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Write("a.png", PictureFile("colors.png"));
+  const auto held = LoadPictureFile(path);
+  std::filesystem::remove(path);
+  ExpectError(path, ErrorNumber::FileAccess, "bestaat niet");
+}
+
+}  // namespace
+}  // namespace pagivo::native
