@@ -1,8 +1,11 @@
 #include "engine/native/fonts/font_library.h"
 
 #include <map>
+#include <optional>
 #include <tuple>
+#include <utility>
 
+#include "engine/native/fonts/advance_table.h"
 #include "engine/native/fonts/face_catalog.h"
 #include "engine/native/fonts/font_metrics.h"
 #include "engine/native/fonts/shaper.h"
@@ -13,23 +16,30 @@ namespace {
 
 class LibraryFont final : public Font {
  public:
-  LibraryFont(FaceCatalog& catalog, const FaceQuery& query, const StyledFace& primary,
-              Shaper& shaper)
-      : faces_(catalog, query, primary),
+  LibraryFont(FaceChoice faces, AdvanceTable& advances, Shaper& shaper)
+      : faces_(std::move(faces)),
+        advances_(advances),
         shaper_(shaper),
-        metrics_(ReadFontMetrics(*primary.face)) {}
+        metrics_(ReadFontMetrics(*faces_.Primary().face)) {}
 
   const FontMetrics& Metrics() const override { return metrics_; }
 
   void Shape(std::string_view text, ShapedLine& line) override {
-    shaper_.Shape(text, faces_, line);
+    if (!advances_.Shape(text, line.glyphs)) return shaper_.Shape(text, faces_, line);
+    const auto& [face, emboldened, slanted] = faces_.Primary();
+    line.runs.clear();
+    if (text.empty()) return;
+    line.runs.push_back(
+        {face, emboldened, slanted, 0, static_cast<std::uint32_t>(line.glyphs.size())});
   }
 
   double Width(std::string_view text) override {
+    const std::optional<std::int64_t> width = advances_.Width(text);
+    if (width) return static_cast<double>(*width) / faces_.Primary().face->UnitsPerEm();
     shaper_.Shape(text, faces_, measured_);
-    double width = 0;
-    for (const ShapedRun& run : measured_.runs) width += WidthOf(run);
-    return width;
+    double total = 0;
+    for (const ShapedRun& run : measured_.runs) total += WidthOf(run);
+    return total;
   }
 
  private:
@@ -42,6 +52,7 @@ class LibraryFont final : public Font {
   }
 
   FaceChoice faces_;
+  AdvanceTable& advances_;
   Shaper& shaper_;
   FontMetrics metrics_;
   ShapedLine measured_;
@@ -61,8 +72,15 @@ struct FontLibrary::Implementation {
 
   explicit Implementation(std::unique_ptr<FaceFinder> finder) : catalog(std::move(finder)) {}
 
+  AdvanceTable& AdvancesOf(const Face& face) {
+    std::unique_ptr<AdvanceTable>& table = advances[&face];
+    if (!table) table = std::make_unique<AdvanceTable>(face, shaper);
+    return *table;
+  }
+
   FaceCatalog catalog;
   Shaper shaper;
+  std::map<const Face*, std::unique_ptr<AdvanceTable>> advances;
   std::map<Key, std::unique_ptr<Font>, std::less<>> fonts;
 };
 
@@ -77,14 +95,16 @@ FontLibrary::FontLibrary(std::unique_ptr<FaceFinder> finder)
 FontLibrary::~FontLibrary() = default;
 
 Font& FontLibrary::Find(std::string_view name, bool bold, bool italic) {
-  auto& [catalog, shaper, fonts] = *implementation_;
-  const auto known = fonts.find(Implementation::KeyView(name, bold, italic));
-  if (known != fonts.end()) return *known->second;
+  Implementation& library = *implementation_;
+  const auto known = library.fonts.find(Implementation::KeyView(name, bold, italic));
+  if (known != library.fonts.end()) return *known->second;
   const FaceQuery query{std::string(name), bold, italic, std::nullopt};
-  const std::optional<StyledFace> primary = catalog.Find(query);
+  const std::optional<StyledFace> primary = library.catalog.Find(query);
   if (!primary) ThrowNoFonts();
-  auto font = std::make_unique<LibraryFont>(catalog, query, *primary, shaper);
-  return *fonts.emplace(Implementation::Key(name, bold, italic), std::move(font)).first->second;
+  auto font = std::make_unique<LibraryFont>(FaceChoice(library.catalog, query, *primary),
+                                            library.AdvancesOf(*primary->face), library.shaper);
+  return *library.fonts.emplace(Implementation::Key(name, bold, italic), std::move(font))
+              .first->second;
 }
 
 }  // namespace pagivo::native

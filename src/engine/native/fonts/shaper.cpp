@@ -1,5 +1,7 @@
 #include "engine/native/fonts/shaper.h"
 
+#include <hb-ot.h>
+
 #include <iterator>
 #include <utility>
 
@@ -15,14 +17,14 @@ hb_segment_properties_t PropertiesOf(const TextRun& run) {
   return properties;
 }
 
-void ShapeBuffer(const Face& face, hb_buffer_t* buffer) {
-  // Alternates at random would make two outputs of one record differ.
-  static const hb_feature_t kFeatures[] = {
-      {HB_TAG('r', 'a', 'n', 'd'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END}};
-  // One shaper for every face, whatever others the library was built with.
-  static const char* const kShapers[] = {"ot", nullptr};
-  hb_shape_full(face.HarfBuzzFont(), buffer, kFeatures, std::size(kFeatures), kShapers);
+constexpr hb_feature_t SwitchedOff(hb_tag_t feature) {
+  return {feature, 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
 }
+
+// Alternates at random would make two outputs of one record differ.
+constexpr hb_feature_t kFeatures[] = {SwitchedOff(HB_TAG('r', 'a', 'n', 'd'))};
+// One shaper for every face, whatever others the library was built with.
+constexpr const char* kShapers[] = {"ot", nullptr};
 
 // The clusters of a run from left to right rise, from right to left they fall.
 void SetTextRanges(std::span<ShapedGlyph> glyphs, const std::vector<std::uint32_t>& offsets,
@@ -55,6 +57,25 @@ void ExtendRuns(const StyledFace& face, std::uint32_t begin, ShapedLine& line) {
 
 }  // namespace
 
+std::vector<std::uint32_t> LatinLookups(const Face& face, hb_tag_t table) {
+  // Fractions come about around a fraction slash only, which is no simple text.
+  static constexpr hb_feature_t kWithoutFractions[] = {
+      SwitchedOff(HB_TAG('r', 'a', 'n', 'd')), SwitchedOff(HB_TAG('f', 'r', 'a', 'c')),
+      SwitchedOff(HB_TAG('n', 'u', 'm', 'r')), SwitchedOff(HB_TAG('d', 'n', 'o', 'm'))};
+  const hb_segment_properties_t properties = PropertiesOf(TextRun());
+  hb_shape_plan_t* plan = hb_shape_plan_create_cached(
+      face.HarfBuzz(), &properties, kWithoutFractions, std::size(kWithoutFractions), kShapers);
+  hb_set_t* lookups = hb_set_create();
+  hb_ot_shape_plan_collect_lookups(plan, table, lookups);
+  std::vector<std::uint32_t> indexes;
+  for (hb_codepoint_t index = HB_SET_VALUE_INVALID; hb_set_next(lookups, &index) != 0;) {
+    indexes.push_back(index);
+  }
+  hb_set_destroy(lookups);
+  hb_shape_plan_destroy(plan);
+  return indexes;
+}
+
 Shaper::Shaper() : buffer_(hb_buffer_create()) {}
 
 void Shaper::Shape(std::string_view text, FaceChoice& faces, ShapedLine& line) {
@@ -83,7 +104,7 @@ void Shaper::ShapeRun(std::span<const std::uint32_t> codePoints, const TextRun& 
                            run.begin, static_cast<int>(run.end - run.begin));
   const hb_segment_properties_t properties = PropertiesOf(run);
   hb_buffer_set_segment_properties(buffer, &properties);
-  ShapeBuffer(*run.face.face, buffer);
+  hb_shape_full(run.face.face->HarfBuzzFont(), buffer, kFeatures, std::size(kFeatures), kShapers);
   ++calls_;
 }
 

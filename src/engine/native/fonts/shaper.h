@@ -14,6 +14,9 @@
 
 namespace pagivo::native {
 
+// The lookups of a layout table (GSUB or GPOS) that shaping Latin text goes through.
+std::vector<std::uint32_t> LatinLookups(const Face& face, hb_tag_t table);
+
 class Shaper {
  public:
   Shaper();

@@ -1,0 +1,189 @@
+#include "engine/native/fonts/layout_rules.h"
+
+#include <hb-aat.h>
+#include <hb-ot.h>
+
+#include <algorithm>
+
+#include "engine/native/fonts/context_rules.h"
+#include "engine/native/fonts/layout_table.h"
+#include "engine/native/fonts/shaper.h"
+
+namespace pagivo::native {
+namespace {
+
+constexpr std::uint16_t kIgnoreBaseGlyphs = 0x0002;
+
+// The bytes of one table, kept while they are read.
+class FontTable {
+ public:
+  FontTable(const Face& face, hb_tag_t tag)
+      : blob_(hb_face_reference_table(face.HarfBuzz(), tag)) {}
+  ~FontTable() { hb_blob_destroy(blob_); }
+  FontTable(const FontTable&) = delete;
+  FontTable& operator=(const FontTable&) = delete;
+
+  TableView View() const {
+    unsigned int length = 0;
+    const char* bytes = hb_blob_get_data(blob_, &length);
+    return TableView({reinterpret_cast<const std::uint8_t*>(bytes), length});
+  }
+
+ private:
+  hb_blob_t* blob_;
+};
+
+std::vector<std::uint32_t> GlyphsOfSlots(const Face& face) {
+  std::vector<std::uint32_t> glyphs(kSlotCount);
+  for (Slot slot = 0; slot < kSlotCount; ++slot) glyphs[slot] = face.GlyphOf(CodePointOf(slot));
+  return glyphs;
+}
+
+// Tables of Apple's kind are state machines, whose reach nothing tells.
+bool HasStateMachines(const Face& face) {
+  if (hb_aat_layout_has_substitution(face.HarfBuzz()) ||
+      hb_aat_layout_has_positioning(face.HarfBuzz()) ||
+      hb_aat_layout_has_tracking(face.HarfBuzz())) {
+    return true;
+  }
+  const FontTable table(face, HB_TAG('k', 'e', 'r', 'n'));
+  const TableView kerning = table.View();
+  const bool isPlain = kerning.At(0) == 0;  // Apple's header begins with version 1
+  std::size_t subtable = 4;
+  for (std::size_t i = 0; isPlain && i < kerning.At(2); ++i) {
+    constexpr std::size_t kFormatOfCoverage = 4;
+    if (kerning.At(subtable + kFormatOfCoverage) >> 8 != 0) return true;
+    subtable += kerning.At(subtable + 2);
+  }
+  return !isPlain;
+}
+
+// Gathers the forbidden pairs of neighbours.
+class RuleCollector {
+ public:
+  explicit RuleCollector(const Face& face) : face_(face), glyphs_(GlyphsOfSlots(face)) {}
+
+  void Collect() {
+    CollectTable(HB_TAG('G', 'S', 'U', 'B'), 7, &RuleCollector::CollectSubstitution);
+    CollectTable(HB_TAG('G', 'P', 'O', 'S'), 9, &RuleCollector::CollectPositioning);
+  }
+
+  bool SkipsLetters() const noexcept { return skipsLetters_; }
+  std::vector<SlotSet> TakeForbidden() { return std::move(forbidden_); }
+
+ private:
+  using SubtableCollector = void (RuleCollector::*)(std::uint16_t type, const TableView& subtable);
+
+  void CollectTable(hb_tag_t tag, std::uint16_t extensionType, SubtableCollector collect) {
+    const FontTable table(face_, tag);
+    for (const std::uint32_t index : LatinLookups(face_, tag)) {
+      const Lookup lookup = ReadLookup(table.View(), index, extensionType);
+      skipsLetters_ = skipsLetters_ || (lookup.flags & kIgnoreBaseGlyphs) != 0;
+      for (const TableView& subtable : lookup.subtables) {
+        (this->*collect)(lookup.type, subtable);
+      }
+    }
+  }
+
+  void CollectSubstitution(std::uint16_t type, const TableView& subtable) {
+    switch (type) {
+      case 4:
+        return CollectLigatures(subtable);
+      case 5:
+        return CollectContexts(subtable, ContextKind::Plain);
+      case 6:
+        return CollectContexts(subtable, ContextKind::Chained);
+      case 8:
+        return CollectContexts(subtable, ContextKind::Reverse);
+      default:
+        return;  // of single glyphs
+    }
+  }
+
+  void CollectPositioning(std::uint16_t type, const TableView& subtable) {
+    switch (type) {
+      case 2:
+        return CollectKerning(subtable);
+      case 3:
+      case 4:
+      case 5:
+      case 6:
+        return ForbidAround(CoveredSlots(subtable.Part(2), glyphs_));
+      case 7:
+        return CollectContexts(subtable, ContextKind::Plain);
+      case 8:
+        return CollectContexts(subtable, ContextKind::Chained);
+      default:
+        return;  // of single glyphs
+    }
+  }
+
+  void CollectLigatures(const TableView& subtable) {
+    const std::vector<std::uint32_t> covered = CoveredGlyphs(subtable.Part(2));
+    const std::vector<std::uint16_t> sets = subtable.Array(4);
+    for (std::size_t i = 0; i < std::min(sets.size(), covered.size()); ++i) {
+      const SlotSet first = glyphs_.OfGlyph(covered[i]);
+      if (first.any()) CollectLigatures(first, subtable.From(sets[i]));
+    }
+  }
+
+  // Ligatures of two show in the pair; a longer one needs its first two.
+  void CollectLigatures(const SlotSet& first, const TableView& set) {
+    for (const std::uint16_t offset : set.Array(0)) {
+      const std::vector<std::uint16_t> rest = set.From(offset).Array(2, 1);
+      const bool isSimpleText = std::all_of(rest.begin(), rest.end(), [this](std::uint16_t glyph) {
+        return glyphs_.OfGlyph(glyph).any();
+      });
+      if (rest.size() >= 2 && isSimpleText) Forbid(first, glyphs_.OfGlyph(rest[0]));
+    }
+  }
+
+  // A rule of two is forbidden as well: having matched, even to no effect, it keeps the next pair
+  // from being looked at. Of a longer rule the rarest two neighbours do.
+  void CollectContexts(const TableView& subtable, ContextKind kind) {
+    VisitContextRules(subtable, kind, glyphs_, [this](ContextRule rule) {
+      std::size_t rarest = 1;
+      const auto pairsAt = [rule](std::size_t i) { return rule[i - 1].count() * rule[i].count(); };
+      for (std::size_t i = 2; i < rule.size(); ++i) {
+        if (pairsAt(i) < pairsAt(rarest)) rarest = i;
+      }
+      if (rule.size() >= 2) Forbid(rule[rarest - 1], rule[rarest]);
+    });
+  }
+
+  // Kerning that moves the second glyph, too, keeps the pair that begins with it from being looked
+  // at.
+  void CollectKerning(const TableView& subtable) {
+    const bool movesSecond = subtable.At(6) != 0;
+    if (movesSecond) Forbid(CoveredSlots(subtable.Part(2), glyphs_), glyphs_.All());
+  }
+
+  // Glyphs that are hung onto others, or others onto them.
+  void ForbidAround(const SlotSet& slots) {
+    Forbid(slots, glyphs_.All());
+    Forbid(glyphs_.All(), slots);
+  }
+
+  void Forbid(const SlotSet& first, const SlotSet& second) {
+    for (Slot slot = 0; slot < kSlotCount; ++slot) {
+      if (first.test(slot)) forbidden_[slot] |= second;
+    }
+  }
+
+  const Face& face_;
+  GlyphSlots glyphs_;
+  bool skipsLetters_ = false;
+  std::vector<SlotSet> forbidden_ = std::vector<SlotSet>(kSlotCount);
+};
+
+}  // namespace
+
+LayoutRules::LayoutRules(const Face& face) {
+  RuleCollector collector(face);
+  collector.Collect();
+  // A lookup that skips letters looks as far as it likes.
+  canBeDecided_ = !collector.SkipsLetters() && !HasStateMachines(face);
+  forbidden_ = collector.TakeForbidden();
+}
+
+}  // namespace pagivo::native
