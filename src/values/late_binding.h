@@ -171,10 +171,12 @@ inline constexpr bool kIsArray = false;
 template <typename Element>
 inline constexpr bool kIsArray<Array<Element>> = true;
 
-// T& is written back, const T& is not.
 template <typename ParameterType>
-inline constexpr bool kIsWrittenBack = std::is_lvalue_reference_v<ParameterType> &&
-                                       !std::is_const_v<std::remove_reference_t<ParameterType>>;
+consteval Passing PassingOf() {
+  if (!std::is_reference_v<ParameterType>) return Passing::ByValue;
+  return std::is_const_v<std::remove_reference_t<ParameterType>> ? Passing::ByReference
+                                                                 : Passing::WrittenBack;
+}
 
 // --- One call ---------------------------------------------------------------------------------
 
@@ -205,7 +207,9 @@ class Argument {
   }
 
   void WriteBack(Variant& given) {
-    if constexpr (kIsWrittenBack<ParameterType>) given = Variant(std::move(kept_));
+    if constexpr (PassingOf<ParameterType>() == Passing::WrittenBack) {
+      given = Variant(std::move(kept_));
+    }
   }
 
  private:
@@ -230,11 +234,8 @@ template <typename ClassType, typename ResultType, typename... ParameterTypes>
 struct MethodTraits<ResultType (ClassType::*)(ParameterTypes...)> {
   using Class = ClassType;
   static constexpr ValueKind kResult = BindingOf<ResultType>::kKind;
-  static constexpr std::array<Parameter, sizeof...(ParameterTypes)> kParameters = {Parameter{
-      BindingOf<ParameterTypes>::kKind, !std::is_reference_v<ParameterTypes> ? Passing::ByValue
-                                        : kIsWrittenBack<ParameterTypes>
-                                            ? Passing::WrittenBack
-                                            : Passing::ByReference}...};
+  static constexpr std::array<Parameter, sizeof...(ParameterTypes)> kParameters = {
+      Parameter{BindingOf<ParameterTypes>::kKind, PassingOf<ParameterTypes>()}...};
 
   // Converts the arguments from left to right, calls, and writes back what the member changed.
   // Nothing is written back when anything fails.

@@ -1,0 +1,51 @@
+#include "values/errors_ignored.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+
+#include "pagivo/error.h"
+
+namespace pagivo {
+namespace {
+
+TEST(IgnoringErrors, RunsTheStatement) {
+  int runs = 0;
+  IgnoringErrors([&] { ++runs; });
+  EXPECT_EQ(runs, 1);
+}
+
+TEST(IgnoringErrors, LosesTheFailingStatementAlone) {
+  int before = 0;
+  int failing = 7;
+  int after = 0;
+  IgnoringErrors([&] { before = 1; });
+  IgnoringErrors([&] {
+    ThrowOverflow();
+    failing = 1;
+  });
+  IgnoringErrors([&] { after = 1; });
+  EXPECT_EQ(before, 1);
+  EXPECT_EQ(failing, 7);
+  EXPECT_EQ(after, 1);
+}
+
+TEST(IgnoringErrors, LosesEveryKindOfError) {
+  IgnoringErrors([] { throw Error(ErrorNumber::PrinterFailure, "Geen printer"); });
+  IgnoringErrors([] { throw std::runtime_error("outside"); });
+  IgnoringErrors([] { throw std::bad_alloc(); });
+}
+
+TEST(TrueOnError, AnswersTheConditionWhenItCanBeTested) {
+  EXPECT_TRUE(TrueOnError([] { return true; }));
+  EXPECT_FALSE(TrueOnError([] { return false; }));
+}
+
+TEST(TrueOnError, IsTrueWhenTheTestFails) {
+  EXPECT_TRUE(TrueOnError([]() -> bool { ThrowTypeMismatch(); }));
+  EXPECT_TRUE(TrueOnError([]() -> bool { throw std::bad_alloc(); }));
+}
+
+}  // namespace
+}  // namespace pagivo

@@ -1,0 +1,101 @@
+#include "pagivo/variant.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <vector>
+
+#include "outcome.h"
+
+namespace pagivo {
+namespace {
+
+using Kind = Variant::Kind;
+
+struct Thing : Object {};
+
+struct KindRow {
+  Variant value;
+  Kind kind;
+  std::string_view name;
+};
+
+// One value of every kind, in the order of the kinds.
+std::vector<KindRow> OneOfEveryKind() {
+  return {
+      {Variant(), Kind::Empty, "Empty"},
+      {Null, Kind::Null, "Null"},
+      {Missing, Kind::Missing, "Missing"},
+      {true, Kind::Boolean, "Boolean"},
+      {std::int16_t{1}, Kind::Integer, "Integer"},
+      {std::int32_t{1}, Kind::Long, "Long"},
+      {1.0F, Kind::Single, "Single"},
+      {1.0, Kind::Double, "Double"},
+      {"1", Kind::String, "String"},
+      {std::make_shared<Thing>(), Kind::Object, "Object"},
+      {std::make_shared<Array<std::int16_t>>(), Kind::IntegerArray, "Integer()"},
+      {std::make_shared<Array<float>>(), Kind::SingleArray, "Single()"},
+      {std::make_shared<Array<std::string>>(), Kind::StringArray, "String()"},
+  };
+}
+
+TEST(Variant, KnowsTheKindOfItsValue) {
+  for (const KindRow& row : OneOfEveryKind()) {
+    EXPECT_EQ(row.value.GetKind(), row.kind) << row.name;
+    EXPECT_EQ(NameOf(row.kind), row.name);
+    EXPECT_EQ(row.value.IsMissing(), row.kind == Kind::Missing);
+    EXPECT_EQ(row.value.IsNull(), row.kind == Kind::Null);
+  }
+}
+
+TEST(Variant, GivesItsValueInItsOwnKindAlone) {
+  const Variant value(std::int16_t{12});
+  ASSERT_NE(value.GetIf<std::int16_t>(), nullptr);
+  EXPECT_EQ(*value.GetIf<std::int16_t>(), 12);
+  EXPECT_EQ(value.GetIf<std::int32_t>(), nullptr);
+  EXPECT_EQ(value.GetIf<double>(), nullptr);
+  EXPECT_EQ(value.GetIf<std::string>(), nullptr);
+}
+
+TEST(Variant, HoldsTextFromEveryKindOfString) {
+  EXPECT_EQ(Variant("t"), Variant(std::string("t")));
+  EXPECT_EQ(Variant("t"), Variant(std::string_view("t")));
+}
+
+TEST(Variant, EqualsAValueOfTheSameKindAlone) {
+  const std::vector<KindRow> rows = OneOfEveryKind();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j < rows.size(); ++j) {
+      EXPECT_EQ(rows[i].value == rows[j].value, i == j) << rows[i].name << ' ' << rows[j].name;
+    }
+  }
+}
+
+TEST(Variant, ComparesValuesWithinAKind) {
+  EXPECT_NE(Variant(std::int16_t{1}), Variant(std::int16_t{2}));
+  EXPECT_NE(Variant("a"), Variant("A"));
+  EXPECT_NE(Variant(true), Variant(false));
+  EXPECT_EQ(Variant(0.0), Variant(-0.0));
+  const Variant notANumber(std::numeric_limits<double>::quiet_NaN());
+  EXPECT_NE(notANumber, notANumber);
+}
+
+TEST(Variant, ComparesObjectsAndArraysByIdentity) {
+  const auto thing = std::make_shared<Thing>();
+  EXPECT_EQ(Variant(thing), Variant(ObjectRef(thing)));
+  EXPECT_NE(Variant(thing), Variant(std::make_shared<Thing>()));
+  const auto numbers = std::make_shared<Array<float>>(1, 3);
+  EXPECT_EQ(Variant(numbers), Variant(numbers));
+  EXPECT_NE(Variant(numbers), Variant(std::make_shared<Array<float>>(1, 3)));
+}
+
+TEST(Variant, SharesAnArrayWithItsCopies) {
+  const auto numbers = std::make_shared<Array<float>>(1, 3);
+  const Variant original(numbers);
+  const Variant copy = original;
+  numbers->Redim(0, 9);
+  EXPECT_EQ((*copy.GetIf<std::shared_ptr<Array<float>>>())->UpperBound(), 9);
+}
+
+}  // namespace
+}  // namespace pagivo
