@@ -56,7 +56,7 @@ class ApiTest : public ::testing::Test {
   }
 
   RecordingEngine& Engine() { return platform.Engine(); }
-  ScriptedPictureLoader& Pictures() { return platform.Pictures(); }
+  ScriptedPictureLoader& Loader() { return platform.Pictures(); }
 
   // What the engine was asked during `call`.
   template <typename Call>

@@ -1,5 +1,4 @@
 #include <functional>
-#include <limits>
 
 #include "api/api_test.h"
 
@@ -69,14 +68,6 @@ class Drawing : public ApiTest {
   // Points 1 to n.
   static Array<float> Points(std::vector<float> values) {
     return Array<float>::FromValues(std::move(values), 1);
-  }
-
-  // The point list that the engine is given.
-  std::string PointList(const Array<float>& x, const Array<float>& y) {
-    const Lines drawn =
-        LinesBeginning("put Polyline ", LogOf([&] { print.VsPPDrawPolyline(x, y); }));
-    return drawn.size() == 1 ? drawn.front().substr(std::string_view("put Polyline ").size())
-                             : "drawn more or less often than once";
   }
 
   static Lines LinesBeginning(std::string_view beginning, Lines lines) {
@@ -349,167 +340,6 @@ TEST_F(Drawing, ARadiusIsHorizontalAndAnglesAreNotScaled) {
   UseScale(2, 3);
   EXPECT_EQ(LogOf([&] { Circle(kThree, kFour); }).back(),
             "call DrawCircle Single 2, Single 6, Single 6, Integer 3, Integer 4");
-}
-
-// --- Polylines ----------------------------------------------------------------------------------
-
-TEST_F(Drawing, APolylineIsAListOfPointsEachNumberFollowedByASpace) {
-  EXPECT_EQ(LogOf([&] {
-              print.VsPPDrawPolyline(Points({0, 10, 20}), Points({0, 0, 10}));
-            }).back(),
-            "put Polyline String \"0 0 10 0 20 10 \"");
-}
-
-TEST_F(Drawing, AClosedPolylineIsAPolygon) {
-  EXPECT_EQ(LogOf([&] {
-              print.VsPPDrawPolyline(Points({0, 10, 20}), Points({0, 0, 10}), true);
-            }).back(),
-            "put Polygon String \"0 0 10 0 20 10 \"");
-}
-
-TEST_F(Drawing, ClosedIsAnyConditionAndNullIsFalse) {
-  const std::pair<Variant, bool> rows[] = {
-      {true, true},  {false, false},  {Integer(1), true}, {Integer(0), false},
-      {0.25, true},  {"True", true},  {"0", false},       {Variant(), false},
-      {Null, false}, {Missing, true}, {"gesloten", true},
-  };
-  for (const auto& [closed, isPolygon] : rows) {
-    EXPECT_EQ(LogOf([&] { Polyline(closed); }).back(),
-              isPolygon ? "put Polygon String \"1 2 \"" : "put Polyline String \"1 2 \"")
-        << Describe(closed);
-  }
-}
-
-TEST_F(Drawing, PointsAreWrittenWithTheRegionalDecimalSeparator) {
-  print.VsPPSetScaleMode(Integer(6));
-  {
-    const DecimalSeparator comma(',');
-    EXPECT_EQ(PointList(Points({10, 25}), Points({0.5F, 20})),
-              "String \"566,9291 28,34646 1417,323 1133,858 \"");
-  }
-  const DecimalSeparator point('.');
-  EXPECT_EQ(PointList(Points({10, 25}), Points({0.5F, 20})),
-            "String \"566.9291 28.34646 1417.323 1133.858 \"");
-}
-
-TEST_F(Drawing, PointsAreWrittenInTheGeneralFormatOfASingle) {
-  const DecimalSeparator comma(',');
-  EXPECT_EQ(PointList(Points({1.5e7F, 0.00001F, -0.25F}), Points({1234567, 0.1F, -100})),
-            "String \"1,5E+07 1234567 1E-05 0,1 -0,25 -100 \"");
-}
-
-TEST_F(Drawing, PointsAreMultipliedInDoubleAndRoundedToSingle) {
-  const DecimalSeparator point('.');
-  UseScale(566.9291381835938F, 3);
-  // 566.9291381835938 x 0.1 (as a Single) is 56.69291466...; in Single alone 56.69292.
-  EXPECT_EQ(PointList(Points({0.1F}), Points({0})),
-            "String \"" + FormatGeneral(ToSingle(566.9291381835938 * double{0.1F}), '.') + " 0 \"");
-}
-
-TEST_F(Drawing, TheElementZeroOfAZeroBasedArrayIsNotDrawn) {
-  const auto x = Array<float>::FromValues({7, 1, 3}, 0);
-  const auto y = Array<float>::FromValues({8, 2, 4}, 0);
-  EXPECT_EQ(PointList(x, y), "String \"1 2 3 4 \"");
-}
-
-TEST_F(Drawing, PointsTakeTheirNumbersFromBothArraysOwnSubscripts) {
-  const auto x = Array<float>::FromValues({1, 3}, 1);
-  const auto y = Array<float>::FromValues({9, 2, 4, 9}, 0);
-  EXPECT_EQ(PointList(x, y), "String \"1 2 3 4 \"");
-}
-
-TEST_F(Drawing, APointWithoutAnElementIsLeftOut) {
-  EXPECT_EQ(PointList(Points({1, 3, 5}), Points({2})), "String \"1 2 \"");
-  EXPECT_EQ(PointList(Points({1, 3, 5}), Array<float>::FromValues({4, 6}, 2)),
-            "String \"3 4 5 6 \"");
-  EXPECT_EQ(PointList(Array<float>::FromValues({5}, 3), Points({2, 4, 6})), "String \"5 6 \"");
-}
-
-TEST_F(Drawing, APointThatNoSingleHoldsIsLeftOut) {
-  UseScale(1e10F, 1);
-  EXPECT_EQ(PointList(Points({0, 3e38F, 0}), Points({1, 2, 3})), "String \"0 1 0 3 \"");
-}
-
-TEST_F(Drawing, NoPointsMakeAnEmptyList) {
-  EXPECT_EQ(PointList(Points({}), Points({})), "String \"\"");
-  EXPECT_EQ(PointList({}, {}), "String \"\"");
-  EXPECT_EQ(PointList(Array<float>::FromValues({7}, 0), Array<float>::FromValues({8}, 0)),
-            "String \"\"");
-}
-
-TEST_F(Drawing, TheLastPointThatSixteenBitsCountIsDrawnAndEndsTheList) {
-  constexpr std::int32_t kLast = std::numeric_limits<std::int16_t>::max();
-  const std::string points = PointList(Array<float>(1, kLast), Array<float>(1, kLast));
-  EXPECT_EQ(points.size(), std::string_view("String \"\"").size() + 4 * std::size_t{kLast});
-}
-
-TEST_F(Drawing, MorePointsThanSixteenBitsCountAreNoPoints) {
-  EXPECT_EQ(PointList(Array<float>(1, 32768), Array<float>(1, 32768)), "String \"\"");
-}
-
-// --- Pictures -----------------------------------------------------------------------------------
-
-TEST_F(Drawing, APictureFileIsDrawnIntoTheRectangle) {
-  Pictures().AddPicture("logo.png", std::make_shared<NamedObject>("logo"));
-  UseScale(2, 3);
-  EXPECT_THAT(
-      LogOf([&] { print.VsPPPicture("logo.png", 1, 2, 3, 4.5); }),
-      ElementsAre("put X1 Double 2", "put Y1 Double 6", "put X2 Double 6", "put Y2 Double 13.5",
-                  "load String \"logo.png\"", "put Picture Object logo"));
-}
-
-TEST_F(Drawing, TheFactorIsWidenedForAPicturesRectangle) {
-  print.VsPPSetScaleMode(Integer(6));
-  EXPECT_THAT(LogOf([&] { print.VsPPPicture("logo.png", 0.1, 0, 0, 0); }),
-              Contains(Describe("put X1", {double{56.69291305541992F} * 0.1})));
-}
-
-TEST_F(Drawing, APictureFileThatCannotBeLoadedLeavesOnlyTheRectangle) {
-  EXPECT_THAT(LogOf([&] { print.VsPPPicture("er is niets.png", 1, 2, 3, 4); }),
-              ElementsAre("put X1 Double 1", "put Y1 Double 2", "put X2 Double 3",
-                          "put Y2 Double 4", "load String \"er is niets.png\""));
-}
-
-TEST_F(Drawing, AnEmptyPathLoadsAnEmptyPicture) {
-  Pictures().AddPicture("", std::make_shared<NamedObject>("empty picture"));
-  EXPECT_EQ(LogOf([&] { print.VsPPPicture("", 1, 2, 3, 4); }).back(),
-            "put Picture Object empty picture");
-}
-
-TEST_F(Drawing, APictureObjectIsDrawnIntoTheRectangle) {
-  UseScale(2, 3);
-  const Variant picture = std::make_shared<NamedObject>("logo");
-  EXPECT_THAT(LogOf([&] { print.VsPPRealPicture(picture, 1, 2, 3, 4.5); }),
-              ElementsAre("put X1 Double 2", "put Y1 Double 6", "put X2 Double 6",
-                          "put Y2 Double 13.5", "put Picture Object logo"));
-}
-
-TEST_F(Drawing, WhatIsNoPictureObjectLeavesOnlyTheRectangle) {
-  for (const Variant& value : {Variant(), Variant(Null), Variant(Missing), Variant(Integer(1)),
-                               Variant(1.5), Variant("logo.png"), Variant(true)}) {
-    EXPECT_THAT(
-        LogOf([&] { print.VsPPRealPicture(value, 1, 2, 3, 4); }),
-        ElementsAre("put X1 Double 1", "put Y1 Double 2", "put X2 Double 3", "put Y2 Double 4"))
-        << Describe(value);
-  }
-}
-
-TEST_F(Drawing, EveryFailingStatementOfAPictureIsLostAlone) {
-  Pictures().AddPicture("logo.png", std::make_shared<NamedObject>("logo"));
-  for (const std::string_view property : {"X1", "Y1", "X2", "Y2"}) {
-    Engine().FailOn("put " + std::string(property));
-    const Lines log = LogOf([&] { print.VsPPPicture("logo.png", 1, 2, 3, 4); });
-    EXPECT_EQ(log.size(), 6U) << property;
-    EXPECT_EQ(log.back(), "put Picture Object logo");
-    Engine().FailNothing();
-  }
-}
-
-TEST_F(Drawing, AnEngineThatRefusesThePictureIsNotReported) {
-  const Variant picture = std::make_shared<NamedObject>("logo");
-  Engine().FailOn("put Picture");
-  EXPECT_EQ(LogOf([&] { print.VsPPRealPicture(picture, 1, 2, 3, 4); }).back(),
-            "put Picture Object logo (failed)");
 }
 
 }  // namespace
