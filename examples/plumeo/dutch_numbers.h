@@ -1,0 +1,22 @@
+// Numbers as a Dutch reader expects them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace plumeo {
+
+// "1.234,50": a fixed number of decimals, decimal comma, points between thousands, a true minus.
+std::string Fixed(double value, int decimals);
+
+// As many decimals as give about that many significant digits: "0,0417", "12,3", "1.235".
+std::string Significant(double value, int digits);
+
+// A share of one as a percentage without its sign: 0.125 gives "12,5".
+std::string Percent(double share, int decimals);
+
+// A whole text as a number, with a decimal comma or point, else nothing.
+std::optional<double> ReadNumber(std::string_view text);
+
+}  // namespace plumeo
