@@ -1,0 +1,130 @@
+#include "engine/native/view/preview_state.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+namespace {
+
+constexpr PageGeometry kPage{10000, 20000};
+constexpr ShownPages kPages{kPage, kPage};
+
+class PreviewStateTest : public testing::Test {
+ protected:
+  PreviewStateTest() { preview.SetViewSize(10000 + 2 * kPageGap, 10000 + 2 * kPageGap); }
+
+  PreviewState preview;
+};
+
+TEST_F(PreviewStateTest, BeginsWithTheWholeOfPageOne) {
+  EXPECT_EQ(preview.Page(), 1);
+  EXPECT_EQ(preview.ZoomMode(), kZoomWholePage);
+  EXPECT_EQ(preview.ScrollTop(kPages), 0);
+}
+
+TEST_F(PreviewStateTest, TheWholePageFitsInBothDirections) {
+  EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
+  const PageGeometry wide{40000, 10000};
+  EXPECT_DOUBLE_EQ(preview.Zoom({wide, wide}), 25);
+}
+
+TEST_F(PreviewStateTest, ThePageWidthFits) {
+  preview.PutZoomMode(kZoomPageWidth);
+  EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 100);
+}
+
+TEST_F(PreviewStateTest, TwoPagesFitSideBySide) {
+  preview.SetViewSize(10000 + 3 * kPageGap, 50000);
+  preview.PutZoomMode(kZoomTwoPages);
+  EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
+  EXPECT_DOUBLE_EQ(preview.Zoom({kPage, {15000, 20000}}), 40);
+  preview.SetViewSize(100000, 10000 + 2 * kPageGap);
+  EXPECT_DOUBLE_EQ(preview.Zoom({kPage, {10000, 25000}}), 40) << "the taller of the two counts";
+}
+
+TEST_F(PreviewStateTest, TheOverviewFitsFourPagesBesideAndTwoBelow) {
+  preview.SetViewSize(20000 + 5 * kPageGap, 100000);
+  preview.PutZoomMode(kZoomOverview);
+  EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
+  preview.SetViewSize(100000, 10000 + 3 * kPageGap);
+  EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 25);
+}
+
+TEST_F(PreviewStateTest, APutPercentageHoldsAndEndsFitting) {
+  preview.PutZoom(150);
+  EXPECT_EQ(preview.ZoomMode(), kZoomPercent);
+  EXPECT_EQ(preview.Zoom(kPages), 150);
+  preview.PutZoomMode(kZoomWholePage);
+  EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
+  preview.PutZoomMode(kZoomPercent);
+  EXPECT_EQ(preview.Zoom(kPages), 150) << "the percentage put last";
+}
+
+TEST_F(PreviewStateTest, PercentModeBeginsAt100) {
+  preview.PutZoomMode(kZoomPercent);
+  EXPECT_EQ(preview.Zoom(kPages), 100);
+}
+
+TEST_F(PreviewStateTest, ZoomOutsideItsLimitsIsRefused) {
+  preview.PutZoom(kMinimumZoom);
+  preview.PutZoom(kMaximumZoom);
+  for (const double percent :
+       {0.0, -50.0, 4.99, 1000.1, std::nan(""), std::numeric_limits<double>::infinity()}) {
+    EXPECT_THROW(preview.PutZoom(percent), Error) << percent;
+  }
+  EXPECT_EQ(preview.Zoom(kPages), kMaximumZoom);
+}
+
+TEST_F(PreviewStateTest, UnknownZoomModesAreRefused) {
+  for (const std::int32_t mode : {-1, 5, 100}) EXPECT_THROW(preview.PutZoomMode(mode), Error);
+  EXPECT_EQ(preview.ZoomMode(), kZoomWholePage);
+}
+
+TEST_F(PreviewStateTest, FittingStaysWithinTheLimitsInATinyOrHugeView) {
+  preview.SetViewSize(0, -10);
+  EXPECT_EQ(preview.Zoom(kPages), kMinimumZoom);
+  preview.SetViewSize(1e9, 1e9);
+  EXPECT_EQ(preview.Zoom(kPages), kMaximumZoom);
+}
+
+TEST_F(PreviewStateTest, ScrollingStopsWhereThePageEnds) {
+  preview.PutZoom(100);
+  preview.PutScrollTop(3000, kPages);
+  EXPECT_EQ(preview.ScrollTop(kPages), 3000);
+  preview.PutScrollTop(32000, kPages);
+  EXPECT_EQ(preview.ScrollTop(kPages), 10000);
+  preview.PutScrollTop(-5, kPages);
+  EXPECT_EQ(preview.ScrollTop(kPages), 0);
+  EXPECT_THROW(preview.PutScrollTop(std::nan(""), kPages), Error);
+}
+
+TEST_F(PreviewStateTest, APageThatFitsDoesNotScroll) {
+  for (const std::int32_t mode : {kZoomOverview, kZoomTwoPages, kZoomWholePage}) {
+    preview.PutZoomMode(mode);
+    preview.PutScrollTop(32000, kPages);
+    EXPECT_EQ(preview.ScrollTop(kPages), 0) << mode;
+  }
+}
+
+TEST_F(PreviewStateTest, AZoomThatShowsMoreLimitsTheScrollPosition) {
+  preview.PutZoom(200);
+  preview.PutScrollTop(32000, kPages);
+  EXPECT_EQ(preview.ScrollTop(kPages), 15000);
+  preview.PutZoom(100);
+  EXPECT_EQ(preview.ScrollTop(kPages), 10000);
+}
+
+TEST_F(PreviewStateTest, AnotherPageIsShownFromItsTop) {
+  preview.PutZoom(100);
+  preview.PutScrollTop(5000, kPages);
+  preview.Show(2);
+  EXPECT_EQ(preview.Page(), 2);
+  EXPECT_EQ(preview.ScrollTop(kPages), 0);
+}
+
+}  // namespace
+}  // namespace pagivo::native
