@@ -1,0 +1,29 @@
+// The part of a font file that is embedded.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "engine/native/fonts/face.h"
+
+namespace pagivo::native {
+
+enum class OutlineFormat : std::uint8_t { TrueType, Cff };
+
+struct FontProgram {
+  OutlineFormat format = OutlineFormat::TrueType;
+  std::string bytes;
+  std::vector<std::uint32_t> characters;  // of the glyphs asked for, in their order
+  bool subset = true;                     // false: the face's whole program
+};
+
+// The outlines of these glyphs of the face, without hints: what is drawn never depends on the
+// device. A face that cannot be subset is taken whole.
+FontProgram MakeFontProgram(const Face& face, std::span<const std::uint32_t> glyphs);
+
+// The face's whole program.
+FontProgram MakeWholeFontProgram(const Face& face, std::span<const std::uint32_t> glyphs);
+
+}  // namespace pagivo::native

@@ -1,0 +1,107 @@
+// Codes that content streams use for a face's glyphs.
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/native/fonts/face.h"
+
+namespace pagivo::native {
+
+// How far a reader's pen moves on for a glyph, in whole thousandths of the em: there are readers
+// that round. What is lost that way the text writer makes good before it can be seen.
+std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph);
+
+// How a content stream shows a glyph.
+struct GlyphCode {
+  std::uint16_t font = 0;  // number of the font resource
+  std::uint16_t code = 0;  // in one byte or two, none of which a string has to escape
+  std::uint8_t bytes = 1;
+  std::int16_t advance = 0;  // thousandths of the em
+};
+
+// A code and what it stands for.
+struct CodeUse {
+  std::uint16_t code = 0;
+  std::uint32_t glyph = 0;
+  std::string text;
+};
+
+// A font of a face.
+struct CodedFont {
+  std::uint16_t number = 0;
+  std::uint8_t codeBytes = 1;
+  std::vector<CodeUse> uses;
+};
+
+// Gives every pair of a glyph and the text that it stands for a code of its own, in order of first
+// use: a hyphen and a soft hyphen may share a glyph and are still copied as what they were.
+//
+// Most documents use few glyphs of a face, so codes have one byte until these are used up; fonts
+// with two-byte codes follow. A glyph's second text goes to another series of fonts, for there are
+// readers that know one text for each glyph of a font.
+class GlyphCodes {
+ public:
+  // `fontCount` is shared by all faces of a file and numbers its fonts.
+  GlyphCodes(const Face& face, std::uint16_t& fontCount);
+
+  // `text` is UTF-8 and may be empty. The reference holds until the next call.
+  const GlyphCode& CodeOf(std::uint32_t glyph, std::string_view text) {
+    const std::uint32_t key = ShortKey(text);
+    if (key != 0 && glyph < entries_.size() && entries_[glyph].key == key) {
+      return entries_[glyph].code;
+    }
+    return FindOrAdd(glyph, text, key);
+  }
+
+  const Face& FaceUsed() const noexcept { return face_; }
+  const std::vector<CodedFont>& Fonts() const noexcept { return fonts_; }
+
+ private:
+  // The first text of a glyph that is short is found without hashing.
+  struct Entry {
+    std::uint32_t key = 0;
+    GlyphCode code;
+    std::uint8_t textCount = 0;
+  };
+
+  // Fonts that follow each other as their codes are used up.
+  struct Series {
+    std::optional<std::size_t> font;  // the last one
+    std::bitset<256> taken;           // one-byte codes
+    std::size_t nextIndex = 0;        // into the codes of the last font
+  };
+
+  // Further texts of a glyph share the last series.
+  static constexpr std::size_t kSeries = 8;
+
+  // Up to four bytes as one number, which is not zero; zero for other texts.
+  static std::uint32_t ShortKey(std::string_view text) {
+    std::uint32_t key = 0;
+    if (text.size() > sizeof key) return 0;
+    for (const char byte : text) key = key << 8 | static_cast<unsigned char>(byte);
+    return key;
+  }
+
+  const GlyphCode& FindOrAdd(std::uint32_t glyph, std::string_view text, std::uint32_t key);
+  GlyphCode Add(std::uint32_t glyph, std::string_view text);
+  bool IsFull(const Series& series) const;
+  void OpenFont(Series& series);
+  std::uint16_t NextCode(Series& series, std::string_view text) const;
+
+  const Face& face_;
+  std::uint16_t& fontCount_;
+  std::vector<CodedFont> fonts_;
+  std::array<Series, kSeries> series_;
+  std::vector<Entry> entries_;                         // by glyph
+  std::unordered_map<std::string, GlyphCode> others_;  // by glyph number and text
+};
+
+}  // namespace pagivo::native

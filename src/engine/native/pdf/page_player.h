@@ -1,0 +1,62 @@
+// Turns a page's record into a content stream.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "engine/native/document/document.h"
+#include "engine/native/fonts/font_library.h"
+#include "engine/native/pdf/content_stream.h"
+#include "engine/native/pdf/font_embedder.h"
+#include "engine/native/pdf/image_embedder.h"
+#include "engine/native/pdf/page_geometry.h"
+#include "engine/native/pdf/text_writer.h"
+
+namespace pagivo::native {
+
+// What has a coordinate that is no number is not drawn.
+class PagePlayer final : public Player {
+ public:
+  PagePlayer(FontEmbedder& fonts, ImageEmbedder& images) : images_(images), text_(stream_, fonts) {}
+
+  // The content of one page. It stays until the next call.
+  std::string_view Play(const Document& document, std::int32_t page, const PdfGeometry& geometry);
+
+  void SetFont(const FontDescription& font) override;
+  void SetTextColor(Color color) override { textColor_ = color; }
+  void SetPen(const Pen& pen) override { pen_ = pen; }
+  void SetBrush(const Brush& brush) override { brush_ = brush; }
+  void DrawText(Point position, std::string_view text) override;
+  void DrawLine(Point from, Point to) override;
+  void DrawRectangle(const Rectangle& rectangle) override;
+  void DrawCircle(Point center, float radius) override;
+  void DrawArc(const Arc& arc) override;
+  void DrawPolyline(std::span<const Point> points) override;
+  void DrawPolygon(std::span<const Point> points) override;
+  void DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) override;
+
+ private:
+  void Underline(double from, double to, double baseline);
+  void UsePen();
+  void AddArc(const Arc& arc, double sweep);
+  void AddPoints(std::span<const Point> points);
+  void Hatch(const Rectangle& bounds);
+  template <typename AddPath>
+  void DrawFigure(const Rectangle& bounds, FillRule rule, AddPath addPath);
+
+  ImageEmbedder& images_;
+  ContentStream stream_;
+  TextWriter text_;
+  // Of the page that is being played.
+  const PdfGeometry* geometry_ = nullptr;
+  PageGeometry paper_;
+
+  FontDescription fontDescription_;
+  Font* font_ = nullptr;
+  Color textColor_ = 0;
+  Pen pen_;
+  Brush brush_;
+  ShapedLine line_;
+};
+
+}  // namespace pagivo::native

@@ -1,0 +1,246 @@
+#include "engine/native/pdf/text_writer.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/native/fonts/utf8.h"
+#include "engine/native/pdf/text_string.h"
+
+namespace pagivo::native {
+namespace {
+
+// Readers may refuse strings of 32,768 bytes and arrays of 8,192 elements.
+constexpr std::size_t kLongestString = 8000;
+
+// Numbers in a string of glyphs are thousandths of the em. From this size on, they get a decimal.
+constexpr double kLargeSize = 15;
+
+constexpr std::string_view kBeginText = "BT\n";
+constexpr std::string_view kEndText = "ET\n";
+
+// Letters that are written from right to left, whose clusters therefore hold their glyphs in
+// reverse.
+bool IsRightToLeft(char32_t codePoint) {
+  return (codePoint >= 0x590 && codePoint < 0x900) || (codePoint >= 0xFB1D && codePoint < 0xFE00) ||
+         (codePoint >= 0xFE70 && codePoint < 0xFF00) ||
+         (codePoint >= 0x10800 && codePoint < 0x11000) ||
+         (codePoint >= 0x1E800 && codePoint < 0x1F000);
+}
+
+std::size_t CountCodePoints(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < text.size(); i += DecodeUtf8(text, i).length) ++count;
+  return count;
+}
+
+// A font's size as it is written, and as readers therefore take it.
+std::int64_t Thousandths(double size) {
+  return std::llround(size * 1000);
+}
+
+double WrittenSize(const TextPlacement& placement) {
+  return static_cast<double>(Thousandths(placement.size)) / 1000;
+}
+
+void BeginActualText(std::string& out, std::string_view text) {
+  out += "/Span<</ActualText<FEFF";
+  AppendUtf16Hex(out, DecodeText(text));
+  out += ">>>BDC\n";
+}
+
+}  // namespace
+
+void TextWriter::BeginPage() {
+  font_ = -1;
+  fontSize_ = 0;
+  emboldened_ = false;
+  inText_ = false;
+  inString_ = false;
+}
+
+void TextWriter::End() {
+  if (!inText_) return;
+  CloseString();
+  stream_.Raw() += kEndText;
+  inText_ = false;
+}
+
+double TextWriter::Draw(const ShapedLine& line, std::string_view text,
+                        const TextPlacement& placement) {
+  double end = placement.x;
+  const ShapedRun* styled = nullptr;
+  for (const Cluster& cluster : ClustersOf(line, placement, end)) {
+    if (cluster.run != styled) SetStyle(*cluster.run, placement);
+    styled = cluster.run;
+    const ShapedGlyph& first = cluster.glyphs.front();
+    DrawCluster(cluster.glyphs, text.substr(first.textBegin, first.textEnd - first.textBegin),
+                {cluster.x, placement.baseline});
+  }
+  return end;
+}
+
+// In the order of the text.
+std::vector<TextWriter::Cluster>& TextWriter::ClustersOf(const ShapedLine& line,
+                                                         const TextPlacement& placement,
+                                                         double& end) {
+  clusters_.clear();
+  for (const ShapedRun& run : line.runs) {
+    const double scale = WrittenSize(placement) / run.face->UnitsPerEm();
+    const double start = end;
+    std::int64_t advances = 0;
+    for (std::uint32_t i = run.glyphBegin, next = i; i < run.glyphEnd; i = next) {
+      const std::uint32_t textBegin = line.glyphs[i].textBegin;
+      const double x = start + static_cast<double>(advances) * scale;
+      for (; next < run.glyphEnd && line.glyphs[next].textBegin == textBegin; ++next) {
+        advances += line.glyphs[next].advance;
+      }
+      clusters_.push_back({&run, std::span(line.glyphs).subspan(i, next - i), x});
+    }
+    end = start + static_cast<double>(advances) * scale;
+  }
+  if (!std::ranges::is_sorted(clusters_, {}, &Cluster::TextBegin)) {
+    std::ranges::stable_sort(clusters_, {}, &Cluster::TextBegin);
+  }
+  return clusters_;
+}
+
+void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) {
+  if (emboldened_ || run.emboldened) SetEmboldened(run.emboldened, placement);
+  if (stream_.FillColor() != placement.color) {
+    CloseString();
+    stream_.SetFillColor(placement.color);
+  }
+  size_ = Thousandths(placement.size);
+  slant_ = run.slanted ? kSlant : 0;
+  codes_ = &fonts_.CodesOf(*run.face);
+  const double size = WrittenSize(placement);
+  unitsToPage_ = size / run.face->UnitsPerEm();
+  thousandthToPage_ = size / 1000;
+}
+
+// Thickens by filling and stroking; otherwise text is filled alone.
+void TextWriter::SetEmboldened(bool emboldened, const TextPlacement& placement) {
+  CloseString();
+  if (emboldened_ != emboldened) stream_.Raw() += emboldened ? "2 Tr\n" : "0 Tr\n";
+  emboldened_ = emboldened;
+  if (!emboldened) return;
+  const Hundredths width = std::llround(kEmboldenStroke * placement.size * 100);
+  stream_.SetStroke({.color = placement.color, .width = width, .join = 1});
+}
+
+void TextWriter::SelectFont(std::uint16_t font) {
+  if (font_ == font && fontSize_ == size_) return;
+  CloseString();
+  std::string& out = stream_.Raw();
+  out.push_back('/');
+  AppendFontName(out, font);
+  out.push_back(' ');
+  AppendDecimal(out, size_, 3);
+  out += " Tf\n";
+  font_ = font;
+  fontSize_ = size_;
+}
+
+// Glyphs without a code point of their own need the text to be told apart from them.
+void TextWriter::DrawCluster(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
+  if (cluster.size() == 1) return DrawGlyph(cluster.front(), text, pen);
+  if (cluster.size() <= CountCodePoints(text)) return DrawGlyphs(cluster, text, pen);
+  PlacePen(pen);
+  CloseString();
+  BeginActualText(stream_.Raw(), text);
+  DrawGlyphs(cluster, text, pen);
+  CloseString();
+  stream_.Raw() += "EMC\n";
+}
+
+// In the text's order each glyph stands for one code point and the last for what is left, so that
+// the text comes out as it was written.
+void TextWriter::DrawGlyphs(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
+  const bool rightToLeft = !text.empty() && IsRightToLeft(DecodeUtf8(text, 0).codePoint);
+  std::vector<double> pens;
+  for (const ShapedGlyph& glyph : cluster) {
+    pens.push_back(pen.x);
+    pen.x += glyph.advance * unitsToPage_;
+  }
+  for (std::size_t i = 0; i < cluster.size(); ++i) {
+    const bool last = i + 1 == cluster.size();
+    const std::size_t length = last || text.empty() ? text.size() : DecodeUtf8(text, 0).length;
+    const std::size_t glyph = rightToLeft ? cluster.size() - 1 - i : i;
+    DrawGlyph(cluster[glyph], text.substr(0, length), {pens[glyph], pen.y});
+    text.remove_prefix(length);
+  }
+}
+
+void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
+  const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
+  SelectFont(code.font);
+  PlacePen({pen.x + glyph.xOffset * unitsToPage_, pen.y + glyph.yOffset * unitsToPage_});
+  if (inString_ && stream_.Raw().size() - stringBegin_ > kLongestString) CloseString();
+  if (!inString_) OpenString();
+  if (code.bytes == 2) stream_.Raw().push_back(static_cast<char>(code.code >> 8));
+  stream_.Raw().push_back(static_cast<char>(code.code));
+  readerPen_ += code.advance * thousandthToPage_;
+}
+
+void TextWriter::PlacePen(Pen pen) {
+  const Hundredths baseline = std::llround(pen.y * 100);
+  if (!inText_ || baseline != lineStart_.y || slant_ != lineSlant_) {
+    StartLine({std::llround(pen.x * 100), baseline}, slant_);
+  }
+  const double gap = pen.x - readerPen_;
+  if (std::abs(gap) <= kTolerance) return;
+
+  std::string& out = stream_.Raw();
+  if (inString_) {
+    out.push_back(')');
+  } else {
+    out.push_back('[');
+    stringBegin_ = out.size();
+  }
+  const int decimals = static_cast<double>(size_) < kLargeSize * 1000 ? 0 : 1;
+  const double steps = decimals == 0 ? 1 : 10;
+  const std::int64_t adjustment = std::llround(-gap / thousandthToPage_ * steps);
+  AppendDecimal(out, adjustment, decimals);
+  out.push_back('(');
+  inString_ = true;
+  readerPen_ -= static_cast<double>(adjustment) / steps * thousandthToPage_;
+}
+
+// Td keeps the slant and moves along it, so slanted lines are placed by the whole matrix.
+void TextWriter::StartLine(PdfPoint start, double slant) {
+  CloseString();
+  std::string& out = stream_.Raw();
+  if (!inText_) {
+    out += kBeginText;
+    lineStart_ = {};
+    lineSlant_ = 0;
+  }
+  if (slant == 0 && lineSlant_ == 0) {
+    stream_.AppendPoint({start.x - lineStart_.x, start.y - lineStart_.y});
+    out += "Td\n";
+  } else {
+    out += "1 0 ";
+    AppendHundredths(out, std::llround(slant * 100));
+    out += " 1 ";
+    stream_.AppendPoint(start);
+    out += "Tm\n";
+  }
+  inText_ = true;
+  lineStart_ = start;
+  lineSlant_ = slant;
+  readerPen_ = static_cast<double>(start.x) / 100;
+}
+
+void TextWriter::OpenString() {
+  stream_.Raw() += "[(";
+  stringBegin_ = stream_.Raw().size();
+  inString_ = true;
+}
+
+void TextWriter::CloseString() {
+  if (!inString_) return;
+  stream_.Raw() += ")]TJ\n";
+  inString_ = false;
+}
+
+}  // namespace pagivo::native
