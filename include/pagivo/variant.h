@@ -73,6 +73,12 @@ class Variant {
     return std::get_if<T>(&value_);
   }
 
+  // What `visitor` answers to the value in its own type; Empty comes as std::monostate.
+  template <typename Visitor>
+  decltype(auto) Visit(Visitor&& visitor) const {
+    return std::visit(std::forward<Visitor>(visitor), value_);
+  }
+
   // Same kind and same value; objects and arrays are the same when they are one and the same.
   friend bool operator==(const Variant&, const Variant&) = default;
 

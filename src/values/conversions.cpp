@@ -1,8 +1,7 @@
 #include "values/conversions.h"
 
-#include <algorithm>
-
 #include "values/letter_case.h"
+#include "values/overloaded.h"
 #include "values/regional_settings.h"
 
 namespace pagivo {
@@ -17,25 +16,19 @@ bool ToBoolean(const Variant& value) {
 }
 
 std::string ToText(const Variant& value) {
-  using Kind = Variant::Kind;
-  switch (value.GetKind()) {
-    case Kind::Empty:
-      return {};
-    case Kind::Boolean:
-      return *value.GetIf<bool>() ? "True" : "False";
-    case Kind::Integer:
-      return std::to_string(*value.GetIf<std::int16_t>());
-    case Kind::Long:
-      return std::to_string(*value.GetIf<std::int32_t>());
-    case Kind::Single:
-      return FormatGeneral(*value.GetIf<float>(), CurrentRegionalSettings().decimalSeparator);
-    case Kind::Double:
-      return FormatGeneral(*value.GetIf<double>(), CurrentRegionalSettings().decimalSeparator);
-    case Kind::String:
-      return *value.GetIf<std::string>();
-    default:
-      ThrowTypeMismatch();
-  }
+  const auto format = [](auto number) {
+    return FormatGeneral(number, CurrentRegionalSettings().decimalSeparator);
+  };
+  return value.Visit(Overloaded{
+      [](std::monostate) { return std::string(); },
+      [](bool boolean) { return std::string(boolean ? "True" : "False"); },
+      [](std::int16_t number) { return std::to_string(number); },
+      [](std::int32_t number) { return std::to_string(number); },
+      [&](float number) { return format(number); },
+      [&](double number) { return format(number); },
+      [](const std::string& text) { return text; },
+      [](const auto&) -> std::string { ThrowTypeMismatch(); },
+  });
 }
 
 ObjectRef ToObject(const Variant& value) {

@@ -17,23 +17,26 @@ struct NumberPrefix {
   std::size_t length = 0;  // 0: the text does not start with a number
 };
 
-// Whether a number too large or too small for a Double is too large: one whose first digit that
-// counts has a place above the ones. `number` is well formed and without a sign.
+// The exponent of a well-formed number; beyond kFarExponent only its sign counts.
+constexpr std::int64_t kFarExponent = std::int64_t{1} << 60;
+
+std::int64_t ExponentOf(std::string_view number) {
+  const std::size_t mark = number.find_first_of("eE");
+  if (mark == std::string_view::npos) return 0;
+  std::string_view digits = number.substr(mark + 1);
+  if (digits.starts_with('+')) digits.remove_prefix(1);
+  std::int64_t exponent = digits.starts_with('-') ? -kFarExponent : kFarExponent;
+  std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+  return std::clamp(exponent, -kFarExponent, kFarExponent);
+}
+
+// Whether a number without a sign that no Double can hold is too large rather than too small: its
+// first digit that counts then stands before the decimal point.
 bool IsTooLarge(std::string_view number) {
-  const std::size_t exponentMark = std::min(number.find_first_of("eE"), number.size());
-  const std::string_view digits = number.substr(0, exponentMark);
-  const std::size_t point = std::min(digits.find('.'), digits.size());
-  const auto place =
-      static_cast<std::int64_t>(point) - static_cast<std::int64_t>(digits.find_first_not_of("0."));
-  const std::string_view exponentText = number.substr(std::min(exponentMark + 1, number.size()));
-  const bool negative = exponentText.starts_with('-');
-  const bool hasSign = negative || exponentText.starts_with('+');
-  const std::string_view exponentDigits = exponentText.substr(hasSign ? 1 : 0);
-  std::int64_t exponent = 0;
-  const auto parsed = std::from_chars(exponentDigits.data(),
-                                      exponentDigits.data() + exponentDigits.size(), exponent);
-  if (parsed.ec == std::errc::result_out_of_range) return !negative;
-  return place + (negative ? -exponent : exponent) > 0;
+  const auto point =
+      static_cast<std::int64_t>(std::min(number.find_first_of(".eE"), number.size()));
+  const auto firstDigit = static_cast<std::int64_t>(number.find_first_not_of("0."));
+  return point - firstDigit + ExponentOf(number) > 0;
 }
 
 // The longest number at the start of a text, with a decimal point. One too small for a Double is 0;

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "values/conversions.h"
+#include "values/overloaded.h"
 
 namespace pagivo {
 
@@ -53,25 +54,16 @@ float ToSingle(const Variant& value) {
 }
 
 double ToDouble(const Variant& value) {
-  using Kind = Variant::Kind;
-  switch (value.GetKind()) {
-    case Kind::Empty:
-      return 0;
-    case Kind::Boolean:
-      return *value.GetIf<bool>() ? kTrue : 0;
-    case Kind::Integer:
-      return *value.GetIf<std::int16_t>();
-    case Kind::Long:
-      return *value.GetIf<std::int32_t>();
-    case Kind::Single:
-      return double{*value.GetIf<float>()};
-    case Kind::Double:
-      return *value.GetIf<double>();
-    case Kind::String:
-      return ParseNumber(*value.GetIf<std::string>());
-    default:
-      ThrowTypeMismatch();
-  }
+  return value.Visit(Overloaded{
+      [](std::monostate) { return 0.0; },
+      [](bool boolean) { return boolean ? kTrue : 0.0; },
+      [](std::int16_t number) { return static_cast<double>(number); },
+      [](std::int32_t number) { return static_cast<double>(number); },
+      [](float number) { return static_cast<double>(number); },
+      [](double number) { return number; },
+      [](const std::string& text) { return ParseNumber(text); },
+      [](const auto&) -> double { ThrowTypeMismatch(); },
+  });
 }
 
 }  // namespace pagivo
