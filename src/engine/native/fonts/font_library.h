@@ -44,9 +44,15 @@ struct ShapedLine {
 };
 
 // Vertical measures of a font; the unit is the font's size (1 em).
+//
+// Ascent, descent and line gap are those of the face's horizontal header (hhea), or the typographic
+// ones of OS/2 where the face asks for them: what desktop programs and browsers use on this system,
+// so lines stand as far apart as the user knows them. The Windows values of OS/2 are clipping
+// bounds and make lines of some faces half as far apart again; for the families that documents
+// mostly use (and their metric-compatible replacements) both rules give the same.
 struct FontMetrics {
-  double ascent = 0;             // from the line's top to its baseline
-  double lineSpacing = 0;        // from a line's top to the next line's top
+  double ascent = 0;       // from the line's top to its baseline
+  double lineSpacing = 0;  // from a line's top to the next line's top: ascent, descent and gap
   double underlinePosition = 0;  // of the underline's centre, below the baseline
   double underlineThickness = 0;
 };

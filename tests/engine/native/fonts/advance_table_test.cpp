@@ -28,7 +28,7 @@ namespace {
 class BothWays {
  public:
   explicit BothWays(const FaceFile& file)
-      : catalog_(std::make_unique<OneFace>(file)),
+      : catalog_(std::make_unique<ListedFaces>(std::vector{file})),
         faces_(catalog_, FaceQuery(), catalog_.Find(FaceQuery()).value()),
         advances_(*faces_.Primary().face, shaper_) {}
 
@@ -51,18 +51,6 @@ class BothWays {
   bool TakesFromTable(const std::string& text) { return advances_.Shape(text, glyphs_); }
 
  private:
-  // The one face on an otherwise empty machine.
-  class OneFace final : public FaceFinder {
-   public:
-    explicit OneFace(FaceFile file) : file_(std::move(file)) {}
-    std::optional<FaceFile> Find(const FaceQuery& query, std::size_t rank) override {
-      return rank == 0 && !query.codePoint ? std::optional(file_) : std::nullopt;
-    }
-
-   private:
-    FaceFile file_;
-  };
-
   FaceCatalog catalog_;
   FaceChoice faces_;
   Shaper shaper_;
@@ -70,10 +58,6 @@ class BothWays {
   std::vector<ShapedGlyph> glyphs_;
   ShapedLine line_;
 };
-
-FaceFile FileFor(const std::string& family) {
-  return MakeFaceFinder()->Find({family, false, false, std::nullopt}, 0).value();
-}
 
 void AppendUtf8(std::string& text, char32_t codePoint) {
   if (codePoint < 0x80) {
