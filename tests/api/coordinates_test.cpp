@@ -247,8 +247,21 @@ TEST_F(Coordinates, AScaledGetterIsEmptyWhenTheQuotientOverflows) {
 }
 
 TEST_F(Coordinates, AScaledGetterIsEmptyForAnEngineValueThatIsNoNumber) {
-  for (const ScaledGetter& getter : AllScaledGetters()) {
-    Engine().Answer(getter.property, "breed");
+  for (const Variant& bad : {Variant("breed"), Variant(Missing)}) {
+    for (const ScaledGetter& getter : AllScaledGetters()) {
+      Engine().Answer(getter.property, bad);
+      EXPECT_EQ(getter.read(print), Variant()) << getter.name;
+    }
+  }
+}
+
+TEST_F(Coordinates, ANullOfTheEngineIsAMarginsQuotientButNoDouble) {
+  for (const ScaledGetter& getter : kMarginGetters) {
+    Engine().Answer(getter.property, Null);
+    EXPECT_EQ(getter.read(print), Variant(Null)) << getter.name;
+  }
+  for (const ScaledGetter& getter : kDoubleGetters) {
+    Engine().Answer(getter.property, Null);
     EXPECT_EQ(getter.read(print), Variant()) << getter.name;
   }
 }
