@@ -6,8 +6,9 @@
 namespace pagivo {
 
 // The product keeps the wider of the two kinds (Integer and Single give Single, Long and Single
-// give Double); an overflow widens the result. A numeric text counts as Double, Empty as Integer 0,
-// a Null operand gives Null. Raises TypeMismatch for anything else, Overflow past Double.
+// give Double); an overflow widens the result, a Single's to Double. A numeric text counts as
+// Double, Empty as Integer 0, True as Integer -1; a Null operand gives Null. Raises TypeMismatch
+// for anything else, Overflow past Double.
 Variant Multiply(const Variant& left, const Variant& right);
 
 // The quotient is a Single when both operands are Integer or Single, else a Double; Null as above.

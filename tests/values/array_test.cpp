@@ -45,7 +45,7 @@ TEST(Array, NumbersItsElementsFromTheLowerBound) {
     EXPECT_EQ(array.UpperBound(), lowerBound + 2);
     EXPECT_EQ(array(lowerBound), "a");
     EXPECT_EQ(array(lowerBound + 2), "c");
-    array(lowerBound + 1) = "B";
+    array(lowerBound + 1) = std::string("B");
     EXPECT_EQ(array(lowerBound + 1), "B");
   }
 }
