@@ -1,0 +1,96 @@
+// The switch of the preview's print button.
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "api/api_test.h"
+#include "platform/platform.h"
+
+namespace pagivo::testing {
+namespace {
+
+// Windows whose toolbars report their refreshes.
+class WatchedWindows : public HeadlessWindows {
+ public:
+  std::unique_ptr<ToolbarPeer> MakeToolbarPeer(FormPeer&, Toolbar&) override {
+    return std::make_unique<Peer>(*this);
+  }
+  std::function<void()> atRefresh = [] {};
+
+ private:
+  class Peer : public ToolbarPeer {
+   public:
+    explicit Peer(WatchedWindows& windows) : windows_(windows) {}
+    void Refresh() override { windows_.atRefresh(); }
+
+   private:
+    WatchedWindows& windows_;
+  };
+};
+
+class PrintButton : public ApiTest {
+ protected:
+  PrintButton() { print.VsPPEinde(); }
+
+  // From the next preview window on.
+  std::shared_ptr<WatchedWindows> WatchWindows() {
+    auto windows = std::make_shared<WatchedWindows>();
+    Platform watched = CurrentPlatform();
+    watched.windows = windows;
+    UsePlatform(std::move(watched));
+    return windows;
+  }
+
+  static void ExpectVisible(bool button, bool separator) {
+    EXPECT_EQ(PreviewForm().tbAfdrukken().Button("Afdrukken").visible, button);
+    EXPECT_EQ(PreviewForm().tbAfdrukken().Button("AfdrukkenSep").visible, separator);
+  }
+};
+
+TEST_F(PrintButton, IsShownAtFirst) {
+  ExpectVisible(true, true);
+}
+
+TEST_F(PrintButton, IsHiddenAndShownWithItsSeparator) {
+  print.VsPPAfdrukkenAanUit(true);
+  ExpectVisible(false, false);
+  print.VsPPAfdrukkenAanUit(false);
+  ExpectVisible(true, true);
+}
+
+TEST_F(PrintButton, SwitchingItCreatesAndLoadsTheWindow) {
+  print.VsPPAfdrukkenAanUit(true);
+  EXPECT_EQ(platform.EnginesMade(), 2);
+  EXPECT_TRUE(PreviewForm().IsLoaded());
+  EXPECT_FALSE(PreviewForm().Visible());
+}
+
+TEST_F(PrintButton, SwitchingItRefreshesTheToolbarOnceItIsDone) {
+  int refreshes = 0;
+  WatchWindows()->atRefresh = [&] {
+    ++refreshes;
+    ExpectVisible(false, false);
+  };
+  print.VsPPAfdrukkenAanUit(true);
+  EXPECT_EQ(refreshes, 1);
+}
+
+TEST_F(PrintButton, AFailureReachesTheHostAndKeepsTheStepsDone) {
+  WatchWindows()->atRefresh = [] { throw Error(ErrorNumber::InvalidArgument, "Geen werkbalk"); };
+  try {
+    print.VsPPAfdrukkenAanUit(true);
+    FAIL() << "nothing was raised";
+  } catch (const Error& error) {
+    EXPECT_STREQ(error.what(), "Geen werkbalk");
+  }
+  ExpectVisible(false, false);
+}
+
+TEST_F(PrintButton, IsBackInANewWindow) {
+  print.VsPPAfdrukkenAanUit(true);
+  print.VsPPEinde();
+  ExpectVisible(true, true);
+}
+
+}  // namespace
+}  // namespace pagivo::testing
