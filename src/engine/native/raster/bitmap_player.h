@@ -24,11 +24,28 @@ struct PageView {
   std::int32_t top = 0;
 };
 
+// The widest and highest bitmap that can be drawn into.
+inline constexpr std::int32_t kMaximumBitmapSide = 32767;
+
+// A page's size in pixels; a pixel that the paper covers in part counts.
+struct PixelSize {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+};
+PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip);
+
 // Draws onto white paper into `bitmap`, whose size the caller has set; pixels beyond the paper are
-// left as they are. Glyph bitmaps and prescaled pictures are kept between calls in bounded caches.
+// left as they are. A page drawn in several pieces looks like one drawn whole. Glyph bitmaps and
+// prescaled pictures are kept between calls in bounded caches.
+//
+// Where a bitmap is coarser than what is drawn: lines are at least one pixel wide, and horizontal
+// and vertical ones narrower than two pixels, those of rectangles included, are shifted by up to
+// half a pixel to meet the pixels' edges. Glyphs stand at quarters of a pixel.
+//
+// Raises ErrorNumber::InvalidArgument when the bitmap is larger than kMaximumBitmapSide.
 void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap);
 
-// The whole page at that many dots an inch.
+// The whole page at that many dots an inch. Raises like DrawPage.
 Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch);
 
 }  // namespace pagivo::native

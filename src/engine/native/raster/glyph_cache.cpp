@@ -1,0 +1,97 @@
+#include "engine/native/raster/glyph_cache.h"
+
+#include <algorithm>
+
+namespace pagivo::native {
+namespace {
+
+constexpr FT_Pos kQuarter = static_cast<FT_Pos>(kOutlineUnitsPerPixel / 4);
+
+// At most half of the places are taken, so that a free one is near.
+constexpr std::size_t kPlaces = 2 * GlyphCache::kMaximumGlyphs;
+
+std::uint64_t KeyOf(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
+                    std::uint32_t quarterY) {
+  return std::uint64_t{style + 1} << 36 | std::uint64_t{glyph} << 4 | quarterX << 2 | quarterY;
+}
+
+std::size_t HashOf(std::uint64_t key) {
+  return static_cast<std::size_t>(key * 0x9E3779B97F4A7C15U >> 32) % kPlaces;
+}
+
+// The whole pixels that an outline touches, as FreeType counts them: y up.
+FT_BBox PixelBounds(const FT_Outline& outline) {
+  FT_BBox box{};
+  FT_Outline_Get_CBox(&outline, &box);
+  return {box.xMin >> 6, box.yMin >> 6, (box.xMax + 63) >> 6, (box.yMax + 63) >> 6};
+}
+
+}  // namespace
+
+GlyphCache::GlyphCache() : places_(kPlaces) {}
+
+void GlyphCache::Clear() {
+  std::fill(places_.begin(), places_.end(), Entry{});
+  bytes_.clear();
+  glyphCount_ = 0;
+}
+
+std::uint32_t GlyphCache::Select(const GlyphStyle& style) {
+  const auto found = std::find(styles_.begin(), styles_.end(), style);
+  if (found != styles_.end()) return static_cast<std::uint32_t>(found - styles_.begin());
+  if (styles_.size() == kMaximumStyles) {
+    styles_.clear();
+    Clear();
+  }
+  styles_.push_back(style);
+  return static_cast<std::uint32_t>(styles_.size() - 1);
+}
+
+GlyphCache::Entry& GlyphCache::PlaceOf(std::uint64_t key) {
+  std::size_t place = HashOf(key);
+  while (places_[place].key != 0 && places_[place].key != key) place = (place + 1) % kPlaces;
+  return places_[place];
+}
+
+GlyphBitmap GlyphCache::Find(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
+                             std::uint32_t quarterY) {
+  const std::uint64_t key = KeyOf(style, glyph, quarterX, quarterY);
+  Entry* entry = &PlaceOf(key);
+  if (entry->key == 0) {
+    if (glyphCount_ == kMaximumGlyphs || bytes_.size() >= kMaximumBytes) Clear();
+    entry = &PlaceOf(key);
+    *entry = Rasterize(style, glyph, quarterX, quarterY);
+    entry->key = key;
+    ++glyphCount_;
+  }
+  return {{bytes_.data() + entry->begin, entry->width, entry->height}, entry->left, entry->top};
+}
+
+GlyphCache::Entry GlyphCache::Rasterize(std::uint32_t style, std::uint32_t glyph,
+                                        std::uint32_t quarterX, std::uint32_t quarterY) {
+  Entry entry;
+  FT_Outline* outline = LoadGlyphOutline(styles_[style], glyph);
+  if (outline == nullptr) return entry;
+  FT_Outline_Translate(outline, FT_Pos{quarterX} * kQuarter, -FT_Pos{quarterY} * kQuarter);
+  const FT_BBox box = PixelBounds(*outline);
+  if (box.xMax - box.xMin > kMaximumSide || box.yMax - box.yMin > kMaximumSide) return entry;
+  entry.begin = static_cast<std::uint32_t>(bytes_.size());
+  entry.left = static_cast<std::int16_t>(box.xMin);
+  entry.top = static_cast<std::int16_t>(-box.yMax);
+  entry.width = static_cast<std::int16_t>(box.xMax - box.xMin);
+  entry.height = static_cast<std::int16_t>(box.yMax - box.yMin);
+  bytes_.resize(bytes_.size() + static_cast<std::size_t>(entry.width * entry.height));
+
+  FT_Bitmap bitmap{};
+  bitmap.rows = static_cast<unsigned>(entry.height);
+  bitmap.width = static_cast<unsigned>(entry.width);
+  bitmap.pitch = entry.width;
+  bitmap.buffer = bytes_.data() + entry.begin;
+  bitmap.num_grays = 256;
+  bitmap.pixel_mode = FT_PIXEL_MODE_GRAY;
+  FT_Outline_Translate(outline, -box.xMin * 64, -box.yMin * 64);
+  FT_Outline_Get_Bitmap(styles_[style].face->FreeType()->glyph->library, outline, &bitmap);
+  return entry;
+}
+
+}  // namespace pagivo::native

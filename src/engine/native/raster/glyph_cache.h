@@ -1,0 +1,63 @@
+// Glyph bitmaps, made when they are first needed.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/native/raster/canvas.h"
+#include "engine/native/raster/glyph_outline.h"
+
+namespace pagivo::native {
+
+// A glyph's shape and where its upper left pixel lies, seen from the pixel of the pen position.
+struct GlyphBitmap {
+  Coverage coverage;
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+};
+
+// Keeps bitmaps until their bytes or their number reach the bound; then it starts anew, which costs
+// little: a page needs a few hundred.
+class GlyphCache {
+ public:
+  static constexpr std::size_t kMaximumBytes = std::size_t{16} << 20;
+  static constexpr std::size_t kMaximumGlyphs = std::size_t{1} << 15;
+  static constexpr std::size_t kMaximumStyles = 64;
+  // Pixels; what is larger, which no sane face holds, stays blank.
+  static constexpr std::int32_t kMaximumSide = 2048;
+
+  GlyphCache();
+
+  // A number for the style, which holds until the next call.
+  std::uint32_t Select(const GlyphStyle& style);
+
+  // The glyph in a selected style, its pen position at that quarter (0 to 3) of a pixel to the
+  // right and below the pixel's corner. Holds until the next call.
+  GlyphBitmap Find(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
+                   std::uint32_t quarterY);
+
+  std::size_t Bytes() const noexcept { return bytes_.size(); }
+  std::size_t GlyphCount() const noexcept { return glyphCount_; }
+
+ private:
+  struct Entry {
+    std::uint64_t key = 0;  // 0 is a free place
+    std::uint32_t begin = 0;
+    std::int16_t left = 0;
+    std::int16_t top = 0;
+    std::int16_t width = 0;
+    std::int16_t height = 0;
+  };
+
+  Entry& PlaceOf(std::uint64_t key);
+  void Clear();
+  Entry Rasterize(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
+                  std::uint32_t quarterY);
+
+  std::vector<GlyphStyle> styles_;
+  std::vector<Entry> places_;  // by the key's hash, the next free one when taken
+  std::vector<std::uint8_t> bytes_;
+  std::size_t glyphCount_ = 0;
+};
+
+}  // namespace pagivo::native

@@ -1,0 +1,37 @@
+// From twips on a page to the page's pixels.
+#pragma once
+
+#include "engine/native/geometry.h"
+#include "engine/native/raster/canvas.h"
+
+namespace pagivo::native {
+
+// What lies further out is drawn as if it lay here. It keeps numbers within what cairo can count
+// and the number of dashes small.
+inline constexpr float kFarthestTwips = 1e6F;
+
+// A number that is none lies at the lower end.
+constexpr float WithinReach(float twips) {
+  if (!(twips > -kFarthestTwips)) return -kFarthestTwips;
+  return twips < kFarthestTwips ? twips : kFarthestTwips;
+}
+
+class PageScale {
+ public:
+  explicit PageScale(double pixelsPerTwip) : pixelsPerTwip_(pixelsPerTwip) {}
+
+  double PixelsPerTwip() const noexcept { return pixelsPerTwip_; }
+  double Pixels(double twips) const noexcept { return twips * pixelsPerTwip_; }
+  double PixelAt(float twips) const noexcept { return Pixels(double{WithinReach(twips)}); }
+
+  // Its edges stand as they were given.
+  PixelRectangle Pixels(const Rectangle& rectangle) const noexcept {
+    return {PixelAt(rectangle.x1), PixelAt(rectangle.y1), PixelAt(rectangle.x2),
+            PixelAt(rectangle.y2)};
+  }
+
+ private:
+  double pixelsPerTwip_;
+};
+
+}  // namespace pagivo::native

@@ -1,0 +1,156 @@
+#include "engine/native/raster/text_painter.h"
+
+#include <cmath>
+
+namespace pagivo::native {
+namespace {
+
+// Larger glyphs are few and their bitmaps large: they are filled as figures.
+constexpr double kLargestCachedEm = 100;
+
+// How far, in em, a glyph may reach from where it stands; more than any face has need of.
+constexpr double kGlyphReach = 16;
+
+GlyphCache& Glyphs() {
+  static GlyphCache glyphs;
+  return glyphs;
+}
+
+// Lines are drawn one at a time, so they can share the storage.
+ShapedLine& SharedLine() {
+  static ShapedLine line;
+  return line;
+}
+
+struct QuarterPixel {
+  std::int32_t pixel = 0;
+  std::uint32_t quarter = 0;
+};
+
+QuarterPixel NearestQuarter(double position) {
+  const auto quarters = static_cast<std::int32_t>(std::floor(position * 4 + 0.5));
+  return {quarters >> 2, static_cast<std::uint32_t>(quarters & 3)};
+}
+
+// Hands an outline's curves to cairo.
+struct OutlinePath {
+  cairo_t* cairo;
+  double x, y;  // of the pen position
+  bool open = false;
+
+  double X(const FT_Vector& point) const {
+    return x + static_cast<double>(point.x) / kOutlineUnitsPerPixel;
+  }
+  double Y(const FT_Vector& point) const {
+    return y - static_cast<double>(point.y) / kOutlineUnitsPerPixel;
+  }
+};
+
+int MoveTo(const FT_Vector* to, void* user) {
+  auto& path = *static_cast<OutlinePath*>(user);
+  if (path.open) cairo_close_path(path.cairo);
+  path.open = true;
+  cairo_move_to(path.cairo, path.X(*to), path.Y(*to));
+  return 0;
+}
+
+int LineTo(const FT_Vector* to, void* user) {
+  const auto& path = *static_cast<OutlinePath*>(user);
+  cairo_line_to(path.cairo, path.X(*to), path.Y(*to));
+  return 0;
+}
+
+int CubicTo(const FT_Vector* control1, const FT_Vector* control2, const FT_Vector* to, void* user) {
+  const auto& path = *static_cast<OutlinePath*>(user);
+  cairo_curve_to(path.cairo, path.X(*control1), path.Y(*control1), path.X(*control2),
+                 path.Y(*control2), path.X(*to), path.Y(*to));
+  return 0;
+}
+
+// A quadratic curve is the cubic one whose controls lie two thirds of the way to its own.
+int QuadraticTo(const FT_Vector* control, const FT_Vector* to, void* user) {
+  const auto& path = *static_cast<OutlinePath*>(user);
+  double fromX = 0;
+  double fromY = 0;
+  cairo_get_current_point(path.cairo, &fromX, &fromY);
+  const auto towards = [](double from, double to_) { return from + (to_ - from) * 2 / 3; };
+  const double controlX = path.X(*control);
+  const double controlY = path.Y(*control);
+  const double toX = path.X(*to);
+  const double toY = path.Y(*to);
+  cairo_curve_to(path.cairo, towards(fromX, controlX), towards(fromY, controlY),
+                 towards(toX, controlX), towards(toY, controlY), toX, toY);
+  return 0;
+}
+
+}  // namespace
+
+void TextPainter::SetFont(const FontDescription& font) {
+  font_ = &FontLibrary::Instance().Find(font.name, font.bold, font.italic);
+  underlined_ = font.underline;
+  emPixels_ = scale_.Pixels(double{WithinReach(font.size)} * kTwipsPerPoint);
+}
+
+// Accents and descenders may leave the line by an em.
+bool TextPainter::IsOutsideClip(Point position) const {
+  const double top = scale_.PixelAt(position.y) - emPixels_;
+  const double bottom = top + (font_->Metrics().lineSpacing + 2) * emPixels_;
+  return bottom < canvas_.Clip().top || top > canvas_.Clip().bottom ||
+         scale_.PixelAt(position.x) - kGlyphReach * emPixels_ > canvas_.Clip().right;
+}
+
+void TextPainter::Draw(Point position, std::string_view text) {
+  if (!(emPixels_ > 0) || IsOutsideClip(position)) return;
+  ShapedLine& line = SharedLine();
+  font_->Shape(text, line);
+  const double baseline = scale_.PixelAt(position.y) + font_->Metrics().ascent * emPixels_;
+  const double left = scale_.PixelAt(position.x);
+  double x = left;
+  for (const ShapedRun& run : line.runs) DrawRun(run, baseline, x);
+  if (underlined_) DrawUnderline(left, x, baseline);
+}
+
+void TextPainter::DrawRun(const ShapedRun& run, double baseline, double& x) {
+  const GlyphStyle style{run.face, static_cast<float>(emPixels_), run.emboldened, run.slanted};
+  const std::uint32_t selected = Glyphs().Select(style);
+  const double unit = emPixels_ / run.face->UnitsPerEm();
+  for (std::uint32_t index = run.glyphBegin; index < run.glyphEnd; ++index) {
+    const ShapedGlyph& glyph = SharedLine().glyphs[index];
+    DrawGlyph(style, selected, glyph.glyph, x + glyph.xOffset * unit,
+              baseline - glyph.yOffset * unit);
+    x += glyph.advance * unit;
+  }
+}
+
+void TextPainter::DrawGlyph(const GlyphStyle& style, std::uint32_t selected, std::uint32_t glyph,
+                            double x, double y) {
+  const double reach = kGlyphReach * emPixels_;
+  if (x + reach < canvas_.Clip().left || x - reach > canvas_.Clip().right) return;
+  if (emPixels_ > kLargestCachedEm) return DrawOutline(style, glyph, x, y);
+  const QuarterPixel column = NearestQuarter(x);
+  const QuarterPixel row = NearestQuarter(y);
+  const GlyphBitmap bitmap = Glyphs().Find(selected, glyph, column.quarter, row.quarter);
+  canvas_.DrawCoverage(bitmap.coverage, column.pixel + bitmap.left, row.pixel + bitmap.top, color_);
+}
+
+void TextPainter::DrawOutline(const GlyphStyle& style, std::uint32_t glyph, double x, double y) {
+  FT_Outline* outline = LoadGlyphOutline(style, glyph);
+  if (outline == nullptr) return;
+  constexpr FT_Outline_Funcs kFunctions{MoveTo, LineTo, QuadraticTo, CubicTo, 0, 0};
+  OutlinePath path{canvas_.Vectors(), x, y};
+  cairo_new_path(path.cairo);
+  FT_Outline_Decompose(outline, &kFunctions, &path);
+  cairo_set_source_rgb(path.cairo, RedOf(color_) / 255.0, GreenOf(color_) / 255.0,
+                       BlueOf(color_) / 255.0);
+  cairo_set_fill_rule(path.cairo, CAIRO_FILL_RULE_WINDING);
+  cairo_fill(path.cairo);
+}
+
+void TextPainter::DrawUnderline(double left, double right, double baseline) {
+  const FontMetrics& metrics = font_->Metrics();
+  const double middle = baseline + metrics.underlinePosition * emPixels_;
+  const double half = metrics.underlineThickness * emPixels_ / 2;
+  canvas_.FillRectangle({left, middle - half, right, middle + half}, color_);
+}
+
+}  // namespace pagivo::native

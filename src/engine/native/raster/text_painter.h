@@ -1,0 +1,39 @@
+// Text on a canvas.
+#pragma once
+
+#include <string_view>
+
+#include "engine/native/document/display_list.h"
+#include "engine/native/fonts/font_library.h"
+#include "engine/native/raster/canvas.h"
+#include "engine/native/raster/glyph_cache.h"
+#include "engine/native/raster/page_scale.h"
+
+namespace pagivo::native {
+
+class TextPainter {
+ public:
+  TextPainter(Canvas& canvas, const PageScale& scale) : canvas_(canvas), scale_(scale) {}
+
+  void SetFont(const FontDescription& font);
+  void SetColor(Color color) { color_ = color; }
+  // One line, its top left at `position`.
+  void Draw(Point position, std::string_view text);
+
+ private:
+  bool IsOutsideClip(Point position) const;
+  void DrawRun(const ShapedRun& run, double baseline, double& x);
+  void DrawGlyph(const GlyphStyle& style, std::uint32_t selected, std::uint32_t glyph, double x,
+                 double y);
+  void DrawOutline(const GlyphStyle& style, std::uint32_t glyph, double x, double y);
+  void DrawUnderline(double left, double right, double baseline);
+
+  Canvas& canvas_;
+  const PageScale& scale_;
+  Font* font_ = nullptr;
+  bool underlined_ = false;
+  double emPixels_ = 0;
+  Color color_ = 0;
+};
+
+}  // namespace pagivo::native
