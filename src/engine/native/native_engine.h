@@ -39,7 +39,7 @@ class NativeEngine final : public PrintEngine {
   ~NativeEngine() override;
 
   // The pages recorded so far; no pages before the first StartDoc. Replaced by StartDoc.
-  const Document& CurrentDocument() const noexcept { return *document_; }
+  const Document& GetDocument() const noexcept { return *document_; }
   // The document has been ended. A page may be reopened.
   bool IsComplete() const noexcept;
   // The size of the preview surface, screen twips.

@@ -25,7 +25,7 @@ void NativePdfExporter::ExportPdf(const ObjectRef& engine, const std::string& fi
     Refuse(ErrorNumber::NoDocument, fileName, "er is geen afgesloten document");
   }
   if (lastPage < 1) Refuse(ErrorNumber::PageOutOfRange, fileName, "er zijn geen pagina's");
-  const Document& document = native->CurrentDocument();
+  const Document& document = native->GetDocument();
   if (firstPage < 1 || firstPage > lastPage || lastPage > document.PageCount()) {
     Refuse(ErrorNumber::PageOutOfRange, fileName,
            "het document heeft geen pagina's " + std::to_string(firstPage) + " tot en met " +

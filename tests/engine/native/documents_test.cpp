@@ -145,12 +145,12 @@ TEST_F(DocumentsTest, NewMarginsDoNotMoveThePrintPosition) {
 TEST_F(DocumentsTest, TheNameBecomesTheTitleOfThisAndLaterDocuments) {
   engine->PutDocName("Voor");
   engine->StartDoc();
-  EXPECT_EQ(engine->CurrentDocument().Title(), "Voor");
+  EXPECT_EQ(engine->GetDocument().Title(), "Voor");
   engine->PutDocName(" Rapport ");
-  EXPECT_EQ(engine->CurrentDocument().Title(), " Rapport ");
+  EXPECT_EQ(engine->GetDocument().Title(), " Rapport ");
   engine->EndDoc();
   engine->StartDoc();
-  EXPECT_EQ(engine->CurrentDocument().Title(), " Rapport ");
+  EXPECT_EQ(engine->GetDocument().Title(), " Rapport ");
 }
 
 std::vector<std::function<void(NativeEngine&)>> DrawingOperations() {

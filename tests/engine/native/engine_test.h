@@ -15,8 +15,8 @@ namespace pagivo::native {
 class EngineTest : public testing::Test {
  protected:
   // The page being composed, or the one of that number.
-  std::string Page() { return Page(engine->CurrentDocument().PageCount()); }
-  std::string Page(std::int32_t page) { return TracePage(engine->CurrentDocument(), page); }
+  std::string Page() { return Page(engine->GetDocument().PageCount()); }
+  std::string Page(std::int32_t page) { return TracePage(engine->GetDocument(), page); }
 
   std::shared_ptr<NativeEngine> engine = std::make_shared<NativeEngine>();
 };

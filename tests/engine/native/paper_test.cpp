@@ -14,7 +14,7 @@ class PaperTest : public EngineTest {
     EXPECT_EQ(engine->GetPageWidth(), Variant(width));
     EXPECT_EQ(engine->GetPageHeight(), Variant(height));
   }
-  PageGeometry GeometryOf(std::int32_t page) { return engine->CurrentDocument().GeometryOf(page); }
+  PageGeometry GeometryOf(std::int32_t page) { return engine->GetDocument().GeometryOf(page); }
 };
 
 constexpr PageGeometry kA4{11906, 16838};

@@ -1,0 +1,20 @@
+#include "engine/native/native_engine.h"
+#include "engine/native/native_pdf_exporter.h"
+#include "engine/native/pictures/picture_loader.h"
+#include "platform/platform.h"
+#include "window/headless/headless_windows.h"
+
+namespace pagivo {
+
+Platform NativePlatform() {
+  return {
+      .windows = std::make_shared<HeadlessWindows>(),
+      .makeEngine = [] { return std::make_shared<native::NativeEngine>(); },
+      .makePdfExporter = [] { return std::make_shared<native::NativePdfExporter>(); },
+      .loadPicture = native::LoadPictureFile,
+      .decodePicture = native::DecodePicture,
+      .defaultPrinter = [] { return std::string(); },
+  };
+}
+
+}  // namespace pagivo
