@@ -1,15 +1,14 @@
 #include "engine/native/pictures/file_structure.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <tuple>
 
 #include "engine/native/pictures/picture_format.h"
 
 namespace pagivo::native {
 namespace {
-
-void Append(std::vector<std::uint8_t>& target, PictureBytes bytes) {
-  target.insert(target.end(), bytes.begin(), bytes.end());
-}
 
 // --- BMP
 
@@ -95,11 +94,14 @@ IconEntry ReadIconEntry(PictureBytes bytes, std::size_t index) {
 }
 
 std::vector<std::uint8_t> IconFileOf(const IconEntry& icon) {
-  std::vector<std::uint8_t> file{0, 0, 1, 0, 1, 0};
-  Append(file, icon.entry.first(kIconEntrySize - 4));
   constexpr std::uint8_t kImageOffset = kIconHeaderSize + kIconEntrySize;
-  file.insert(file.end(), {kImageOffset, 0, 0, 0});
-  Append(file, icon.image);
+  std::array<std::uint8_t, kImageOffset> header{0, 0, 1, 0, 1};  // an icon of one picture
+  std::copy(icon.entry.begin(), icon.entry.end() - 4, header.begin() + kIconHeaderSize);
+  header[kImageOffset - 4] = kImageOffset;
+  std::vector<std::uint8_t> file;
+  file.reserve(header.size() + icon.image.size());
+  std::copy(header.begin(), header.end(), std::back_inserter(file));
+  std::copy(icon.image.begin(), icon.image.end(), std::back_inserter(file));
   return file;
 }
 
@@ -117,8 +119,8 @@ std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes) {
   std::size_t at = kGifScreenEnd + ColorTableSize(screen[10]);
   while (Slice(bytes, at, 1)[0] == kGifExtension) at = EndOfGifBlocks(bytes, at + 2);
   if (bytes[at] != kGifImage) RefuseDamaged();
-  std::vector<std::uint8_t> file;
-  Append(file, bytes.first(EndOfGifImage(bytes, at)));
+  const PictureBytes frame = bytes.first(EndOfGifImage(bytes, at));
+  std::vector<std::uint8_t> file(frame.begin(), frame.end());
   file.push_back(kGifTrailer);
   return file;
 }
