@@ -8,16 +8,6 @@ namespace {
 
 constexpr double kSectorAngle = 2 * std::numbers::pi / kSectorCount;
 
-// The mean at a point straight downwind of the middle of `sector`, from which the wind comes.
-double MeanFromSector(const Site& site, std::size_t sector, double distance) {
-  double mean = 0;
-  for (const Stability stability : kStabilities) {
-    mean += site.windRose.frequency[sector][IndexOf(stability)] *
-            SectorMean(PlumeOf(site, stability), distance, kSectorAngle);
-  }
-  return mean;
-}
-
 }  // namespace
 
 double WindRose::OfSector(std::size_t sector) const {
@@ -56,7 +46,23 @@ Plume PlumeOf(const Site& site, Stability stability) {
           .terrain = site.terrain};
 }
 
-double YearlyMean(const Site& site, double east, double north) {
+YearlyField::YearlyField(const Site& site) : windRose_(site.windRose) {
+  for (const Stability stability : kStabilities) {
+    plumes_[IndexOf(stability)] = PlumeOf(site, stability);
+  }
+}
+
+// At a point straight downwind of the middle of `sector`, from which the wind comes.
+double YearlyField::FromSector(std::size_t sector, double distance) const {
+  double mean = 0;
+  for (std::size_t i = 0; i < kStabilityCount; ++i) {
+    const double frequency = windRose_.frequency[sector][i];
+    if (frequency > 0) mean += frequency * SectorMean(plumes_[i], distance, kSectorAngle);
+  }
+  return mean;
+}
+
+double YearlyField::At(double east, double north) const {
   const double distance = std::hypot(east, north);
   if (distance <= 0) return 0;
   // The wind that carries the plume to this point comes from the opposite bearing.
@@ -64,8 +70,8 @@ double YearlyMean(const Site& site, double east, double north) {
   const double position = bearingOfWind / kSectorAngle;
   const double share = position - std::floor(position);
   const auto sector = static_cast<std::size_t>(position) % kSectorCount;
-  return (1 - share) * MeanFromSector(site, sector, distance) +
-         share * MeanFromSector(site, (sector + 1) % kSectorCount, distance);
+  return (1 - share) * FromSector(sector, distance) +
+         share * FromSector((sector + 1) % kSectorCount, distance);
 }
 
 WorstHour WorstHourAt(const Site& site, double distance) {

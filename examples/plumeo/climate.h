@@ -37,9 +37,21 @@ struct Site {
 Air AirOf(const Site& site, Stability stability);
 Plume PlumeOf(const Site& site, Stability stability);
 
-// The year's mean on the ground in g/m3 at `east` and `north` metres from the stack. The sectors'
-// means are interpolated linearly between the sectors' middles.
-double YearlyMean(const Site& site, double east, double north);
+// The year's mean around the stack.
+class YearlyField {
+ public:
+  explicit YearlyField(const Site& site);
+
+  // On the ground in g/m3 at `east` and `north` metres from the stack. The sectors' means are
+  // interpolated linearly between the sectors' middles.
+  double At(double east, double north) const;
+
+ private:
+  double FromSector(std::size_t sector, double distance) const;
+
+  WindRose windRose_;
+  std::array<Plume, kStabilityCount> plumes_;
+};
 
 // The highest mean over one hour in any class with the wind straight from the stack to that
 // point: the worst hour, in g/m3.

@@ -39,6 +39,15 @@ std::string Significant(double value, int digits) {
   return Fixed(value, std::clamp(digits - 1 - magnitude, 0, 12));
 }
 
+std::string Shortest(double value) {
+  int decimals = 0;
+  double scaled = value;
+  while (decimals < 6 && std::abs(scaled - std::round(scaled)) > 1e-6) {
+    scaled = value * std::pow(10, ++decimals);
+  }
+  return Fixed(value, decimals);
+}
+
 std::string Percent(double share, int decimals) {
   return Fixed(100 * share, decimals);
 }

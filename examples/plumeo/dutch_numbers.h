@@ -13,6 +13,9 @@ std::string Fixed(double value, int decimals);
 // As many decimals as give about that many significant digits: "0,0417", "12,3", "1.235".
 std::string Significant(double value, int digits);
 
+// No more decimals than the value needs, at most six: "0,15", "20".
+std::string Shortest(double value);
+
 // A share of one as a percentage without its sign: 0.125 gives "12,5".
 std::string Percent(double share, int decimals);
 

@@ -1,5 +1,5 @@
 // Plumeo: reads its input, calculates, and hands over the report.
-#include <cstdint>
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -9,6 +9,7 @@
 #include "command_line.h"
 #include "dutch_numbers.h"
 #include "input.h"
+#include "pagivo/page_image.h"
 #include "pagivo/pg_print.h"
 #include "report.h"
 #include "results.h"
@@ -24,6 +25,18 @@ void WritePdf(pagivo::PgPrint& print, const std::string& path) {
             << plumeo::Fixed(size / 1024, 0) << " kB\n";
 }
 
+// As "blad_01.png" and so on; creates the folder.
+void WriteImages(const plumeo::CommandLine& commandLine, int pages) {
+  std::filesystem::create_directories(commandLine.imageFolder);
+  const int wanted = commandLine.imagePages == 0 ? pages : commandLine.imagePages;
+  for (int page = 1; page <= std::min(wanted, pages); ++page) {
+    const std::string number = (page < 10 ? "0" : "") + std::to_string(page);
+    pagivo::WritePagePng(page, commandLine.imageDpi,
+                         commandLine.imageFolder + "/blad_" + number + ".png");
+  }
+  std::cout << commandLine.imageFolder << ": " << std::min(wanted, pages) << " afbeeldingen\n";
+}
+
 void Run(const plumeo::CommandLine& commandLine) {
   const std::string input =
       commandLine.input.empty() ? std::string(kFolder) + "/invoer.txt" : commandLine.input;
@@ -33,6 +46,9 @@ void Run(const plumeo::CommandLine& commandLine) {
   plumeo::ComposeReport(print, project, results,
                         {.pictureFolder = kFolder, .watermark = commandLine.watermark});
   WritePdf(print, commandLine.pdf);
+  if (!commandLine.imageFolder.empty()) {
+    WriteImages(commandLine, print.VsPPGetPageCount() - 1);
+  }
   print.VsPPEinde();
 }
 

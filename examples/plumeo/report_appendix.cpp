@@ -60,7 +60,7 @@ void ComposeReferences(Report& report) {
 
 void ComposeInputListing(Report& report) {
   Flow& flow = report.flow;
-  constexpr double kLeading = 3.75;
+  constexpr double kLeading = 3.4;
   const Style listing{.font = kFixedWidth, .size = 7.5};
   const Style lineNumber{.font = kFixedWidth, .size = 7.5, .colour = kMuted};
   flow.Chapter("Invoerbestand");

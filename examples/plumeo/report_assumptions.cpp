@@ -85,9 +85,6 @@ void ComposeWeather(Report& report) {
 
 void ComposeReceptors(Report& report) {
   Flow& flow = report.flow;
-  flow.Need(30 + 5.4 * static_cast<double>(report.results.receptors.size()));
-  flow.Section("Toetspunten");
-  flow.TableCaption("Ligging van de toetspunten ten opzichte van de schoorsteen");
   Table table{.columns = {{"Toetspunt", "", 62, Align::Left},
                           {"Oost", "m", 22},
                           {"Noord", "m", 22},
@@ -98,6 +95,9 @@ void ComposeReceptors(Report& report) {
                           Fixed(result.receptor.north, 0), Fixed(result.distance, 0),
                           Fixed(result.bearing, 0)});
   }
+  flow.Need(HeightOf(table) + kHeadingAndCaption);
+  flow.Section("Toetspunten");
+  flow.TableCaption("Ligging van de toetspunten ten opzichte van de schoorsteen");
   DrawTable(flow, table);
 }
 

@@ -117,7 +117,7 @@ void Chart::DrawMarker(Point value, std::int32_t colour) {
   sheet_.FillCircle(Position(value), 0.8, colour);
 }
 
-void Chart::DrawLegend(const std::vector<LegendEntry>& entries) {
+void Chart::DrawLegend(const std::vector<LegendEntry>& entries, Corner place) {
   constexpr double kLeading = 4.6;
   constexpr double kSample = 9;
   std::vector<RichLine> lines;
@@ -126,10 +126,11 @@ void Chart::DrawLegend(const std::vector<LegendEntry>& entries) {
     lines.emplace_back(sheet_, entry.markup, kSmall);
     width = std::max(width, lines.back().Width());
   }
-  const double height = kLeading * static_cast<double>(entries.size());
-  const Point corner{bottomRight_.x - width - kSample - 8, topLeft_.y + 1.5};
-  sheet_.FillBox(corner, {bottomRight_.x - 1.5, corner.y + height + 2}, kWhite);
-  sheet_.Box(corner, {bottomRight_.x - 1.5, corner.y + height + 2}, kThinRule);
+  const double height = kLeading * static_cast<double>(entries.size()) + 2;
+  const double top = place == Corner::UpperRight ? topLeft_.y + 1.5 : bottomRight_.y - 1.5 - height;
+  const Point corner{bottomRight_.x - width - kSample - 8, top};
+  sheet_.FillBox(corner, {bottomRight_.x - 1.5, top + height}, kWhite);
+  sheet_.Box(corner, {bottomRight_.x - 1.5, top + height}, kThinRule);
   double baseline = corner.y + 4.2;
   for (std::size_t i = 0; i < entries.size(); ++i) {
     sheet_.Line({corner.x + 2, baseline - 1.1}, {corner.x + 2 + kSample, baseline - 1.1},

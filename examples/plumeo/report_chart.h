@@ -37,8 +37,9 @@ class Chart {
   // Cut off at the plotting area's edges, both ways.
   void DrawSeries(const std::vector<Point>& values, const Pen& pen);
   void DrawMarker(Point value, std::int32_t colour);
-  // In the upper right corner, on a white ground.
-  void DrawLegend(const std::vector<LegendEntry>& entries);
+  enum class Corner { UpperRight, LowerRight };
+  // On a white ground.
+  void DrawLegend(const std::vector<LegendEntry>& entries, Corner corner = Corner::UpperRight);
 
   Point Position(Point value) const;
 

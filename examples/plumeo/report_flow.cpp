@@ -13,6 +13,7 @@ constexpr double kFormulaIndent = 8;
 // How far a fraction reaches above and below the formula's baseline, with air.
 constexpr double kTallAscent = 6.2;
 constexpr double kTallDescent = 5.2;
+constexpr double kPowerRise = 2.6;
 constexpr double kMathAxis = 1.35;  // the fraction's bar above the baseline
 
 }  // namespace
@@ -27,6 +28,10 @@ FormulaPiece Fraction(std::string numerator, std::string denominator) {
 
 FormulaPiece Tall(std::string delimiter) {
   return {FormulaPiece::Kind::Tall, std::move(delimiter), {}};
+}
+
+FormulaPiece Power(std::string exponent) {
+  return {FormulaPiece::Kind::Power, "^{" + std::move(exponent) + "}", {}};
 }
 
 Flow::Flow(pagivo::PgPrint& print, std::string runningTitle)
@@ -97,7 +102,7 @@ void Flow::Section(const std::string& title) {
 }
 
 void Flow::Lines(std::string_view markup, double left) {
-  const auto lines = BreakLines(sheet_, ParseMarkup(markup), kBody, kTextRight - left);
+  const auto lines = BreakLines(sheet_, ParseMarkup(markup), kBody, Right() - left);
   for (const RichText& line : lines) {
     Need(kBodyLeading);
     RichLine(sheet_, line, kBody).Draw(sheet_, left, y_);
@@ -118,9 +123,10 @@ void Flow::Bullet(std::string_view markup) {
 }
 
 double Flow::DrawPiece(const FormulaPiece& piece, double x, double baseline) {
-  if (piece.kind == FormulaPiece::Kind::Inline) {
+  if (piece.kind == FormulaPiece::Kind::Inline || piece.kind == FormulaPiece::Kind::Power) {
     const RichLine line(sheet_, piece.markup, kFormulaStyle);
-    line.Draw(sheet_, x, baseline);
+    const double rise = piece.kind == FormulaPiece::Kind::Power ? kPowerRise : 0;
+    line.Draw(sheet_, x, baseline - rise);
     return x + line.Width();
   }
   if (piece.kind == FormulaPiece::Kind::Tall) {
@@ -151,7 +157,7 @@ void Flow::Formula(const std::vector<FormulaPiece>& pieces) {
   for (const FormulaPiece& piece : pieces) x = DrawPiece(piece, x, baseline) + 0.4;
   ++formulas_;
   const std::string number = "(" + std::to_string(chapter_) + "." + std::to_string(formulas_) + ")";
-  sheet_.TextRight(number, kTextRight, baseline, kBody);
+  sheet_.TextRight(number, Right(), baseline, kBody);
   y_ = baseline + descent + 4.6;
 }
 

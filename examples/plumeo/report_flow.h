@@ -23,9 +23,10 @@ struct Heading {
   bool isChapter = false;
 };
 
-// A piece of a displayed formula: a line of rich text, a fraction, or a delimiter as tall as one.
+// A piece of a displayed formula: a line of rich text, a fraction, a delimiter as tall as one, or
+// the exponent of what such delimiters hold.
 struct FormulaPiece {
-  enum class Kind { Inline, Fraction, Tall };
+  enum class Kind { Inline, Fraction, Tall, Power };
   Kind kind = Kind::Inline;
   std::string markup;       // of a fraction, its numerator
   std::string denominator;  // of a fraction
@@ -34,6 +35,7 @@ struct FormulaPiece {
 FormulaPiece Inline(std::string markup);
 FormulaPiece Fraction(std::string numerator, std::string denominator);
 FormulaPiece Tall(std::string delimiter);
+FormulaPiece Power(std::string exponent);
 
 // Begins the document's pages. Every page is ended by what follows it: the next one, or End.
 class Flow {

@@ -95,9 +95,6 @@ void ComposeDistanceTable(Report& report) {
   Flow& flow = report.flow;
   constexpr double kDistances[] = {100,  200,  300,  400,  500,  700,    1000,   1500,
                                    2000, 3000, 4000, 5000, 7000, 10'000, 15'000, 20'000};
-  flow.Section("Concentraties op vaste afstanden");
-  flow.TableCaption(std::string("Uurgemiddelde op de grond onder de as van de pluim, in ") +
-                    kMicrogramUnit);
   Table table{.columns = {{"Afstand", "m", 28}}};
   for (const Stability stability : kStabilities) {
     table.columns.push_back({std::string("klasse ") + LetterOf(stability), kMicrogramUnit, 21});
@@ -109,7 +106,10 @@ void ComposeDistanceTable(Report& report) {
     }
     table.rows.push_back(std::move(row));
   }
-  flow.Need(HeightOf(table) + 4);
+  flow.Need(HeightOf(table) + kHeadingAndCaption);
+  flow.Section("Concentraties op vaste afstanden");
+  flow.TableCaption(std::string("Uurgemiddelde op de grond onder de as van de pluim, in ") +
+                    kMicrogramUnit);
   DrawTable(flow, table);
 }
 
@@ -161,27 +161,52 @@ void ComposeCrosswind(Report& report) {
   DrawCrosswindChart(report);
 }
 
-void ComposeHourMap(Report& report) {
-  Flow& flow = report.flow;
-  constexpr double kLength = 8000;
+// The worst class, that of the design and the most stable one, each once.
+std::vector<Stability> MappedClasses(const Report& report) {
+  std::vector<Stability> classes = {report.results.Worst().stability};
+  for (const Stability stability : {report.project.designClass, Stability::F}) {
+    if (std::find(classes.begin(), classes.end(), stability) == classes.end()) {
+      classes.push_back(stability);
+    }
+  }
+  return classes;
+}
+
+void DrawHourMap(Report& report, Stability stability, const std::vector<double>& levels) {
+  constexpr double kBehind = 200;
+  constexpr double kAhead = 7800;
   constexpr double kHalfBreadth = 1000;
-  const Plume& plume = report.results.Of(report.project.designClass).plume;
-  flow.Need(84);
-  flow.Section("Kaart van een uur");
-  flow.Paragraph(std::string("De kaart toont de pluim in klasse ") +
-                 LetterOf(report.project.designClass) + " tijdens één uur, bij een wind van " +
-                 WithUnit(Fixed(plume.windSpeed, 1), "m/s") +
-                 " ter hoogte van de mond. De schoorsteen staat links; de schaal is in beide "
-                 "richtingen gelijk.");
-  ConcentrationMap map(flow.Paper(), {kTextLeft + 12, flow.Top() + 2}, kTextWidth - 12,
-                       {{0, -kHalfBreadth}, {kLength, kHalfBreadth}}, [&plume](Point at) {
-                         return Concentration(plume, at.x, at.y, 0) * kMicrogramsPerGram;
-                       });
-  map.DrawAreas();
-  map.DrawFrame({0, 1000, 2000, 3000, 4000, 5000, 6000, 7000, 8000}, {-1000, -500, 0, 500, 1000});
+  constexpr double kSpacing = 25;
+  Flow& flow = report.flow;
+  const Plume& plume = report.results.Of(stability).plume;
+  ConcentrationMap map(flow.Paper(), {kTextLeft + 12, flow.Top() + 3}, kTextWidth - 12,
+                       {{-kBehind, -kHalfBreadth}, {kAhead, kHalfBreadth}});
+  flow.Paper().Text(std::string("Klasse ") + LetterOf(stability) + ", wind " +
+                        WithUnit(Fixed(plume.windSpeed, 1), "m/s") + ", effectieve hoogte " +
+                        WithUnit(Fixed(plume.effectiveHeight, 0), "m"),
+                    kTextLeft + 12, flow.Top() + 1, kSmallBold);
+  map.DrawAreas(
+      [&plume](Point at) { return Concentration(plume, at.x, at.y, 0) * kMicrogramsPerGram; },
+      levels, kSpacing);
+  map.DrawFrame({0, 1000, 2000, 3000, 4000, 5000, 6000, 7000}, {-1000, -500, 0, 500, 1000});
   map.DrawStack();
-  flow.Space(map.Height() + 13);
-  map.DrawScale({kTextLeft + 12, flow.Top()}, kMicrogramUnit);
+  flow.Space(map.Height() + 15);
+}
+
+void ComposeHourMaps(Report& report) {
+  Flow& flow = report.flow;
+  constexpr double kMapHeight = 51;
+  const std::vector<Stability> classes = MappedClasses(report);
+  const std::vector<double> levels =
+      RoundLevels(report.results.Worst().maximum.concentration * kMicrogramsPerGram);
+  flow.Need(50 + kMapHeight * static_cast<double>(classes.size()));
+  flow.Section("Kaarten van een uur");
+  flow.Paragraph(
+      "De kaarten tonen de pluim tijdens één uur met een constante wind van links naar "
+      "rechts: in de klasse met het hoogste uurgemiddelde, in die van het ontwerp en in "
+      "de meest stabiele. De schaal is in beide richtingen gelijk.");
+  for (const Stability stability : classes) DrawHourMap(report, stability, levels);
+  DrawColourScale(flow.Paper(), {kTextLeft + 12, flow.Top()}, levels, kMicrogramUnit);
   flow.Space(15);
   flow.FigureCaption(
       "Uurgemiddelde concentratie op de grond; afstanden in m vanaf de "
@@ -195,7 +220,7 @@ void ComposeHourlyMeans(Report& report) {
   ComposeAlongAxis(report);
   ComposeDistanceTable(report);
   ComposeCrosswind(report);
-  ComposeHourMap(report);
+  ComposeHourMaps(report);
 }
 
 }  // namespace plumeo

@@ -13,14 +13,18 @@
 namespace plumeo {
 namespace {
 
-constexpr double kNodesAcross = 160;
 constexpr Style kMapLabel{.size = 8};
 constexpr std::int16_t kOutlineWidth = 10;
 
-Field Sample(const MapWindow& window, const std::function<double(Point)>& function) {
-  const double spacing = (window.highest.x - window.lowest.x) / kNodesAcross;
+std::size_t NodesAlong(double length, double spacing) {
+  return static_cast<std::size_t>(std::lround(length / spacing)) + 1;
+}
+
+Field Sample(const MapWindow& window, double spacing,
+             const std::function<double(Point)>& function) {
   Field field{.origin = window.lowest, .spacing = spacing};
-  field.columns = static_cast<std::size_t>(kNodesAcross) + 1;
+  field.columns = NodesAlong(window.highest.x - window.lowest.x, spacing);
+  field.rows = NodesAlong(window.highest.y - window.lowest.y, spacing);
   field.rows =
       static_cast<std::size_t>(std::floor((window.highest.y - window.lowest.y) / spacing + 1e-9)) +
       1;
@@ -45,7 +49,8 @@ std::string Metres(double value) {
 
 }  // namespace
 
-std::vector<double> RoundLevels(double highest, std::size_t count) {
+std::vector<double> RoundLevels(double highest) {
+  constexpr std::size_t count = kScaleColours.size();
   constexpr std::array<double, 3> kDigits = {5, 2, 1};
   std::vector<double> levels;
   for (int exponent = static_cast<int>(std::floor(std::log10(highest))); levels.size() < count;
@@ -59,31 +64,41 @@ std::vector<double> RoundLevels(double highest, std::size_t count) {
   return levels;
 }
 
-ConcentrationMap::ConcentrationMap(Sheet& sheet, Point topLeft, double width, MapWindow window,
-                                   const std::function<double(Point)>& field)
+std::vector<double> EvenLevels(double highest) {
+  constexpr std::array<double, 6> kSteps = {1, 1.5, 2, 2.5, 5, 10};
+  const double rough = highest / static_cast<double>(kScaleColours.size() + 1);
+  const double power = std::pow(10, std::floor(std::log10(rough)));
+  const double digits = *std::find_if(kSteps.begin(), kSteps.end() - 1,
+                                      [&](double candidate) { return candidate * power >= rough; });
+  std::vector<double> levels;
+  for (double level = digits * power; level < highest; level += digits * power) {
+    levels.push_back(level);
+  }
+  return levels;
+}
+
+ConcentrationMap::ConcentrationMap(Sheet& sheet, Point topLeft, double width,
+                                   const MapWindow& window)
     : sheet_(sheet),
       topLeft_(topLeft),
       window_(window),
-      scale_(width / (window.highest.x - window.lowest.x)),
-      field_(Sample(window, field)) {
-  const double highest = *std::max_element(field_.values.begin(), field_.values.end());
-  if (highest > 0) levels_ = RoundLevels(highest, kScaleColours.size());
-}
+      scale_(width / (window.highest.x - window.lowest.x)) {}
 
 Point ConcentrationMap::Position(Point place) const {
   return {topLeft_.x + (place.x - window_.lowest.x) * scale_,
           topLeft_.y + (window_.highest.y - place.y) * scale_};
 }
 
-void ConcentrationMap::DrawAreas() {
-  for (const ContourLoop& loop : TraceContours(field_, levels_)) {
+void ConcentrationMap::DrawAreas(const std::function<double(Point)>& field,
+                                 const std::vector<double>& levels, double spacing) {
+  for (const ContourLoop& loop : TraceContours(Sample(window_, spacing, field), levels)) {
     std::vector<Point> outline;
     for (const Point& point : loop.points) outline.push_back(Position(point));
     if (loop.encloses) {
-      sheet_.FillPolygon(outline, ColourOf(loop.level, levels_.size()));
+      sheet_.FillPolygon(outline, ColourOf(loop.level, levels.size()));
     } else {
       sheet_.FillPolygon(outline,
-                         loop.level == 0 ? kWhite : ColourOf(loop.level - 1, levels_.size()));
+                         loop.level == 0 ? kWhite : ColourOf(loop.level - 1, levels.size()));
     }
     sheet_.Polygon(outline, {.colour = kWhite, .width = kOutlineWidth});
   }
@@ -92,9 +107,12 @@ void ConcentrationMap::DrawAreas() {
 void ConcentrationMap::DrawRings(const std::vector<double>& radii) {
   for (const double radius : radii) {
     sheet_.Circle(Position({0, 0}), radius * scale_,
-                  {.colour = kMuted, .width = 5, .style = PenStyle::Dash});
-    const Point top = Position({0, radius});
-    sheet_.Text(Metres(radius) + " m", top.x + 0.8, top.y - 0.8, kMapLabel);
+                  {.colour = kInk, .width = 6, .style = PenStyle::Dash});
+    const Point below = Position({0, -radius});
+    const std::string label = Metres(radius) + "\u00a0m";
+    const double half = sheet_.Width(label, kMapLabel) / 2 + 0.6;
+    sheet_.FillBox({below.x - half, below.y - 1.8}, {below.x + half, below.y + 1.8}, kWhite);
+    sheet_.TextCentred(label, below.x, below.y + 1.0, kMapLabel);
   }
 }
 
@@ -143,17 +161,18 @@ void ConcentrationMap::DrawFrame(const std::vector<double>& xTicks,
   }
 }
 
-void ConcentrationMap::DrawScale(Point topLeft, const std::string& unit) {
+void DrawColourScale(Sheet& sheet, Point topLeft, const std::vector<double>& levels,
+                     const std::string& unit) {
   constexpr double kBox = 15;
   constexpr double kDepth = 4;
   double x = topLeft.x;
-  sheet_.Box({x, topLeft.y}, {x + kBox, topLeft.y + kDepth}, kThinRule);
-  for (std::size_t i = 0; i < levels_.size(); ++i) {
+  sheet.Box({x, topLeft.y}, {x + kBox, topLeft.y + kDepth}, kThinRule);
+  for (std::size_t i = 0; i < levels.size(); ++i) {
     x += kBox;
-    sheet_.FillBox({x, topLeft.y}, {x + kBox, topLeft.y + kDepth}, ColourOf(i, levels_.size()));
-    sheet_.TextCentred(Significant(levels_[i], 1), x, topLeft.y + kDepth + 3.8, kMapLabel);
+    sheet.FillBox({x, topLeft.y}, {x + kBox, topLeft.y + kDepth}, ColourOf(i, levels.size()));
+    sheet.TextCentred(Shortest(levels[i]), x, topLeft.y + kDepth + 3.8, kMapLabel);
   }
-  sheet_.Text(unit, x + kBox + 2, topLeft.y + 3.1, kMapLabel);
+  sheet.Text(unit, x + kBox + 2, topLeft.y + 3.1, kMapLabel);
 }
 
 }  // namespace plumeo

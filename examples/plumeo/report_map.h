@@ -18,20 +18,20 @@ struct MapWindow {
 // A map whose upper left corner lies at `topLeft` on paper.
 class ConcentrationMap {
  public:
-  // `field` gives the concentration at a place on the ground, in any unit; `width` is on paper.
-  ConcentrationMap(Sheet& sheet, Point topLeft, double width, MapWindow window,
-                   const std::function<double(Point)>& field);
+  // `width` is on paper.
+  ConcentrationMap(Sheet& sheet, Point topLeft, double width, const MapWindow& window);
 
-  void DrawAreas();
-  // White on the dark areas, grey on the pale: the distances around the stack.
+  // What lies between the levels, from a field that gives the concentration at a place on the
+  // ground and is taken every `spacing` metres; the window's sides are multiples of that. As many
+  // levels as there are colours in the scale, or fewer, rising.
+  void DrawAreas(const std::function<double(Point)>& field, const std::vector<double>& levels,
+                 double spacing);
+  // The distances around the stack.
   void DrawRings(const std::vector<double>& radii);
   void DrawStack();
   void DrawPlace(Point place, const std::string& label);
   void DrawNorthArrow();
   void DrawFrame(const std::vector<double>& xTicks, const std::vector<double>& yTicks);
-  // The colours and the levels at which they change, at `topLeft`, with the unit behind them.
-  void DrawScale(Point topLeft, const std::string& unit);
-
   double Height() const { return (window_.highest.y - window_.lowest.y) * scale_; }
   Point Position(Point place) const;
 
@@ -40,11 +40,16 @@ class ConcentrationMap {
   Point topLeft_;
   MapWindow window_;
   double scale_;  // mm on paper per m
-  Field field_;
-  std::vector<double> levels_;
 };
 
-// At most `count` levels below `highest`, rising, each 1, 2 or 5 times a power of ten.
-std::vector<double> RoundLevels(double highest, std::size_t count);
+// The colours and the levels at which they change, at `topLeft`, with the unit behind them.
+void DrawColourScale(Sheet& sheet, Point topLeft, const std::vector<double>& levels,
+                     const std::string& unit);
+
+// Rising levels below `highest`, as many as the scale has colours: each 1, 2 or 5 times a power of
+// ten, over some two powers of ten.
+std::vector<double> RoundLevels(double highest);
+// Up to as many as the scale has colours, with a round step between them.
+std::vector<double> EvenLevels(double highest);
 
 }  // namespace plumeo

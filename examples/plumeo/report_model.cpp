@@ -87,8 +87,8 @@ void ComposeWindProfile(Flow& flow) {
       "De windsnelheid neemt met de hoogte toe volgens een machtswet. De exponent *p* "
       "hangt af van de stabiliteit en van de ruwheid van de omgeving (Irwin 1979) en "
       "staat in hoofdstuk 2:");
-  flow.Formula({Inline("*u*(*z*) = *u*_{10}"), Tall("("), Fraction("*z*", "10"), Tall(")"),
-                Inline("^{ *p*}")});
+  flow.Formula(
+      {Inline("*u*(*z*) = *u*_{10}"), Tall("("), Fraction("*z*", "10"), Tall(")"), Power("*p*")});
 }
 
 void ComposeBriggsRise(Flow& flow) {
@@ -109,7 +109,7 @@ void ComposeBriggsRise(Flow& flow) {
       WithUnit("0,020", "K/m") + " (klasse E) of " + WithUnit("0,035", "K/m") +
       " (klasse F) is, geldt");
   flow.Formula({Inline("Δ*h* = 2,6"), Tall("("), Fraction("*F*", "*u* *s*"), Tall(")"),
-                Inline("^{1/3}      met      *s* ="), Fraction("*g*", "*T*_{a}"),
+                Power("1/3"), Inline("     met      *s* ="), Fraction("*g*", "*T*_{a}"),
                 Fraction("∂*θ*", "∂*z*")});
   flow.Paragraph("Voordat de volle stijging is bereikt, volgt de as van de pluim de tweederdewet:");
   flow.Formula({Inline("Δ*h*(*x*) ="), Fraction("1,60 *F*^{1/3} *x*^{2/3}", "*u*")});
@@ -153,8 +153,9 @@ void ComposeYearModel(Flow& flow) {
       "concentratie is daarom over de breedte van de sector gemiddeld en per sector en "
       "klasse gewogen met de frequentie *f* uit de windroos, met *n* = 12 sectoren:");
   flow.Formula({Inline("*C*_{jaar}(*x*) ="), Tall("∑"), Inline("*f*_{*k*}"),
-                Fraction("√2/*π*  *Q*", "*σ*_{*z*} *u*_{*k*} (2*π* *x* / *n*)"), Inline("exp"),
-                Tall("("), Inline("−"), Fraction("*H*_{*k*}^{2}", "2 *σ*_{*z*}^{2}"), Tall(")")});
+                Fraction("(2/*π*)^{1/2} *Q*", "*σ*_{*z*} *u*_{*k*} (2*π* *x* / *n*)"),
+                Inline("exp"), Tall("("), Inline("−"), Fraction("*H*_{*k*}^{2}", "2 *σ*_{*z*}^{2}"),
+                Tall(")")});
   flow.Paragraph(
       "De som loopt over de klassen *k* = A tot en met F. Tussen het midden van twee "
       "sectoren is lineair geïnterpoleerd, zodat de kaarten geen sprongen op de "

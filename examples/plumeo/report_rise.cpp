@@ -58,7 +58,7 @@ void DrawRiseChart(Report& report) {
     chart.DrawSeries(line, pen);
     legend.push_back({std::string("klasse ") + LetterOf(result.stability), pen});
   }
-  chart.DrawLegend(legend);
+  chart.DrawLegend(legend, Chart::Corner::LowerRight);
   flow.MoveTo(corner.y + kHeight + 17);
   flow.FigureCaption(
       "Baan van de pluim: hoogte van de as boven maaiveld als functie van de "

@@ -27,6 +27,9 @@ struct Table {
 
 double HeightOf(const Table& table);
 
+// What a section's heading and a caption take above a table that is to stay with them.
+inline constexpr double kHeadingAndCaption = 14;
+
 // At the flow's place, from the text's left edge; the flow then stands below it. A table is never
 // divided over pages.
 void DrawTable(Flow& flow, const Table& table);

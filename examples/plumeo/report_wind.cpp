@@ -49,7 +49,7 @@ class RoseDrawing {
     for (std::size_t sector = 0; sector < kSectorCount; ++sector) {
       highest = std::max(highest, rose.OfSector(sector));
     }
-    ring_ = highest > 0.12 ? 0.05 : 0.02;
+    while (highest > kMostRings * ring_) ring_ += 0.01;
     rings_ = static_cast<int>(std::ceil(highest / ring_));
   }
 
@@ -89,7 +89,7 @@ class RoseDrawing {
   }
 
   void DrawRingNumbers() {
-    for (int ring = 1; ring <= rings_; ++ring) {
+    for (int ring = 2; ring <= rings_; ring += 2) {
       const Point at = OnCircle(centre_, RadiusOf(ring * ring_), 345);
       const std::string label = Percent(ring * ring_, 0) + "\u00a0%";
       const double width = sheet_.Width(label, kSmallMuted);
@@ -113,7 +113,8 @@ class RoseDrawing {
   const WindRose& rose_;
   Point centre_;
   double radius_;
-  double ring_ = 0.05;  // the frequency from ring to ring
+  static constexpr int kMostRings = 6;
+  double ring_ = 0.01;  // the frequency from ring to ring
   int rings_ = 1;
 };
 
@@ -141,11 +142,11 @@ void ComposeRose(Report& report) {
                  WithUnit(Percent(rose.OfClass(Stability::D), 1), "%") +
                  " van de tijd. De lengte van een sector geeft aan hoe vaak de wind uit die "
                  "richting komt.");
-  constexpr double kRadius = 52;
-  const Point centre{kTextLeft + kTextWidth / 2 - 14, flow.Top() + kRadius + 9};
+  constexpr double kRadius = 42;
+  const Point centre{kTextLeft + kTextWidth / 2 - 18, flow.Top() + kRadius + 6};
   RoseDrawing(flow.Paper(), rose, centre, kRadius).Draw();
-  DrawRoseLegend(flow.Paper(), {centre.x + kRadius + 13, centre.y + kRadius - 12});
-  flow.MoveTo(centre.y + kRadius + 17);
+  DrawRoseLegend(flow.Paper(), {centre.x + kRadius + 12, centre.y + kRadius - 14});
+  flow.MoveTo(centre.y + kRadius + 16);
   flow.FigureCaption("Windroos: frequentie per windrichting, verdeeld naar stabiliteit");
 }
 
@@ -169,7 +170,7 @@ void DrawFrequencyTable(Report& report) {
   }
   totals.push_back(Percent(rose.Total(), 2));
   table.rows.push_back(std::move(totals));
-  flow.Need(HeightOf(table) + 16);
+  flow.Need(HeightOf(table) + kHeadingAndCaption);
   flow.Section("Frequenties");
   flow.TableCaption("Verdeling van het jaar over windrichtingen en stabiliteitsklassen");
   DrawTable(flow, table);

@@ -12,6 +12,8 @@
 namespace plumeo {
 namespace {
 
+constexpr double kNodesToTheEdge = 90;
+
 // About four rings or ticks between the stack and the map's edge.
 double RoundStep(double halfWidth) {
   const double rough = halfWidth / 4;
@@ -36,13 +38,14 @@ void ComposeYearMap(Report& report) {
                  CompassName(peak.bearing) + " (" + Fixed(peak.bearing, 0) +
                  "°): " + WithUnit(Micrograms(peak.concentration), kMicrogramUnit) +
                  ". De achtergrond is in de kaart niet meegeteld.");
+  const YearlyField year(project.site);
+  const std::vector<double> levels = EvenLevels(peak.concentration * kMicrogramsPerGram);
   ConcentrationMap map(flow.Paper(), {kTextLeft + 12, flow.Top() + 1}, kTextWidth - 12,
-                       {{-half, -half}, {half, half}}, [&project](Point at) {
-                         return YearlyMean(project.site, at.x, at.y) * kMicrogramsPerGram;
-                       });
+                       {{-half, -half}, {half, half}});
   const double step = RoundStep(half);
   const std::vector<double> ticks = Steps(-std::floor(half / step) * step, half, step);
-  map.DrawAreas();
+  map.DrawAreas([&year](Point at) { return year.At(at.x, at.y) * kMicrogramsPerGram; }, levels,
+                half / kNodesToTheEdge);
   map.DrawRings(Steps(step, half * 0.95, step));
   map.DrawFrame(ticks, ticks);
   map.DrawStack();
@@ -54,7 +57,7 @@ void ComposeYearMap(Report& report) {
   }
   map.DrawNorthArrow();
   flow.Space(map.Height() + 12);
-  map.DrawScale({kTextLeft + 12, flow.Top()}, kMicrogramUnit);
+  DrawColourScale(flow.Paper(), {kTextLeft + 12, flow.Top()}, levels, kMicrogramUnit);
   flow.Space(14.5);
   flow.FigureCaption(
       "Bijdrage van de bron aan het jaargemiddelde op de grond; afstanden in m "
@@ -65,25 +68,24 @@ void ComposePolarTable(Report& report) {
   Flow& flow = report.flow;
   constexpr double kDistances[] = {200,  300,  400,  500,  700,  1000,   1500,  2000,
                                    2500, 3000, 4000, 5000, 7000, 10'000, 15'000};
+  const YearlyField year(report.project.site);
   flow.NewPage(Orientation::Landscape);
   flow.Section("Poolrooster");
   flow.TableCaption(std::string("Bijdrage van de bron aan het jaargemiddelde op de grond, in ") +
                     kMicrogramUnit + ", per richting en afstand vanaf de schoorsteen");
-  Table table{.columns = {{"Richting", "", 26, Align::Left}}, .rowHeight = 7.2};
+  Table table{.columns = {{"Richting", "graden", 20}}, .rowHeight = 7.6};
   for (const double distance : kDistances) {
-    table.columns.push_back({WithUnit(Fixed(distance, 0), "m"), "", 14.4});
+    table.columns.push_back({Fixed(distance, 0), "m", 13.6});
   }
-  table.columns[0].title = "Richting";
-  table.columns.push_back({"Hoogste", "", 19});
+  table.columns.push_back({"Hoogste", kMicrogramUnit, 17});
   for (std::size_t sector = 0; sector < kSectorCount; ++sector) {
     const double bearing = 360.0 * static_cast<double>(sector) / kSectorCount;
     const double radians = bearing * std::numbers::pi / 180;
-    std::vector<std::string> row = {Fixed(bearing, 0) + "°"};
+    std::vector<std::string> row = {Fixed(bearing, 0)};
     double highest = 0;
     for (const double distance : kDistances) {
-      const double mean = YearlyMean(report.project.site, distance * std::sin(radians),
-                                     distance * std::cos(radians)) *
-                          kMicrogramsPerGram;
+      const double mean =
+          year.At(distance * std::sin(radians), distance * std::cos(radians)) * kMicrogramsPerGram;
       highest = std::max(highest, mean);
       row.push_back(Fixed(mean, 3));
     }
@@ -91,6 +93,10 @@ void ComposePolarTable(Report& report) {
     table.rows.push_back(std::move(row));
   }
   DrawTable(flow, table);
+  flow.Space(-2);
+  flow.Paragraph(
+      "De richting is die van de schoorsteen naar het punt, met de klok mee vanaf het "
+      "noorden; de wind komt dan uit de tegenovergestelde richting.");
 }
 
 }  // namespace

@@ -25,23 +25,24 @@ double BearingOf(double east, double north) {
   return degrees < 0 ? degrees + 360 : degrees;
 }
 
-ReceptorResult ReceptorResultOf(const Site& site, const Receptor& receptor) {
+ReceptorResult ReceptorResultOf(const Site& site, const YearlyField& year,
+                                const Receptor& receptor) {
   const double distance = std::hypot(receptor.east, receptor.north);
   return {.receptor = receptor,
           .distance = distance,
           .bearing = BearingOf(receptor.east, receptor.north),
-          .yearlyMean = YearlyMean(site, receptor.east, receptor.north),
+          .yearlyMean = year.At(receptor.east, receptor.north),
           .worstHour = WorstHourAt(site, distance)};
 }
 
 // Between the middles of two sectors the mean runs linearly, so the peak lies on a middle.
-YearlyPeak FindYearlyPeak(const Site& site) {
+YearlyPeak FindYearlyPeak(const YearlyField& year) {
   YearlyPeak peak;
   for (std::size_t sector = 0; sector < kSectorCount; ++sector) {
     const double bearing = 360.0 * static_cast<double>(sector) / kSectorCount;
     for (double distance = 50; distance <= 20'000; distance *= 1.01) {
-      const double mean = YearlyMean(site, distance * std::sin(bearing * kDegree),
-                                     distance * std::cos(bearing * kDegree));
+      const double mean =
+          year.At(distance * std::sin(bearing * kDegree), distance * std::cos(bearing * kDegree));
       if (mean > peak.concentration) peak = {distance, bearing, mean};
     }
   }
@@ -62,9 +63,10 @@ Results Calculate(const Project& project) {
   for (const Stability stability : kStabilities) {
     results.classes[IndexOf(stability)] = ClassResultOf(project.site, stability);
   }
-  results.yearlyPeak = FindYearlyPeak(project.site);
+  const YearlyField year(project.site);
+  results.yearlyPeak = FindYearlyPeak(year);
   for (const Receptor& receptor : project.receptors) {
-    results.receptors.push_back(ReceptorResultOf(project.site, receptor));
+    results.receptors.push_back(ReceptorResultOf(project.site, year, receptor));
   }
   return results;
 }

@@ -37,28 +37,28 @@ TEST(PlumeOf, RisesFromTheStackInTheWindAtItsMouth) {
   EXPECT_GT(plume.effectiveHeight, site.stack.height);
 }
 
-TEST(YearlyMean, LiesOnTheSideToWhichTheWindBlows) {
+TEST(YearlyField, LiesOnTheSideToWhichTheWindBlows) {
   const Site site = SiteWithWindFrom(3);  // from the east
-  EXPECT_GT(YearlyMean(site, -1500, 0), 0);
-  EXPECT_EQ(YearlyMean(site, 1500, 0), 0);
-  EXPECT_EQ(YearlyMean(site, 0, 1500), 0);
+  EXPECT_GT(YearlyField(site).At(-1500, 0), 0);
+  EXPECT_EQ(YearlyField(site).At(1500, 0), 0);
+  EXPECT_EQ(YearlyField(site).At(0, 1500), 0);
 }
 
-TEST(YearlyMean, OfASteadyWindIsTheSectorMean) {
+TEST(YearlyField, OfASteadyWindIsTheSectorMean) {
   const Site site = SiteWithWindFrom(0);  // from the north
   const double mean = SectorMean(PlumeOf(site, Stability::D), 1500, std::numbers::pi / 6);
-  EXPECT_NEAR(YearlyMean(site, 0, -1500), mean, 1e-12 * mean);
+  EXPECT_NEAR(YearlyField(site).At(0, -1500), mean, 1e-12 * mean);
 }
 
-TEST(YearlyMean, RunsEvenlyBetweenTheMiddlesOfSectors) {
+TEST(YearlyField, RunsEvenlyBetweenTheMiddlesOfSectors) {
   const Site site = SiteWithWindFrom(0);
   const double halfway = 15 * std::numbers::pi / 180;
-  EXPECT_NEAR(YearlyMean(site, 1500 * std::sin(halfway), -1500 * std::cos(halfway)),
-              YearlyMean(site, 0, -1500) / 2, 1e-12);
+  EXPECT_NEAR(YearlyField(site).At(1500 * std::sin(halfway), -1500 * std::cos(halfway)),
+              YearlyField(site).At(0, -1500) / 2, 1e-12);
 }
 
-TEST(YearlyMean, IsNothingAtTheStackItself) {
-  EXPECT_EQ(YearlyMean(SiteWithWindFrom(0), 0, 0), 0);
+TEST(YearlyField, IsNothingAtTheStackItself) {
+  EXPECT_EQ(YearlyField(SiteWithWindFrom(0)).At(0, 0), 0);
 }
 
 TEST(WorstHourAt, TakesTheClassWithTheHighestConcentration) {

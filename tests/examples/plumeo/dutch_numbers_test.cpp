@@ -24,6 +24,12 @@ TEST(Significant, ChoosesTheDecimals) {
   EXPECT_EQ(Significant(0, 3), "0");
 }
 
+TEST(Shortest, HasNoMoreDecimalsThanItNeeds) {
+  EXPECT_EQ(Shortest(20), "20");
+  EXPECT_EQ(Shortest(3 * 0.05), "0,15");
+  EXPECT_EQ(Shortest(1.0 / 3), "0,333333");
+}
+
 TEST(ReadNumber, TakesACommaOrAPoint) {
   EXPECT_EQ(ReadNumber("6,8"), 6.8);
   EXPECT_EQ(ReadNumber("-6.8"), -6.8);
