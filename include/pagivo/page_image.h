@@ -1,0 +1,31 @@
+// Pages of the current document as pictures, drawn as the preview draws them.
+//
+// The document is the one that PgPrint has composed; it may still be being composed. Pages count
+// from 1. Errors: PageOutOfRange for a page that it does not have (or when there is none),
+// InvalidArgument for a resolution outside kMinimumDotsPerInch..kMaximumDotsPerInch, a picture of
+// more than 268 million pixels, or a print engine that is not the component's own, FileAccess when
+// the file cannot be written.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pagivo {
+
+inline constexpr double kMinimumDotsPerInch = 1;
+inline constexpr double kMaximumDotsPerInch = 4800;
+
+struct PageImage {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  // 0xFFRRGGBB in the machine's byte order, rows top down without padding.
+  std::vector<std::uint32_t> pixels;
+};
+
+PageImage DrawPageImage(std::int32_t page, double dotsPerInch);
+
+// The same to a PNG file, replacing what was there.
+void WritePagePng(std::int32_t page, double dotsPerInch, const std::string& path);
+
+}  // namespace pagivo

@@ -1,0 +1,60 @@
+#include "pagivo/page_image.h"
+
+#include <utility>
+
+#include "engine/native/geometry.h"
+#include "engine/native/native_engine.h"
+#include "engine/native/pictures/picture_loader.h"
+#include "engine/native/raster/bitmap_player.h"
+#include "engine/native/raster/png_file.h"
+#include "pagivo/error.h"
+#include "preview/preview_form.h"
+
+namespace pagivo {
+namespace {
+
+const native::Document& CurrentDocument() {
+  const auto* engine = dynamic_cast<const native::NativeEngine*>(PreviewForm().vsPrint().get());
+  if (engine == nullptr) {
+    throw Error(ErrorNumber::InvalidArgument,
+                "Het document is niet met de eigen afdrukmachine opgemaakt");
+  }
+  return engine->GetDocument();
+}
+
+void RequirePage(const native::Document& document, std::int32_t page) {
+  if (page < 1 || page > document.PageCount()) {
+    throw Error(ErrorNumber::PageOutOfRange,
+                "Het document heeft geen pagina " + std::to_string(page));
+  }
+}
+
+void RequireResolution(const native::PageGeometry& paper, double dotsPerInch) {
+  const double scale = dotsPerInch / native::kTwipsPerInch;
+  const bool isPossible =
+      dotsPerInch >= kMinimumDotsPerInch && dotsPerInch <= kMaximumDotsPerInch &&
+      (paper.width * scale) * (paper.height * scale) <= double{native::kMaximumPixels};
+  if (!isPossible) {
+    throw Error(ErrorNumber::InvalidArgument, "Ongeldig aantal punten per inch");
+  }
+}
+
+native::Bitmap DrawCurrentPage(std::int32_t page, double dotsPerInch) {
+  const native::Document& document = CurrentDocument();
+  RequirePage(document, page);
+  RequireResolution(document.GeometryOf(page), dotsPerInch);
+  return native::DrawWholePage(document, page, dotsPerInch);
+}
+
+}  // namespace
+
+PageImage DrawPageImage(std::int32_t page, double dotsPerInch) {
+  native::Bitmap bitmap = DrawCurrentPage(page, dotsPerInch);
+  return {bitmap.width, bitmap.height, std::move(bitmap.pixels)};
+}
+
+void WritePagePng(std::int32_t page, double dotsPerInch, const std::string& path) {
+  native::WritePng(DrawCurrentPage(page, dotsPerInch), path);
+}
+
+}  // namespace pagivo

@@ -1,0 +1,175 @@
+// Documents composed through PgPrint on the native platform, as the engine recorded them.
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "engine/native/document/trace_player.h"
+#include "engine/native/native_engine.h"
+#include "pagivo/pg_print.h"
+#include "pagivo/picture.h"
+#include "platform/platform.h"
+#include "preview/preview_form.h"
+
+namespace pagivo {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class NativeDocumentTest : public testing::Test {
+ protected:
+  NativeDocumentTest() { print.VsPPInit(); }
+  ~NativeDocumentTest() override { print.VsPPEinde(); }
+
+  static native::NativeEngine& Engine() {
+    return dynamic_cast<native::NativeEngine&>(*PreviewForm().vsPrint());
+  }
+  static std::string Page(std::int32_t page) {
+    return native::TracePage(Engine().GetDocument(), page);
+  }
+
+  PgPrint print;
+};
+
+TEST_F(NativeDocumentTest, TextGoesWhereTheHostPutsItInItsOwnUnits) {
+  print.VsPPSetScaleMode(5);
+  print.VsPPPrint("Hallo", 1.0, 0.5, "Arial", 10.0, true);
+  EXPECT_EQ(Page(1), "text 1440 720 \"Hallo\" Arial 10 bold color 000000\n");
+}
+
+TEST_F(NativeDocumentTest, RightAlignedTextEndsWhereTheHostPutsIt) {
+  print.VsPPSetFont("Arial", 10.0, false);
+  print.VsPPPrintR("123,45", 5000.0, 100.0);
+  const double width = Engine().GetTextWidth("123,45");
+  native::Document document;
+  native::Recorder recorder(document);
+  recorder.BeginPage({});
+  recorder.DrawText({static_cast<float>(5000 - width), 100}, "123,45");
+  EXPECT_EQ(Page(1), native::TracePage(document, 1));
+}
+
+TEST_F(NativeDocumentTest, FiguresTakeTheirPensAndBrushes) {
+  print.VsPPLine(0.0, 0.0, 100.0, 100.0);
+  print.VsPPLine(0.0, 0.0, 100.0, 100.0, true, true, std::int32_t{0xFF}, std::int32_t{6},
+                 std::int32_t{1}, std::int16_t{20});
+  print.VsPPCircle(50.0, 50.0, 25.0, -0.5, -1.0);
+  auto x = Array<float>::FromValues({0, 10, 20}, 1);
+  auto y = Array<float>::FromValues({0, 0, 10}, 1);
+  print.VsPPDrawPolyline(x, y, true);
+  EXPECT_EQ(Page(1),
+            "line 0 0 100 100 pen solid 0 000000\n"
+            "rectangle 0 0 100 100 pen dash 20 FF0000 brush cross FF0000\n"
+            "arc 50 50 25 from 0.5 radius-line to 1 radius-line pen solid 0 000000 "
+            "brush transparent FFFFFF\n"
+            "polygon 0 0 10 0 20 10 pen solid 0 000000 brush transparent FFFFFF\n");
+}
+
+TEST_F(NativeDocumentTest, APolylineInMillimetresReadsBackInTwips) {
+  print.VsPPSetScaleMode(6);
+  auto x = Array<float>::FromValues({10, 20.5F}, 1);
+  auto y = Array<float>::FromValues({10, 20}, 1);
+  print.VsPPDrawPolyline(x, y);
+  EXPECT_THAT(Page(1), StartsWith("polyline 566.929"));
+}
+
+TEST_F(NativeDocumentTest, TheWatermarkLiesOnEveryPageFromItsChoiceOn) {
+  print.VsPPNewPage();
+  print.VsPPWatermerkInit(2);
+  print.VsPPNewPage();
+  print.VsPPFinish("Rapport");
+  EXPECT_EQ(Page(1), "");
+  EXPECT_EQ(Page(2), "picture 50 50 11806 16738 of 288 x 396\n");
+  EXPECT_EQ(Page(3), Page(2));
+}
+
+TEST_F(NativeDocumentTest, PageNumbersAreDrawnOverTheFinishedPages) {
+  for (int page = 1; page <= 2; ++page) {
+    print.VsPPPrint("Tekst", 100.0, 100.0);
+    print.VsPPNewPage();
+  }
+  print.VsPPFinish("Rapport");
+  const std::int16_t pages = static_cast<std::int16_t>(print.VsPPGetPageCount() - 1);
+  for (std::int16_t page = 1; page <= pages; ++page) {
+    print.VsPPStartOverlay(page);
+    print.VsPPPrint("Blad " + std::to_string(page) + " van " + std::to_string(pages), 9000.0,
+                    16000.0);
+    print.VsPPEndOverlay();
+  }
+  EXPECT_EQ(pages, 2);
+  EXPECT_THAT(Page(1), EndsWith("text 9000 16000 \"Blad 1 van 2\" Arial 10 color 000000\n"));
+  EXPECT_THAT(Page(2), EndsWith("text 9000 16000 \"Blad 2 van 2\" Arial 10 color 000000\n"));
+  EXPECT_EQ(Engine().GetDocument().Title(), "Rapport");
+}
+
+TEST_F(NativeDocumentTest, ALandscapePageStandsAmongUprightOnes) {
+  print.VsPPNewPage();
+  print.VsPPSetOrientation(std::int16_t{2});
+  print.VsPPPrint("Breed", 100.0, 100.0);
+  print.VsPPSetOrientation(std::int16_t{1});
+  print.VsPPNewPage();
+  const native::Document& document = Engine().GetDocument();
+  EXPECT_LT(document.GeometryOf(1).width, document.GeometryOf(1).height);
+  EXPECT_GT(document.GeometryOf(2).width, document.GeometryOf(2).height);
+  EXPECT_LT(document.GeometryOf(3).width, document.GeometryOf(3).height);
+}
+
+TEST_F(NativeDocumentTest, ThePaperSizesAreTheNamedOnesThatTheEngineSupports) {
+  Array<std::string> names;
+  Array<std::int16_t> codes;
+  EXPECT_EQ(print.VsPPGetPaperSizes(names, codes), 22);
+  EXPECT_EQ(names(9), "A4 210 x 297 mm");
+  EXPECT_EQ(codes(22), 256);
+}
+
+TEST_F(NativeDocumentTest, APictureObjectIsDrawnAsOftenAsTheHostLikes) {
+  const std::string path = std::string(PAGIVO_TEST_DATA) + "/pictures";
+  const ObjectRef empty = LoadPicture("");
+  print.VsPPRealPicture(empty, 0, 0, 100, 100);
+  EXPECT_EQ(Page(1), "");
+  EXPECT_THROW(LoadPicture(path + "/er is niets.png"), Error);
+}
+
+TEST_F(NativeDocumentTest, APictureFileThatIsNoneIsSkipped) {
+  print.VsPPPicture("/dev/null/niets.png", 0, 0, 100, 100);
+  EXPECT_EQ(Page(1), "");
+}
+
+TEST_F(NativeDocumentTest, ADocumentOfNothingButItsLastPageIsNotExported) {
+  print.VsPPFinish("Leeg");
+  try {
+    print.VSPDF("/tmp/pagivo leeg.pdf");
+    ADD_FAILURE() << "no error";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::PageOutOfRange);
+    EXPECT_THAT(error.what(), HasSubstr("/tmp/pagivo leeg.pdf"));
+  }
+  EXPECT_FALSE(std::filesystem::exists("/tmp/pagivo leeg.pdf"));
+}
+
+TEST_F(NativeDocumentTest, PrintingWithoutAPrinterIsSilent) {
+  print.VsPPNewPage();
+  print.VsPPFinish("Rapport");
+  print.VsPrintFile(1);
+  EXPECT_EQ(print.VsPPGetNDevices(), 0);
+  EXPECT_EQ(print.VsPPGetDevice(), "");
+}
+
+TEST_F(NativeDocumentTest, RenderingAWindowThatIsNotThereReachesTheHost) {
+  EXPECT_THROW(print.VsPPRenderControl(12345), Error);
+}
+
+TEST(NativePlatformTest, NamesEveryServiceAndNoPrinter) {
+  const Platform platform = NativePlatform();
+  EXPECT_NE(platform.windows, nullptr);
+  EXPECT_NE(platform.makeEngine(), platform.makeEngine()) << "an engine of its own every time";
+  EXPECT_NE(platform.makePdfExporter(), nullptr);
+  EXPECT_NE(platform.loadPicture(""), nullptr);
+  EXPECT_EQ(platform.defaultPrinter(), "");
+  EXPECT_THROW(platform.decodePicture({}), Error);
+}
+
+}  // namespace
+}  // namespace pagivo
