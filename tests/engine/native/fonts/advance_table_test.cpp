@@ -1,63 +1,17 @@
 // The tables against HarfBuzz: a line takes the same glyphs at the same places either way.
 #include "engine/native/fonts/advance_table.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <random>
 #include <string>
 
+#include "engine/native/fonts/both_ways.h"
 #include "engine/native/fonts/face_support.h"
 
 namespace pagivo::native {
 
-// For the matchers; the component itself never compares glyphs.
-static bool operator==(const ShapedGlyph& a, const ShapedGlyph& b) {
-  return a.glyph == b.glyph && a.advance == b.advance && a.xOffset == b.xOffset &&
-         a.yOffset == b.yOffset && a.textBegin == b.textBegin && a.textEnd == b.textEnd;
-}
-
-static void PrintTo(const ShapedGlyph& g, std::ostream* out) {
-  *out << g.glyph << "+" << g.advance << "@" << g.xOffset << "," << g.yOffset << "[" << g.textBegin
-       << "-" << g.textEnd << "]";
-}
-
 namespace {
-
-// A face shaped both ways.
-class BothWays {
- public:
-  explicit BothWays(const FaceFile& file)
-      : catalog_(std::make_unique<ListedFaces>(std::vector{file})),
-        faces_(catalog_, FaceQuery(), catalog_.Find(FaceQuery()).value()),
-        advances_(*faces_.Primary().face, shaper_) {}
-
-  // True when the table took the text.
-  bool Compare(const std::string& text) {
-    if (!advances_.Shape(text, glyphs_)) {
-      EXPECT_FALSE(advances_.Width(text).has_value()) << text;
-      return false;
-    }
-    shaper_.Shape(text, faces_, line_);
-    std::int64_t width = 0;
-    for (const ShapedGlyph& glyph : line_.glyphs) width += glyph.advance;
-    EXPECT_EQ(glyphs_, line_.glyphs) << text;
-    EXPECT_EQ(advances_.Width(text), width) << text;
-    EXPECT_EQ(line_.runs.size(), text.empty() ? 0u : 1u) << text;
-    return true;
-  }
-
-  std::uint64_t HarfBuzzCalls() const { return shaper_.Calls(); }
-  bool TakesFromTable(const std::string& text) { return advances_.Shape(text, glyphs_); }
-
- private:
-  FaceCatalog catalog_;
-  FaceChoice faces_;
-  Shaper shaper_;
-  AdvanceTable advances_;
-  std::vector<ShapedGlyph> glyphs_;
-  ShapedLine line_;
-};
 
 void AppendUtf8(std::string& text, char32_t codePoint) {
   if (codePoint < 0x80) {

@@ -35,7 +35,8 @@ inline std::vector<FaceFile> InstalledFaces() {
 
 // The closest face to a family.
 inline FaceFile FileFor(const std::string& family, bool bold = false, bool italic = false) {
-  return MakeFaceFinder()->Find({family, bold, italic, std::nullopt}, 0).value();
+  static const std::unique_ptr<FaceFinder> finder = MakeFaceFinder();
+  return finder->Find({family, bold, italic, std::nullopt}, 0).value();
 }
 
 // A machine that holds just these faces, the closest one first whatever is asked for.

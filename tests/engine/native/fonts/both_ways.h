@@ -1,0 +1,67 @@
+// A face's text by the tables and by HarfBuzz itself.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "engine/native/fonts/advance_table.h"
+#include "engine/native/fonts/face_support.h"
+
+namespace pagivo::native {
+
+// For the matchers; the component itself never compares glyphs.
+inline bool operator==(const ShapedGlyph& a, const ShapedGlyph& b) {
+  return a.glyph == b.glyph && a.advance == b.advance && a.xOffset == b.xOffset &&
+         a.yOffset == b.yOffset && a.textBegin == b.textBegin && a.textEnd == b.textEnd;
+}
+
+inline void PrintTo(const ShapedGlyph& g, std::ostream* out) {
+  *out << g.glyph << "+" << g.advance << "@" << g.xOffset << "," << g.yOffset << "[" << g.textBegin
+       << "-" << g.textEnd << "]";
+}
+
+// A face shaped both ways.
+class BothWays {
+ public:
+  explicit BothWays(const FaceFile& file)
+      : catalog_(std::make_unique<ListedFaces>(std::vector{file})),
+        faces_(catalog_, FaceQuery(), catalog_.Find(FaceQuery()).value()),
+        advances_(*faces_.Primary().face, shaper_) {}
+
+  // True when the table took the text.
+  bool Compare(const std::string& text) {
+    if (!advances_.Shape(text, glyphs_)) {
+      EXPECT_FALSE(advances_.Width(text).has_value()) << text;
+      return false;
+    }
+    shaper_.Shape(text, faces_, line_);
+    std::int64_t width = 0;
+    for (const ShapedGlyph& glyph : line_.glyphs) width += glyph.advance;
+    EXPECT_EQ(glyphs_, line_.glyphs) << text;
+    EXPECT_EQ(advances_.Width(text), width) << text;
+    EXPECT_EQ(line_.runs.size(), text.empty() ? 0u : 1u) << text;
+    return true;
+  }
+
+  const ShapedLine& WithHarfBuzz(const std::string& text) {
+    shaper_.Shape(text, faces_, line_);
+    return line_;
+  }
+  std::uint64_t HarfBuzzCalls() const { return shaper_.Calls(); }
+  bool TakesFromTable(const std::string& text) { return advances_.Shape(text, glyphs_); }
+
+ private:
+  FaceCatalog catalog_;
+  FaceChoice faces_;
+  Shaper shaper_;
+  AdvanceTable advances_;
+  std::vector<ShapedGlyph> glyphs_;
+  ShapedLine line_;
+};
+
+}  // namespace pagivo::native
