@@ -8,13 +8,13 @@
 // first, 1/1440 inch); y runs down. Getters whose names end in S answer in those units, the others
 // in twips. Colours are 0x00BBGGRR.
 //
-// Errors: every method ignores the errors of its statements, each statement for itself, and a getter
-// whose reading fails answers its zero value. Three methods throw pagivo::Error instead:
+// Errors: every method ignores the errors of its statements, each statement for itself, and a
+// getter whose reading fails answers its zero value. Three methods throw pagivo::Error instead:
 // VsPPAfdrukkenAanUit, VsPPRenderControl and VSPDF.
 //
 // The order of a document: VsPPInit, VsPPStart, settings, content with VsPPNewPage after every page
-// (the last one too), VsPPFinish, perhaps overlays, then VsPreviewFile, VsPrintFile or VSPDF, at the
-// end VsPPEinde. The page after the last VsPPNewPage is never shown, printed or exported.
+// (the last one too), VsPPFinish, perhaps overlays, then VsPreviewFile, VsPrintFile or VSPDF, at
+// the end VsPPEinde. The page after the last VsPPNewPage is never shown, printed or exported.
 #pragma once
 
 #include <cstdint>
@@ -40,7 +40,8 @@ class PgPrint : public Object {
 
   // --- The document's life ------------------------------------------------------------------
 
-  // Resets contents, watermark and units, opens a new, empty document with margins 0 and black text.
+  // Resets contents, watermark and units, opens a new, empty document with margins 0 and black
+  // text.
   virtual void VsPPInit();
   // Remembers the host's main window, over which the preview is placed: an object with the members
   // "WindowState" (2 = maximised), "Top", "Left", "Height" and "Width" in twips. May be null.
@@ -88,8 +89,7 @@ class PgPrint : public Object {
   virtual void VsPPPrint(const std::string& varText, const Variant& varX = Missing,
                          const Variant& varY = Missing, const Variant& varFontName = Missing,
                          const Variant& varSize = Missing, const Variant& varBold = Missing,
-                         const Variant& varUnderline = Missing,
-                         const Variant& varItalic = Missing);
+                         const Variant& varUnderline = Missing, const Variant& varItalic = Missing);
   // The same with the text's right end at varX, measured in the font in force before the call.
   virtual void VsPPPrintR(const std::string& varText, const Variant& varX = Missing,
                           const Variant& varY = Missing, const Variant& varFontName = Missing,
@@ -114,8 +114,7 @@ class PgPrint : public Object {
 
   virtual void VsPPLine(const Variant& varX1, const Variant& varY1, const Variant& varX2,
                         const Variant& varY2, const Variant& varBox = false,
-                        const Variant& varFilled = false,
-                        const Variant& varColor = std::int32_t{0},
+                        const Variant& varFilled = false, const Variant& varColor = std::int32_t{0},
                         const Variant& varFillStyle = std::int32_t{0},
                         const Variant& varDrawStyle = std::int32_t{0},
                         const Variant& varDrawWidth = std::int16_t{0});
@@ -130,8 +129,7 @@ class PgPrint : public Object {
                           const Variant& varDrawWidth = std::int16_t{0});
   // Points 1 to the upper bound of varX; an element 0 is not drawn.
   virtual void VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
-                                const Variant& varClosed = false,
-                                const Variant& varFilled = false,
+                                const Variant& varClosed = false, const Variant& varFilled = false,
                                 const Variant& varColor = std::int32_t{0},
                                 const Variant& varFillStyle = std::int32_t{0},
                                 const Variant& varDrawStyle = std::int32_t{0},
