@@ -19,7 +19,7 @@ ALLOWED = {
     f"{NATIVE}/document": ["values", f"{NATIVE}/fonts", f"{NATIVE}/pictures", NATIVE],
     f"{NATIVE}/pdf": ["values", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures", NATIVE],
     f"{NATIVE}/raster": ["values", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures", NATIVE],
-    f"{NATIVE}/view": ["values", f"{NATIVE}/document", f"{NATIVE}/raster", NATIVE],
+    f"{NATIVE}/view": ["values", "engine", f"{NATIVE}/document", f"{NATIVE}/raster", NATIVE],
     NATIVE: ["values", "engine", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures",
              f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view"],
     "window": ["values"],
