@@ -15,6 +15,9 @@ namespace {
 constexpr double kZeroCelsius = 273.15;
 // More would not fit the table of the report.
 constexpr std::size_t kMostReceptors = 12;
+// What the title page and the tables have room for.
+constexpr std::size_t kLongestText = 60;
+constexpr std::size_t kLongestReceptorName = 28;
 
 [[noreturn]] void Fail(const KeyValueFile& file, int line, const std::string& message) {
   throw InputError(file.path, line, message);
@@ -50,9 +53,23 @@ struct Field {
   std::function<void(const KeyValueFile&, const KeyValue&)> store;
 };
 
+// In characters, of which each has one byte that is no continuation.
+std::size_t LengthOf(const std::string& text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
+void RefuseLonger(const KeyValueFile& file, int line, const std::string& text,
+                  std::size_t longest) {
+  if (LengthOf(text) <= longest) return;
+  Fail(file, line, Quoted(text) + " is langer dan " + std::to_string(longest) + " tekens");
+}
+
 Field Text(const char* section, const char* key, std::string& target) {
-  return {section, key,
-          [&target](const KeyValueFile&, const KeyValue& entry) { target = entry.value; }};
+  return {section, key, [&target](const KeyValueFile& file, const KeyValue& entry) {
+            RefuseLonger(file, entry.line, entry.value, kLongestText);
+            target = entry.value;
+          }};
 }
 
 Field Number(const char* section, std::string key, Range range, double& target, double offset = 0) {
@@ -172,6 +189,7 @@ std::vector<Receptor> ReceptorsOf(const KeyValueFile& file, const Section& secti
       Fail(file, entry.line,
            "er zijn ten hoogste " + std::to_string(kMostReceptors) + " toetspunten");
     }
+    RefuseLonger(file, entry.line, entry.key, kLongestReceptorName);
     const auto position = NumbersIn(file, entry, 2, {-20'000, 20'000, "m"});
     if (std::hypot(position[0], position[1]) < 20) {
       Fail(file, entry.line, Quoted(entry.key) + " ligt minder dan 20 m van de schoorsteen");

@@ -1,5 +1,8 @@
 // Chapters: the literature, and the input file as it was read.
+#include <cstddef>
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "report_chapters.h"
 
@@ -39,6 +42,22 @@ constexpr Reference kReferences[] = {
      "Publication 999-AP-26, Cincinnati."},
 };
 
+// A line of the file as lines of the listing, at least one.
+std::vector<std::string> PiecesOf(const std::string& line) {
+  constexpr std::size_t kMostCharacters = 95;
+  std::vector<std::string> pieces(1);
+  std::size_t characters = 0;
+  for (const char byte : line) {
+    const bool begins = (byte & 0xC0) != 0x80;
+    if (begins && ++characters > kMostCharacters) {
+      pieces.emplace_back();
+      characters = 1;
+    }
+    pieces.back() += byte;
+  }
+  return pieces;
+}
+
 }  // namespace
 
 void ComposeReferences(Report& report) {
@@ -68,10 +87,14 @@ void ComposeInputListing(Report& report) {
   std::ifstream stream(report.project.inputPath);
   int number = 0;
   for (std::string line; std::getline(stream, line);) {
-    flow.Need(kLeading);
-    flow.Paper().TextRight(std::to_string(++number), kTextLeft - 2, flow.Top(), lineNumber);
-    flow.Paper().Text(line, kTextLeft, flow.Top(), listing);
-    flow.Space(kLeading);
+    std::string label = std::to_string(++number);
+    for (const std::string& piece : PiecesOf(line)) {
+      flow.Need(kLeading);
+      flow.Paper().TextRight(label, kTextLeft - 2, flow.Top(), lineNumber);
+      flow.Paper().Text(piece, kTextLeft, flow.Top(), listing);
+      flow.Space(kLeading);
+      label.clear();
+    }
   }
 }
 

@@ -26,6 +26,7 @@ bool Within(const Axis& axis, double value) {
 }  // namespace
 
 Axis LinearAxis(double highest, std::string title) {
+  if (!(highest > 0)) highest = 1;
   const double power = std::pow(10, std::floor(std::log10(highest)));
   double step = power;
   if (highest / power < 5) step = power / 2;

@@ -18,7 +18,8 @@ struct Axis {
   std::string title = {};  // markup
 };
 
-// From 0 to at least `highest`, ticks at 1, 2 or 5 times a power of ten.
+// From 0 to at least `highest` (to 1 when that is not above 0), ticks at 1, 2 or 5 times a power of
+// ten.
 Axis LinearAxis(double highest, std::string title);
 // Between two values with ticks at 1, 2 and 5 times each power of ten.
 Axis LogarithmicAxis(double from, double to, std::string title);

@@ -102,7 +102,8 @@ void ComposeDistanceTable(Report& report) {
   for (const double distance : kDistances) {
     std::vector<std::string> row = {Fixed(distance, 0)};
     for (const ClassResult& result : report.results.classes) {
-      row.push_back(Fixed(GroundConcentration(result.plume, distance) * kMicrogramsPerGram, 2));
+      const double value = GroundConcentration(result.plume, distance) * kMicrogramsPerGram;
+      row.push_back(value < 0.005 ? "< 0,01" : Fixed(value, 2));
     }
     table.rows.push_back(std::move(row));
   }

@@ -53,6 +53,7 @@ std::vector<double> RoundLevels(double highest) {
   constexpr std::size_t count = kScaleColours.size();
   constexpr std::array<double, 3> kDigits = {5, 2, 1};
   std::vector<double> levels;
+  if (!(highest > 0)) return levels;
   for (int exponent = static_cast<int>(std::floor(std::log10(highest))); levels.size() < count;
        --exponent) {
     for (const double digit : kDigits) {
@@ -65,6 +66,7 @@ std::vector<double> RoundLevels(double highest) {
 }
 
 std::vector<double> EvenLevels(double highest) {
+  if (!(highest > 0)) return {};
   constexpr std::array<double, 6> kSteps = {1, 1.5, 2, 2.5, 5, 10};
   const double rough = highest / static_cast<double>(kScaleColours.size() + 1);
   const double power = std::pow(10, std::floor(std::log10(rough)));
@@ -108,11 +110,11 @@ void ConcentrationMap::DrawRings(const std::vector<double>& radii) {
   for (const double radius : radii) {
     sheet_.Circle(Position({0, 0}), radius * scale_,
                   {.colour = kInk, .width = 6, .style = PenStyle::Dash});
-    const Point below = Position({0, -radius});
+    const Point at = Position({-0.5 * radius, -std::sqrt(0.75) * radius});
     const std::string label = Metres(radius) + "\u00a0m";
     const double half = sheet_.Width(label, kMapLabel) / 2 + 0.6;
-    sheet_.FillBox({below.x - half, below.y - 1.8}, {below.x + half, below.y + 1.8}, kWhite);
-    sheet_.TextCentred(label, below.x, below.y + 1.0, kMapLabel);
+    sheet_.FillBox({at.x - half, at.y - 1.8}, {at.x + half, at.y + 1.8}, kWhite);
+    sheet_.TextCentred(label, at.x, at.y + 1.0, kMapLabel);
   }
 }
 

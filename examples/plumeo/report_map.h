@@ -46,6 +46,8 @@ class ConcentrationMap {
 void DrawColourScale(Sheet& sheet, Point topLeft, const std::vector<double>& levels,
                      const std::string& unit);
 
+// Both give no levels when nothing is above 0.
+//
 // Rising levels below `highest`, as many as the scale has colours: each 1, 2 or 5 times a power of
 // ten, over some two powers of ten.
 std::vector<double> RoundLevels(double highest);

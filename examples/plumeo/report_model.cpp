@@ -14,7 +14,7 @@ void ComposePlumeFormula(Flow& flow) {
       "*σ*_{*y*} en *σ*_{*z*}. De bodem weerkaatst de pluim volledig; dat is gerekend "
       "met een gespiegelde bron onder het maaiveld (Pasquill 1961, Gifford 1961, "
       "Turner 1970):");
-  flow.Formula({Inline("*C*(*x*, *y*, *z*) ="), Fraction("*Q*", "2*π* *u* *σ*_{*y*} *σ*_{*z*}"),
+  flow.Formula({Inline("*C*(*x*, *y*, *z*) = "), Fraction("*Q*", "2*π* *u* *σ*_{*y*} *σ*_{*z*}"),
                 Inline("exp"), Tall("("), Inline("−"), Fraction("*y*^{2}", "2 *σ*_{*y*}^{2}"),
                 Tall(")"), Tall("["), Inline("exp"), Tall("("), Inline("−"),
                 Fraction("(*z* − *H*)^{2}", "2 *σ*_{*z*}^{2}"), Tall(")"), Inline("+ exp"),
@@ -25,7 +25,7 @@ void ComposePlumeFormula(Flow& flow) {
       "*H* = *h* + Δ*h* de effectieve hoogte in m: de hoogte van de schoorsteen en de "
       "pluimstijging samen. Op de grond onder de as van de pluim (*y* = *z* = 0) blijft "
       "daarvan over:");
-  flow.Formula({Inline("*C*(*x*, 0, 0) ="), Fraction("*Q*", "*π* *u* *σ*_{*y*} *σ*_{*z*}"),
+  flow.Formula({Inline("*C*(*x*, 0, 0) = "), Fraction("*Q*", "*π* *u* *σ*_{*y*} *σ*_{*z*}"),
                 Inline("exp"), Tall("("), Inline("−"), Fraction("*H*^{2}", "2 *σ*_{*z*}^{2}"),
                 Tall(")")});
 }
@@ -100,8 +100,8 @@ void ComposeBriggsRise(Flow& flow) {
       "In onstabiele en neutrale lucht bereikt de pluim haar volle stijging op een "
       "afstand van 49 *F*^{5/8} (*F* < 55) of 119 *F*^{2/5} (*F* ≥ 55) meter; zij "
       "bedraagt dan");
-  flow.Formula({Inline("Δ*h* ="), Fraction("21,425 *F*^{3/4}", "*u*"),
-                Inline("  (*F* < 55)      of      Δ*h* ="), Fraction("38,71 *F*^{3/5}", "*u*"),
+  flow.Formula({Inline("Δ*h* = "), Fraction("21,425 *F*^{3/4}", "*u*"),
+                Inline("  (*F* < 55)      of      Δ*h* = "), Fraction("38,71 *F*^{3/5}", "*u*"),
                 Inline("  (*F* ≥ 55)")});
   flow.Paragraph(
       "In stabiele lucht remt de gelaagdheid de stijging. Met de parameter *s*, "
@@ -109,10 +109,10 @@ void ComposeBriggsRise(Flow& flow) {
       WithUnit("0,020", "K/m") + " (klasse E) of " + WithUnit("0,035", "K/m") +
       " (klasse F) is, geldt");
   flow.Formula({Inline("Δ*h* = 2,6"), Tall("("), Fraction("*F*", "*u* *s*"), Tall(")"),
-                Power("1/3"), Inline("     met      *s* ="), Fraction("*g*", "*T*_{a}"),
+                Power("1/3"), Inline("     met      *s* = "), Fraction("*g*", "*T*_{a}"),
                 Fraction("∂*θ*", "∂*z*")});
   flow.Paragraph("Voordat de volle stijging is bereikt, volgt de as van de pluim de tweederdewet:");
-  flow.Formula({Inline("Δ*h*(*x*) ="), Fraction("1,60 *F*^{1/3} *x*^{2/3}", "*u*")});
+  flow.Formula({Inline("Δ*h*(*x*) = "), Fraction("1,60 *F*^{1/3} *x*^{2/3}", "*u*")});
   flow.Paragraph(
       "Is het rookgas zo weinig warmer dan de lucht dat de impuls overheerst, dan is "
       "Δ*h* = 3 *d* *v*_{s} / *u*, in stabiele lucht ten hoogste "
@@ -124,7 +124,7 @@ void ComposeHollandRise(Flow& flow) {
   flow.Paragraph(
       "De pluimstijging is berekend volgens Holland, met *p* de luchtdruk in hPa "
       "(Turner 1970):");
-  flow.Formula({Inline("Δ*h* ="), Fraction("*v*_{s} *d*", "*u*"), Tall("("),
+  flow.Formula({Inline("Δ*h* = "), Fraction("*v*_{s} *d*", "*u*"), Tall("("),
                 Inline("1,5 + 2,68 · 10^{−3} *p*"), Fraction("*T*_{s} − *T*_{a}", "*T*_{s}"),
                 Inline("*d*"), Tall(")")});
   flow.Paragraph(
@@ -152,7 +152,7 @@ void ComposeYearModel(Flow& flow) {
       "Over een jaar waait de wind binnen een sector even vaak in elke richting. De "
       "concentratie is daarom over de breedte van de sector gemiddeld en per sector en "
       "klasse gewogen met de frequentie *f* uit de windroos, met *n* = 12 sectoren:");
-  flow.Formula({Inline("*C*_{jaar}(*x*) ="), Tall("∑"), Inline("*f*_{*k*}"),
+  flow.Formula({Inline("*C*_{jaar}(*x*) = "), Tall("∑"), Inline("*f*_{*k*}"),
                 Fraction("(2/*π*)^{1/2} *Q*", "*σ*_{*z*} *u*_{*k*} (2*π* *x* / *n*)"),
                 Inline("exp"), Tall("("), Inline("−"), Fraction("*H*_{*k*}^{2}", "2 *σ*_{*z*}^{2}"),
                 Tall(")")});

@@ -11,6 +11,7 @@ constexpr double kMillimetresPerPoint = 25.4 / 72;
 constexpr double kShiftedSize = 0.70;
 constexpr double kDropOfSubscript = 0.20;    // em
 constexpr double kRiseOfSuperscript = 0.36;  // em
+constexpr double kLeanOfSymbols = 0.09;      // em
 // A face with serifs looks smaller than one without at the same size.
 constexpr double kSymbolSize = 1.07;
 
@@ -137,9 +138,12 @@ RichLine::RichLine(Sheet& sheet, const RichText& text, const Style& style) {
     const bool stacked =
         i > 0 && run.shift == Shift::Superscript && text[i - 1].shift == Shift::Subscript;
     if (!stacked) start = width_;
+    // A slanted letter leans over towards its exponent.
+    const bool leansOver = i > 0 && run.shift == Shift::Superscript && text[i - 1].symbol;
+    const double lean = leansOver ? kLeanOfSymbols * style.size * kMillimetresPerPoint : 0;
     const Style runStyle = StyleOf(run, style);
-    runs_.push_back({run.text, runStyle, start, DownOf(run, style)});
-    width_ = std::max(width_, start + sheet.Width(run.text, runStyle));
+    runs_.push_back({run.text, runStyle, start + lean, DownOf(run, style)});
+    width_ = std::max(width_, start + lean + sheet.Width(run.text, runStyle));
   }
 }
 

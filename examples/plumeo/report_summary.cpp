@@ -78,9 +78,9 @@ void ComposeSummary(Report& report) {
   DrawKeyFigures(report);
   flow.Section("Conclusie");
   flow.Bullet("De schoorsteen is " + WithUnit(Fixed(project.site.stack.height, 0), "m") +
-              " hoog. Door warmte en uittreesnelheid stijgt de pluim daar nog " +
-              WithUnit(Fixed(results.Of(project.designClass).rise, 0), "m") +
-              " bovenuit in klasse " + LetterOf(project.designClass) + ", die van het ontwerp.");
+              " hoog. In klasse " + LetterOf(project.designClass) +
+              ", de ontwerpklasse, stijgt de pluim daar door warmte en uittreesnelheid nog " +
+              WithUnit(Fixed(results.Of(project.designClass).rise, 0), "m") + " bovenuit.");
   flow.Bullet("Het hoogste uurgemiddelde op leefniveau is " +
               WithUnit(Micrograms(worst.maximum.concentration), kMicrogramUnit) + ". Daarmee " +
               Verdict(worst.maximum.concentration * kMicrogramsPerGram + project.background,
@@ -88,8 +88,8 @@ void ComposeSummary(Report& report) {
               " de toetswaarde voor een uur van " +
               WithUnit(Significant(project.hourlyLimit, 3), kMicrogramUnit) +
               ", ook na optelling van de achtergrond.");
-  flow.Bullet("Het jaargemiddelde bedraagt op de meest belaste plaats, met de achtergrond van " +
-              WithUnit(Fixed(project.background, 1), kMicrogramUnit) + ", " +
+  flow.Bullet("Met de achtergrond van " + WithUnit(Fixed(project.background, 1), kMicrogramUnit) +
+              " is het jaargemiddelde op de meest belaste plaats " +
               WithUnit(Significant(total, 3), kMicrogramUnit) + ". Daarmee " +
               Verdict(total, project.yearlyLimit) + " de toetswaarde voor een jaar van " +
               WithUnit(Significant(project.yearlyLimit, 2), kMicrogramUnit) + ".");

@@ -27,7 +27,7 @@ void ComposeTitlePage(Report& report, const std::string& pictureFolder) {
   const ProjectTexts& texts = report.project.texts;
   sheet.Picture(pictureFolder + "/logo.png", {kHang, 18}, {kHang + 44, 29});
   sheet.Picture(pictureFolder + "/pluim.svg", {kHang, 42}, {kTextRight, 147});
-  sheet.Line({kHang, 158}, {kHang + 24, 158}, {.colour = kAccent, .width = 60});
+  sheet.FillBox({kHang, 157.5}, {kHang + 24, 158.6}, kAccent);
   double baseline = 172;
   const Style title{.size = 26, .bold = true, .colour = kAccent};
   for (const RichText& line :

@@ -142,7 +142,7 @@ void ComposeRose(Report& report) {
                  WithUnit(Percent(rose.OfClass(Stability::D), 1), "%") +
                  " van de tijd. De lengte van een sector geeft aan hoe vaak de wind uit die "
                  "richting komt.");
-  constexpr double kRadius = 42;
+  constexpr double kRadius = 40;
   const Point centre{kTextLeft + kTextWidth / 2 - 18, flow.Top() + kRadius + 6};
   RoseDrawing(flow.Paper(), rose, centre, kRadius).Draw();
   DrawRoseLegend(flow.Paper(), {centre.x + kRadius + 12, centre.y + kRadius - 14});
