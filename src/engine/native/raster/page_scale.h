@@ -1,6 +1,8 @@
 // From twips on a page to the page's pixels.
 #pragma once
 
+#include <cmath>
+
 #include "engine/native/geometry.h"
 #include "engine/native/raster/canvas.h"
 
@@ -14,6 +16,15 @@ inline constexpr float kFarthestTwips = 1e6F;
 constexpr float WithinReach(float twips) {
   if (!(twips > -kFarthestTwips)) return -kFarthestTwips;
   return twips < kFarthestTwips ? twips : kFarthestTwips;
+}
+
+// Thin horizontal and vertical lines look blurred unless they meet the pixels' edges.
+inline constexpr double kThinPixels = 2;
+
+// Where the middle of a thin line goes so that its first edge is a pixel's. A touch more than the
+// half, so that rounding errors do not decide on halves.
+inline double AlignedMiddle(double middle, double width) {
+  return std::floor(middle - width / 2 + 0.5 + 1e-6) + width / 2;
 }
 
 class PageScale {

@@ -23,14 +23,15 @@ cairo_surface_t* PictureCache::Find(const PictureImageRef& picture, double width
   return entries_.front().surface.get();
 }
 
-PictureCache::Size PictureCache::SizeFor(const PictureImage& picture, double width, double height) {
-  constexpr double kMaximumPixels = kMaximumBytes / 4;
+PictureCache::Size PictureCache::SizeFor(const PictureImage& picture, double width,
+                                         double height) const {
+  const double maximumPixels = static_cast<double>(maximumBytes_) / 4;
   const auto side = [](double shown, std::int32_t own) {
     return std::clamp(std::ceil(shown), 1.0, double(std::min(own, kMaximumBitmapSide)));
   };
   width = side(width, picture.GetPixels().width);
   height = side(height, picture.GetPixels().height);
-  const double reduction = std::sqrt(std::max(1.0, width * height / kMaximumPixels));
+  const double reduction = std::sqrt(std::max(1.0, width * height / maximumPixels));
   return {static_cast<std::int32_t>(std::max(1.0, width / reduction)),
           static_cast<std::int32_t>(std::max(1.0, height / reduction))};
 }
@@ -53,7 +54,7 @@ void PictureCache::MakeRoom(std::size_t bytes) {
     entries_.splice(entries_.end(), entries_, current);
     DropLast();
   }
-  while (!entries_.empty() && bytes_ + bytes > kMaximumBytes) DropLast();
+  while (!entries_.empty() && bytes_ + bytes > maximumBytes_) DropLast();
 }
 
 void PictureCache::DropLast() {

@@ -15,10 +15,11 @@ namespace pagivo::native {
 // Keeps what was used last, up to a bound. Does not keep the pictures themselves alive.
 class PictureCache {
  public:
-  static constexpr std::size_t kMaximumBytes = std::size_t{64} << 20;
+  explicit PictureCache(std::size_t maximumBytes = std::size_t{64} << 20)
+      : maximumBytes_(maximumBytes) {}
 
   // The picture for showing it that many pixels large: scaled down to that size, or the picture
-  // itself where it is smaller, and never more pixels than kMaximumBytes hold. Holds until the next
+  // itself where it is smaller, and never more pixels than the bound allows. Holds until the next
   // call. The picture must not be empty.
   cairo_surface_t* Find(const PictureImageRef& picture, double width, double height);
 
@@ -43,11 +44,12 @@ class PictureCache {
     std::unique_ptr<cairo_surface_t, Release> surface;
   };
 
-  static Size SizeFor(const PictureImage& picture, double width, double height);
+  Size SizeFor(const PictureImage& picture, double width, double height) const;
   static Entry Make(const PictureImageRef& picture, Size size);
   void MakeRoom(std::size_t bytes);
   void DropLast();
 
+  std::size_t maximumBytes_;
   std::list<Entry> entries_;  // used last stands first
   std::size_t bytes_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "engine/native/raster/text_painter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pagivo::native {
@@ -148,9 +149,10 @@ void TextPainter::DrawOutline(const GlyphStyle& style, std::uint32_t glyph, doub
 
 void TextPainter::DrawUnderline(double left, double right, double baseline) {
   const FontMetrics& metrics = font_->Metrics();
-  const double middle = baseline + metrics.underlinePosition * emPixels_;
-  const double half = metrics.underlineThickness * emPixels_ / 2;
-  canvas_.FillRectangle({left, middle - half, right, middle + half}, color_);
+  const double thickness = std::max(metrics.underlineThickness * emPixels_, 1.0);
+  double middle = baseline + metrics.underlinePosition * emPixels_;
+  if (thickness < kThinPixels) middle = AlignedMiddle(middle, thickness);
+  canvas_.FillRectangle({left, middle - thickness / 2, right, middle + thickness / 2}, color_);
 }
 
 }  // namespace pagivo::native

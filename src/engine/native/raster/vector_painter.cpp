@@ -13,8 +13,6 @@ namespace {
 
 // Pixels. A hairline would fade away on a screen if it were drawn as thin as it is on paper.
 constexpr double kThinnestStroke = 1;
-// Narrower lines look blurred unless they meet the pixels' edges.
-constexpr double kThinStroke = 2;
 // Lines of a hatch must leave this part of the ground free where the page is shown small.
 constexpr double kWidestHatchShare = 0.25;
 
@@ -35,13 +33,7 @@ double VectorPainter::StrokePixels() const {
 }
 
 bool VectorPainter::IsThin() const {
-  return HasRoundEnds(pen_) && StrokePixels() < kThinStroke;
-}
-
-// A touch more than the half, so that rounding errors do not decide on halves.
-double VectorPainter::Aligned(double middle) const {
-  const double half = StrokePixels() / 2;
-  return std::floor(middle - half + 0.5 + 1e-6) + half;
+  return StrokePixels() < kThinPixels;
 }
 
 void VectorPainter::DrawLine(Point from, Point to) {
@@ -180,10 +172,9 @@ void VectorPainter::Stroke(bool alignedToPixels) {
   SetColor(cairo, pen_.color);
   cairo_set_line_width(cairo, StrokePixels());
   SetDashes();
-  // Rounding an end of a pixel or two would only blur it.
-  const bool round = HasRoundEnds(pen_) && !alignedToPixels;
-  const cairo_line_cap_t square = alignedToPixels ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_BUTT;
-  cairo_set_line_cap(cairo, round ? CAIRO_LINE_CAP_ROUND : square);
+  // Rounding ends and corners of a pixel or two would only blur them.
+  const cairo_line_cap_t end = alignedToPixels ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_ROUND;
+  cairo_set_line_cap(cairo, HasRoundEnds(pen_) ? end : CAIRO_LINE_CAP_BUTT);
   cairo_set_line_join(cairo, alignedToPixels ? CAIRO_LINE_JOIN_MITER : CAIRO_LINE_JOIN_ROUND);
   cairo_stroke(cairo);
 }

@@ -26,8 +26,7 @@ class VectorPainter {
  private:
   double StrokePixels() const;
   bool IsThin() const;
-  // Where the middle of a thin horizontal or vertical line goes to meet the pixels' edges.
-  double Aligned(double middle) const;
+  double Aligned(double middle) const { return AlignedMiddle(middle, StrokePixels()); }
 
   void AddPoints(std::span<const Point> points);
   void AddArc(const Arc& arc);
