@@ -214,6 +214,13 @@ TEST_F(Printing, EveryCopyIsAJobOfItsOwn) {
   }
 }
 
+TEST_F(Printing, TheNumberOfCopiesIsTakenAtTheStart) {
+  std::int16_t copies = 3;
+  platform.Log().Meanwhile("call PrintDoc", [&] { copies = 1; });
+  EXPECT_THAT(WritesOf([&] { print.VsPrintFile(copies); }),
+              ElementsAre("put Copies Integer 1", Job(1, 5), Job(1, 5), Job(1, 5)));
+}
+
 TEST_F(Printing, TheLargestNumberOfCopiesEnds) {
   EXPECT_EQ(WritesOf([&] { print.VsPrintFile(Integer(32767)); }).size(), 32768U);
 }

@@ -59,11 +59,18 @@ void OperationLog::Record(std::string_view operation, std::initializer_list<Vari
   const std::string line = Describe(operation, values);
   const bool fails = ShallFail(line);
   lines_.push_back(fails ? line + " (failed)" : line);
+  for (const Interruption& interruption : interruptions_) {
+    if (BeginsWithWords(line, interruption.line)) interruption.action();
+  }
   if (fails) throw Error(ErrorNumber::InvalidPropertyValue, "Mislukt: " + line);
 }
 
 void OperationLog::FailOn(std::string line, int occurrence) {
   failures_.push_back({.line = std::move(line), .occurrence = occurrence});
+}
+
+void OperationLog::Meanwhile(std::string line, std::function<void()> action) {
+  interruptions_.push_back({.line = std::move(line), .action = std::move(action)});
 }
 
 std::vector<std::string> OperationLog::LinesBeginning(std::string_view beginning) const {

@@ -1,6 +1,7 @@
 // What a recording fake was asked to do, in order, and what it shall fail on.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -42,6 +43,9 @@ class OperationLog {
   void FailOn(std::string line, int occurrence = 0);
   void FailNothing() { failures_.clear(); }
 
+  // Runs `action` during every operation that `line` stands for, as above.
+  void Meanwhile(std::string line, std::function<void()> action);
+
   const std::vector<std::string>& Lines() const noexcept { return lines_; }
   // The lines of Lines() that begin with `beginning`, e.g. "put " or "get PageCount".
   std::vector<std::string> LinesBeginning(std::string_view beginning) const;
@@ -54,10 +58,16 @@ class OperationLog {
     int seen = 0;
   };
 
+  struct Interruption {
+    std::string line;
+    std::function<void()> action;
+  };
+
   bool ShallFail(std::string_view line);
 
   std::vector<std::string> lines_;
   std::vector<Failure> failures_;
+  std::vector<Interruption> interruptions_;
 };
 
 }  // namespace pagivo::testing
