@@ -1,6 +1,7 @@
 // From twips on a page to the page's pixels.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "engine/native/geometry.h"
@@ -8,14 +9,18 @@
 
 namespace pagivo::native {
 
+// Figures of other numbers are not drawn.
+template <typename... Number>
+bool AreFinite(Number... numbers) {
+  return (std::isfinite(numbers) && ...);
+}
+
 // What lies further out is drawn as if it lay here. It keeps numbers within what cairo can count
 // and the number of dashes small.
 inline constexpr float kFarthestTwips = 1e6F;
 
-// A number that is none lies at the lower end.
 constexpr float WithinReach(float twips) {
-  if (!(twips > -kFarthestTwips)) return -kFarthestTwips;
-  return twips < kFarthestTwips ? twips : kFarthestTwips;
+  return std::clamp(twips, -kFarthestTwips, kFarthestTwips);
 }
 
 // Thin horizontal and vertical lines look blurred unless they meet the pixels' edges.

@@ -38,6 +38,7 @@ bool PicturePainter::IsOutsideClip(const PixelRectangle& target) const {
 }
 
 void PicturePainter::Draw(const Rectangle& rectangle, const PictureImageRef& picture) {
+  if (!AreFinite(rectangle.x1, rectangle.y1, rectangle.x2, rectangle.y2)) return;
   const PixelRectangle target = scale_.Pixels(rectangle);
   const double width = target.right - target.left;
   const double height = target.bottom - target.top;

@@ -89,7 +89,7 @@ int QuadraticTo(const FT_Vector* control, const FT_Vector* to, void* user) {
 void TextPainter::SetFont(const FontDescription& font) {
   font_ = &FontLibrary::Instance().Find(font.name, font.bold, font.italic);
   underlined_ = font.underline;
-  emPixels_ = scale_.Pixels(double{WithinReach(font.size)} * kTwipsPerPoint);
+  emPixels_ = scale_.Pixels(font.size * kTwipsPerPoint);
 }
 
 // Accents and descenders may leave the line by an em.
@@ -101,7 +101,8 @@ bool TextPainter::IsOutsideClip(Point position) const {
 }
 
 void TextPainter::Draw(Point position, std::string_view text) {
-  if (!(emPixels_ > 0) || IsOutsideClip(position)) return;
+  if (!AreFinite(position.x, position.y, emPixels_) || emPixels_ <= 0) return;
+  if (IsOutsideClip(position)) return;
   ShapedLine& line = SharedLine();
   font_->Shape(text, line);
   const double baseline = scale_.PixelAt(position.y) + font_->Metrics().ascent * emPixels_;

@@ -13,6 +13,8 @@ namespace {
 
 // Pixels. A hairline would fade away on a screen if it were drawn as thin as it is on paper.
 constexpr double kThinnestStroke = 1;
+constexpr double kFullTurn = 2 * std::numbers::pi;
+
 // Lines of a hatch must leave this part of the ground free where the page is shown small.
 constexpr double kWidestHatchShare = 0.25;
 
@@ -20,10 +22,16 @@ void SetColor(cairo_t* cairo, Color color) {
   cairo_set_source_rgb(cairo, RedOf(color) / 255.0, GreenOf(color) / 255.0, BlueOf(color) / 255.0);
 }
 
+bool AreFinitePoints(std::span<const Point> points) {
+  return std::all_of(points.begin(), points.end(),
+                     [](const Point& point) { return AreFinite(point.x, point.y); });
+}
+
+// From the lower left corner counter-clockwise, as in PDF: dashes start there.
 void AddRectangle(cairo_t* cairo, const PixelRectangle& rectangle) {
   cairo_new_path(cairo);
-  cairo_rectangle(cairo, rectangle.left, rectangle.top, rectangle.right - rectangle.left,
-                  rectangle.bottom - rectangle.top);
+  cairo_rectangle(cairo, rectangle.left, rectangle.bottom, rectangle.right - rectangle.left,
+                  rectangle.top - rectangle.bottom);
 }
 
 }  // namespace
@@ -37,6 +45,7 @@ bool VectorPainter::IsThin() const {
 }
 
 void VectorPainter::DrawLine(Point from, Point to) {
+  if (!AreFinite(from.x, from.y, to.x, to.y)) return;
   double x1 = scale_.PixelAt(from.x);
   double y1 = scale_.PixelAt(from.y);
   double x2 = scale_.PixelAt(to.x);
@@ -52,6 +61,7 @@ void VectorPainter::DrawLine(Point from, Point to) {
 }
 
 void VectorPainter::DrawRectangle(const Rectangle& rectangle) {
+  if (!AreFinite(rectangle.x1, rectangle.y1, rectangle.x2, rectangle.y2)) return;
   AddRectangle(canvas_.Vectors(), scale_.Pixels(rectangle));
   Fill();
   PixelRectangle edges = scale_.Pixels(StrokedRectangle(rectangle, pen_));
@@ -63,47 +73,52 @@ void VectorPainter::DrawRectangle(const Rectangle& rectangle) {
 }
 
 void VectorPainter::DrawCircle(Point center, float radius) {
-  AddCircle(center, radius);
+  if (!AreFinite(center.x, center.y, radius)) return;
+  AddCircle(center, std::abs(radius));
   Fill();
-  AddCircle(center, StrokedRadius(radius, pen_));
-  Stroke(false);
-}
-
-void VectorPainter::AddCircle(Point center, float radius) {
-  cairo_t* cairo = canvas_.Vectors();
-  cairo_new_path(cairo);
-  cairo_arc(cairo, scale_.PixelAt(center.x), scale_.PixelAt(center.y), scale_.PixelAt(radius), 0,
-            2 * std::numbers::pi);
-  cairo_close_path(cairo);
-}
-
-void VectorPainter::DrawArc(const Arc& arc) {
-  AddArc(arc);
-  if (arc.radiusLineAtStart && arc.radiusLineAtEnd) Fill();
-  Arc stroked = arc;
-  stroked.radius = StrokedRadius(arc.radius, pen_);
-  AddArc(stroked);
+  AddCircle(center, StrokedRadius(std::abs(radius), pen_));
   Stroke(false);
 }
 
 // Angles grow upwards on the page, downwards in cairo.
+void VectorPainter::AddCircle(Point center, float radius) {
+  cairo_t* cairo = canvas_.Vectors();
+  cairo_new_path(cairo);
+  cairo_arc_negative(cairo, scale_.PixelAt(center.x), scale_.PixelAt(center.y),
+                     scale_.PixelAt(radius), 0, -kFullTurn);
+  cairo_close_path(cairo);
+}
+
+void VectorPainter::DrawArc(const Arc& arc) {
+  if (!AreFinite(arc.center.x, arc.center.y, arc.radius, arc.start, arc.end)) return;
+  if (arc.radiusLineAtStart && arc.radiusLineAtEnd) {
+    AddArc(arc);
+    Fill();
+  }
+  AddArc(arc);
+  Stroke(false);
+}
+
 void VectorPainter::AddArc(const Arc& arc) {
   cairo_t* cairo = canvas_.Vectors();
   const double x = scale_.PixelAt(arc.center.x);
   const double y = scale_.PixelAt(arc.center.y);
+  const double end = arc.end > arc.start ? arc.end : arc.end + kFullTurn;
   cairo_new_path(cairo);
   if (arc.radiusLineAtStart) cairo_move_to(cairo, x, y);
-  cairo_arc_negative(cairo, x, y, scale_.PixelAt(arc.radius), -double{arc.start}, -double{arc.end});
+  cairo_arc_negative(cairo, x, y, scale_.PixelAt(arc.radius), -double{arc.start}, -end);
   if (arc.radiusLineAtEnd) cairo_line_to(cairo, x, y);
   if (arc.radiusLineAtStart && arc.radiusLineAtEnd) cairo_close_path(cairo);
 }
 
 void VectorPainter::DrawPolyline(std::span<const Point> points) {
+  if (points.size() < 2 || !AreFinitePoints(points)) return;
   AddPoints(points);
   Stroke(false);
 }
 
 void VectorPainter::DrawPolygon(std::span<const Point> points) {
+  if (points.size() < 2 || !AreFinitePoints(points)) return;
   AddPoints(points);
   cairo_close_path(canvas_.Vectors());
   Fill();

@@ -253,6 +253,34 @@ TEST_F(Figures, HatchStaysInsideItsFigure) {
   EXPECT_LE(box.right, 151);
 }
 
+TEST_F(Figures, DashesOfARectangleStartAtItsLowerLeftCorner) {
+  Page().SetPen({PenStyle::Dash, 4 * kTwips, 0});
+  Page().DrawRectangle(Pixels(50, 50, 150, 150));
+  const Bitmap bitmap = Draw();
+  EXPECT_EQ(InkAt(bitmap, 70, 150), 255);  // the first dash is 36 pixels long
+  EXPECT_EQ(InkAt(bitmap, 92, 150), 0);    // and then there are 12 of gap
+}
+
+TEST_F(Figures, ArcFromAnAngleToItselfIsAWholeTurn) {
+  Page().DrawArc({PointAt(100, 100), 50 * kTwips, 1, 1, false, false});
+  const InkBox box = InkBoxOf(Draw());
+  EXPECT_NEAR(box.right - box.left, 100, 2);
+  EXPECT_NEAR(box.bottom - box.top, 100, 2);
+}
+
+TEST_F(Figures, OfNoNumbersAreNotDrawn) {
+  const float none = std::numeric_limits<float>::quiet_NaN();
+  UseBrush(BrushStyle::Solid, kRed);
+  Page().DrawLine({0, none}, {1000, 1000});
+  Page().DrawRectangle({0, 0, none, 1000});
+  Page().DrawCircle({1000, 1000}, none);
+  Page().DrawArc({{none, 0}, 100, 0, 1, true, true});
+  Page().DrawPolyline(std::array{Point{0, 0}, Point{none, 1000}, Point{1000, 0}});
+  Page().DrawPolygon(std::array{Point{0, 0}, Point{none, 1000}, Point{1000, 0}});
+  Page().DrawText({none, 100}, "nergens");
+  EXPECT_TRUE(HasNoInk(Draw()));
+}
+
 TEST_F(Figures, FarAwayAndImpossibleCoordinatesDoNoHarm) {
   const float huge = 1e30F;
   const float infinite = std::numeric_limits<float>::infinity();
