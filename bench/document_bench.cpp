@@ -12,7 +12,7 @@
 #include "engine/native/native_engine.h"
 #include "engine/native/raster/bitmap_player.h"
 #include "peers.h"
-#include "preview/frm_afdrukken.h"
+#include "preview/preview_form.h"
 
 namespace pagivo::bench {
 namespace {
@@ -24,7 +24,7 @@ std::string TemporaryPdf() {
 }
 
 const native::Document& ComposedDocument() {
-  return dynamic_cast<native::NativeEngine&>(*PreviewForm().Engine()).GetDocument();
+  return dynamic_cast<native::NativeEngine&>(*PreviewForm().vsPrint()).GetDocument();
 }
 
 void CountPages(benchmark::State& state) {

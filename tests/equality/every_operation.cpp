@@ -138,7 +138,7 @@ void DrawPlacedWords(PgPrint& print) {
 
 // A little off the grid each time, so that the words start at every fraction of a pixel.
 PlacedWord PlaceOfWord(int i) {
-  return {18 + i % 6 * kWordWidth + i * 0.013, 92 + i / 6 * kWordHeight + i * 0.017};
+  return {7 + i % 6 * kWordWidth + i * 0.013, 4 + i / 6 * kWordHeight + i * 0.017};
 }
 
 void ComposeEveryOperation(PgPrint& print, const std::string& pictureFolder) {
@@ -151,11 +151,14 @@ void ComposeEveryOperation(PgPrint& print, const std::string& pictureFolder) {
   DrawPictures(print, pictureFolder);
   print.VsPPNewPage();
   DrawText(print);
+  print.VsPPSetPageWidth(kWordPageWidth);
+  print.VsPPSetPageHeight(kWordPageHeight);
+  print.VsPPNewPage();
   DrawPlacedWords(print);
   print.VsPPNewPage();
   print.VsPPFinish("Alle bewerkingen");
   print.VsPPStartOverlay(1);
-  print.VsPPPrint("Blad 1 van 2", 100, 285, "Arial", 9, false, false, false);
+  print.VsPPPrint("Blad 1 van 3", 100, 285, "Arial", 9, false, false, false);
   print.VsPPEndOverlay();
 }
 
