@@ -1,5 +1,6 @@
 #include "dispersion.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -109,8 +110,8 @@ GroundMaximum FindGroundMaximum(const Plume& plume) {
     const double candidate = std::log(kSearchFrom) + i * step;
     if (at(candidate) > at(best)) best = candidate;
   }
-  double low = best - step;
-  double high = best + step;
+  double low = std::max(best - step, std::log(kSearchFrom));
+  double high = std::min(best + step, std::log(kSearchTo));
   while (high - low > 1e-9) {  // a ternary search around the best step
     const double third = (high - low) / 3;
     if (at(low + third) < at(high - third)) {

@@ -33,10 +33,14 @@ std::string Fixed(double value, int decimals) {
   return value < 0 && !zero ? "−" + number : number;
 }
 
-std::string Significant(double value, int digits) {
-  if (value == 0) return "0";
+int DecimalsFor(double value, int digits) {
+  if (value == 0) return 0;
   const int magnitude = static_cast<int>(std::floor(std::log10(std::abs(value))));
-  return Fixed(value, std::clamp(digits - 1 - magnitude, 0, 12));
+  return std::clamp(digits - 1 - magnitude, 0, 12);
+}
+
+std::string Significant(double value, int digits) {
+  return Fixed(value, DecimalsFor(value, digits));
 }
 
 std::string Shortest(double value) {

@@ -10,6 +10,9 @@ namespace plumeo {
 // "1.234,50": a fixed number of decimals, decimal comma, points between thousands, a true minus.
 std::string Fixed(double value, int decimals);
 
+// How many decimals give a value that many significant digits: 0 to 12, 0 for the value 0.
+int DecimalsFor(double value, int digits);
+
 // As many decimals as give about that many significant digits: "0,0417", "12,3", "1.235".
 std::string Significant(double value, int digits);
 

@@ -183,6 +183,7 @@ std::vector<Field> FieldsOf(Project& project) {
 constexpr std::string_view kReceptorSection = "toetspunten";
 
 std::vector<Receptor> ReceptorsOf(const KeyValueFile& file, const Section& section) {
+  if (section.entries.empty()) Fail(file, section.line, "er is geen enkel toetspunt");
   std::vector<Receptor> receptors;
   for (const KeyValue& entry : section.entries) {
     if (receptors.size() == kMostReceptors) {

@@ -33,9 +33,9 @@ void ComposeYearAssessment(Report& report) {
                           {"Toetswaarde", "deel ervan", 26}}};
   for (const ReceptorResult& result : report.results.receptors) {
     const double total = YearWithBackground(project, result);
-    table.rows.push_back(
-        {Escaped(result.receptor.name), Fixed(result.yearlyMean * kMicrogramsPerGram, 3),
-         Fixed(project.background, 1), Fixed(total, 2), Share(total, project.yearlyLimit)});
+    table.rows.push_back({Escaped(result.receptor.name), Micrograms(result.yearlyMean),
+                          Fixed(project.background, 1), Fixed(total, 2),
+                          Share(total, project.yearlyLimit)});
   }
   DrawTable(flow, table);
 }
@@ -57,8 +57,8 @@ void ComposeHourAssessment(Report& report) {
   for (const ReceptorResult& result : report.results.receptors) {
     const double total = HourWithBackground(project, result);
     table.rows.push_back({Escaped(result.receptor.name), LetterOf(result.worstHour.stability),
-                          Fixed(result.worstHour.concentration * kMicrogramsPerGram, 1),
-                          Fixed(total, 1), Share(total, project.hourlyLimit)});
+                          Micrograms(result.worstHour.concentration), Fixed(total, 1),
+                          Share(total, project.hourlyLimit)});
   }
   DrawTable(flow, table);
 }

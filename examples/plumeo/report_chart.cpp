@@ -10,6 +10,8 @@
 namespace plumeo {
 namespace {
 
+// Numbers with more decimals than this needs would not fit beside the axis.
+constexpr double kSmallestTop = 1e-6;
 constexpr Style kTickStyle{.size = 8};
 constexpr Pen kGridPen{.colour = Rgb(226, 230, 234), .width = 6};
 
@@ -26,7 +28,7 @@ bool Within(const Axis& axis, double value) {
 }  // namespace
 
 Axis LinearAxis(double highest, std::string title) {
-  if (!(highest > 0)) highest = 1;
+  if (highest < kSmallestTop) highest = 1;
   const double power = std::pow(10, std::floor(std::log10(highest)));
   double step = power;
   if (highest / power < 5) step = power / 2;

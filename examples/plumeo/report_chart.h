@@ -18,7 +18,7 @@ struct Axis {
   std::string title = {};  // markup
 };
 
-// From 0 to at least `highest` (to 1 when that is not above 0), ticks at 1, 2 or 5 times a power of
+// From 0 to at least `highest` (to 1 when that is below 1e-6), ticks at 1, 2 or 5 times a power of
 // ten.
 Axis LinearAxis(double highest, std::string title);
 // Between two values with ticks at 1, 2 and 5 times each power of ten.

@@ -1,5 +1,6 @@
 // Chapter: the means over one hour in each stability class.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <iterator>
 
@@ -66,12 +67,14 @@ void DrawMaximumTable(Report& report) {
                           {"*σ*_{*y*}", "m", 24},
                           {"*σ*_{*z*}", "m", 24},
                           {"Maximum *C*", kMicrogramUnit, 34}}};
+  const int decimals =
+      DecimalsFor(report.results.Worst().maximum.concentration * kMicrogramsPerGram, 3);
   for (const ClassResult& result : report.results.classes) {
     const Spread spread = SpreadAt(result.plume.terrain, result.stability, result.maximum.distance);
     table.rows.push_back({LetterOf(result.stability), Fixed(result.plume.effectiveHeight, 1),
                           Fixed(result.maximum.distance, 0), Fixed(spread.lateral, 1),
                           Fixed(spread.vertical, 1),
-                          Fixed(result.maximum.concentration * kMicrogramsPerGram, 1)});
+                          Fixed(result.maximum.concentration * kMicrogramsPerGram, decimals)});
   }
   DrawTable(report.flow, table);
 }
@@ -95,6 +98,9 @@ void ComposeDistanceTable(Report& report) {
   Flow& flow = report.flow;
   constexpr double kDistances[] = {100,  200,  300,  400,  500,  700,    1000,   1500,
                                    2000, 3000, 4000, 5000, 7000, 10'000, 15'000, 20'000};
+  const int decimals =
+      DecimalsFor(report.results.Worst().maximum.concentration * kMicrogramsPerGram, 4);
+  const double unit = std::pow(10, -decimals);  // of the last decimal
   Table table{.columns = {{"Afstand", "m", 28}}};
   for (const Stability stability : kStabilities) {
     table.columns.push_back({std::string("klasse ") + LetterOf(stability), kMicrogramUnit, 21});
@@ -103,7 +109,7 @@ void ComposeDistanceTable(Report& report) {
     std::vector<std::string> row = {Fixed(distance, 0)};
     for (const ClassResult& result : report.results.classes) {
       const double value = GroundConcentration(result.plume, distance) * kMicrogramsPerGram;
-      row.push_back(value < 0.005 ? "< 0,01" : Fixed(value, 2));
+      row.push_back(value < unit / 2 ? "< " + Fixed(unit, decimals) : Fixed(value, decimals));
     }
     table.rows.push_back(std::move(row));
   }

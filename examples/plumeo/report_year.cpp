@@ -69,6 +69,7 @@ void ComposePolarTable(Report& report) {
   constexpr double kDistances[] = {200,  300,  400,  500,  700,  1000,   1500,  2000,
                                    2500, 3000, 4000, 5000, 7000, 10'000, 15'000};
   const YearlyField year(report.project.site);
+  const int decimals = DecimalsFor(report.results.yearlyPeak.concentration * kMicrogramsPerGram, 3);
   flow.NewPage(Orientation::Landscape);
   flow.Section("Poolrooster");
   flow.TableCaption(std::string("Bijdrage van de bron aan het jaargemiddelde op de grond, in ") +
@@ -87,9 +88,9 @@ void ComposePolarTable(Report& report) {
       const double mean =
           year.At(distance * std::sin(radians), distance * std::cos(radians)) * kMicrogramsPerGram;
       highest = std::max(highest, mean);
-      row.push_back(Fixed(mean, 3));
+      row.push_back(Fixed(mean, decimals));
     }
-    row.push_back("#" + Fixed(highest, 3) + "#");
+    row.push_back("#" + Fixed(highest, decimals) + "#");
     table.rows.push_back(std::move(row));
   }
   DrawTable(flow, table);

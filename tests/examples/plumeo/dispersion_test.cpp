@@ -152,6 +152,12 @@ TEST(FindGroundMaximum, LiesWhereTheDerivativeIsZero) {
   }
 }
 
+TEST(FindGroundMaximum, OfAPlumeFarAboveIsSoughtNoFurtherThanAHundredKilometres) {
+  Plume plume = PlumeIn(Terrain::OpenCountry, Stability::F);
+  plume.effectiveHeight = 1000;
+  EXPECT_NEAR(FindGroundMaximum(plume).distance, 100'000, 0.1);
+}
+
 TEST(FindGroundMaximum, OfAWeakPlumeLiesWhereTheSpreadIsTheHeightOverRootTwo) {
   // In class B both spreads grow almost evenly near the stack, for which Turner gives the rule.
   Plume plume = PlumeIn(Terrain::OpenCountry, Stability::B);

@@ -159,6 +159,14 @@ TEST_F(Input, WithoutASectionIsToldAtItsEnd) {
             path_ + ":" + std::to_string(lines) + ": de sectie [toetspunten] ontbreekt");
 }
 
+TEST_F(Input, WithoutReceptorsIsToldAtTheirSection) {
+  const std::string text = ExampleText();
+  const std::string cut = text.substr(0, text.find("[toetspunten]"));
+  const auto lines = std::count(cut.begin(), cut.end(), '\n');
+  EXPECT_EQ(ErrorOf(Written(cut + "[toetspunten]\n")),
+            path_ + ":" + std::to_string(lines + 1) + ": er is geen enkel toetspunt");
+}
+
 TEST_F(Input, HoldsNoMoreReceptorsThanTheTablesDo) {
   std::string more;
   for (int i = 1; i <= 7; ++i) more += "extra " + std::to_string(i) + " = 500 500\n";
