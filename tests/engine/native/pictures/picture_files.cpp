@@ -111,7 +111,7 @@ Bytes TiffOfSize(std::uint32_t width, std::uint32_t height) {
 Bytes IconOfSize(std::int32_t width, std::int32_t height) {
   const Bytes bitmap = BmpOfSize(width, 2 * height);  // the mask stands below the picture
   Bytes bytes{0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 1, 0, 24, 0, 0, 0, 0, 0, 22, 0, 0, 0};
-  bytes.insert(bytes.end(), bitmap.begin() + 14, bitmap.end());
+  std::copy(bitmap.begin() + 14, bitmap.end(), std::back_inserter(bytes));
   PutLittle(bytes, 14, static_cast<std::uint32_t>(bitmap.size() - 14), 4);
   return bytes;
 }
