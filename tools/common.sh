@@ -9,7 +9,7 @@ build_packages=(
 )
 test_packages=(
   clang-format clang-tidy python3 libgtest-dev libgmock-dev libbenchmark-dev
-  poppler-utils mupdf-tools qpdf imagemagick locales fonts-urw-base35
+  poppler-utils mupdf-tools qpdf imagemagick locales file libhpdf-dev fonts-urw-base35
 )
 
 say() { printf '== %s\n' "$*"; }
