@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "engine/native/geometry.h"
+#include "engine/native/document/geometry.h"
 #include "engine/native/native_engine.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/raster/bitmap_player.h"

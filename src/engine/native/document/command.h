@@ -8,7 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "engine/native/geometry.h"
+#include "engine/native/document/geometry.h"
 
 namespace pagivo::native {
 

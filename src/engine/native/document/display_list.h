@@ -6,8 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "engine/native/document/geometry.h"
 #include "engine/native/fonts/font_description.h"
-#include "engine/native/geometry.h"
 #include "engine/native/pictures/picture_image.h"
 
 namespace pagivo::native {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/native/geometry.h"
+#include "engine/native/document/geometry.h"
 
 namespace pagivo::native {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/native/geometry.h"
+#include "engine/native/document/geometry.h"
 #include "engine/native/raster/canvas.h"
 
 namespace pagivo::native {

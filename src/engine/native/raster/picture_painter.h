@@ -1,7 +1,7 @@
 // Pictures on a canvas.
 #pragma once
 
-#include "engine/native/geometry.h"
+#include "engine/native/document/geometry.h"
 #include "engine/native/pictures/picture_image.h"
 #include "engine/native/raster/canvas.h"
 #include "engine/native/raster/page_scale.h"
