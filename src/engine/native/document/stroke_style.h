@@ -21,6 +21,18 @@ inline bool HasRoundEnds(const Pen& pen) {
   return DashMultiples(pen.style).empty();
 }
 
+// A figure whose outline would take more dashes than this is outlined unbroken: it goes far beyond
+// any paper, and drawing what nobody sees would take hours.
+inline constexpr float kMostDashes = 100'000;
+
+// Whether a figure within `bounds`, whose edges are in order, has a broken outline.
+inline bool DrawsDashes(const Pen& pen, const Rectangle& bounds) {
+  const std::span<const float> multiples = DashMultiples(pen.style);
+  if (multiples.empty()) return false;
+  const float shortest = *std::ranges::min_element(multiples) * StrokeWidth(pen);
+  return (bounds.x2 - bounds.x1) + (bounds.y2 - bounds.y1) <= kMostDashes * shortest;
+}
+
 // How far inside a rectangle or circle the pen's middle runs: a pen of style InsideSolid stays
 // inside whole.
 inline float StrokeInset(const Pen& pen) {

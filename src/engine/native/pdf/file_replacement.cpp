@@ -70,7 +70,8 @@ std::string FollowLinks(std::string path) {
 }  // namespace
 
 std::string DescribeWriteFailure(const std::string& fileName, const std::string& cause) {
-  return "\"" + fileName + "\" kan niet worden geschreven: " + cause;
+  // A description ends at a null character, so the name must not hold one.
+  return "\"" + fileName.substr(0, fileName.find('\0')) + "\" kan niet worden geschreven: " + cause;
 }
 
 void FileReplacement::Fail(int error) const {

@@ -39,55 +39,9 @@ std::string SubsetTag(const FontProgram& program) {
   return tag + '+';
 }
 
-// Writes the objects of one face.
-class FaceWriter {
- public:
-  FaceWriter(PdfFile& file, const GlyphCodes& codes)
-      : file_(file),
-        face_(codes.FaceUsed()),
-        codes_(codes),
-        glyphs_(GlyphsOf(codes)),
-        program_(MakeFontProgram(face_, glyphs_)) {
-    AppendName(baseName_, SubsetTag(program_) + face_.PostScriptName());
-  }
-
-  void Write(std::string& resources) {
-    const ObjectNumber descendant = WriteDescendant();
-    for (const CodedFont& font : codes_.Fonts()) {
-      AppendFontName(resources.append("/"), font.number);
-      resources.push_back(' ');
-      AppendReference(resources, WriteFont(font, descendant));
-    }
-  }
-
- private:
-  static std::vector<std::uint32_t> GlyphsOf(const GlyphCodes& codes);
-  ObjectNumber WriteProgram();
-  ObjectNumber WriteDescriptor();
-  ObjectNumber WriteDescendant();
-  ObjectNumber WriteFont(const CodedFont& font, ObjectNumber descendant);
-  ObjectNumber WriteEncoding(const CodedFont& font, std::span<const CodeMapping> mappings);
-  ObjectNumber WriteToUnicode(const CodedFont& font, std::span<const CodeMapping> mappings);
-  std::vector<CodeMapping> MappingsOf(const CodedFont& font) const;
-  void AppendWidths(std::string& out) const;
-  void AppendThousandths(std::string& out, std::string_view key, double units) const;
-
-  std::uint32_t CharacterOf(std::uint32_t glyph) const {
-    const auto place = std::ranges::lower_bound(glyphs_, glyph);
-    return program_.characters[static_cast<std::size_t>(place - glyphs_.begin())];
-  }
-
-  PdfFile& file_;
-  const Face& face_;
-  const GlyphCodes& codes_;
-  std::vector<std::uint32_t> glyphs_;  // rising
-  FontProgram program_;
-  std::string baseName_;
-};
-
-std::vector<std::uint32_t> FaceWriter::GlyphsOf(const GlyphCodes& codes) {
+std::vector<std::uint32_t> GlyphsOf(std::span<const CodedFont> fonts) {
   std::vector<std::uint32_t> glyphs;
-  for (const CodedFont& font : codes.Fonts()) {
+  for (const CodedFont& font : fonts) {
     for (const CodeUse& use : font.uses) glyphs.push_back(use.glyph);
   }
   std::ranges::sort(glyphs);
@@ -95,23 +49,88 @@ std::vector<std::uint32_t> FaceWriter::GlyphsOf(const GlyphCodes& codes) {
   return glyphs;
 }
 
-ObjectNumber FaceWriter::WriteProgram() {
-  const ObjectNumber number = file_.Reserve();
-  std::string entries = "/Subtype/CIDFontType0C";
-  if (program_.format == OutlineFormat::TrueType) {
-    entries = "/Length1 ";
-    AppendInteger(entries, static_cast<std::int64_t>(program_.bytes.size()));
+// Writes fonts of one face that share a program.
+class FontWriter {
+ public:
+  FontWriter(PdfFile& file, const Face& face, std::span<const CodedFont> fonts)
+      : file_(file),
+        face_(face),
+        fonts_(fonts),
+        glyphs_(GlyphsOf(fonts)),
+        program_(MakeFontProgram(face_, glyphs_)) {
+    AppendName(baseName_, SubsetTag(program_) + face_.PostScriptName());
   }
-  file_.WriteStream(number, entries, program_.bytes);
+
+  void Write(std::string& resources) {
+    descriptor_ = WriteDescriptor();
+    for (const CodedFont& font : fonts_) {
+      AppendFontName(resources.append("/"), font.number);
+      resources.push_back(' ');
+      AppendReference(resources, WriteFont(font));
+    }
+  }
+
+ private:
+  bool IsTrueType() const { return program_.format == OutlineFormat::TrueType; }
+  ObjectNumber WriteStream(std::string_view entries, std::string_view data);
+  ObjectNumber WriteObject(std::string_view value);
+  ObjectNumber WriteProgram();
+  ObjectNumber WriteDescriptor();
+  ObjectNumber WriteDescendant(const CodedFont& font);
+  ObjectNumber WriteGlyphMap(const CodedFont& font);
+  ObjectNumber WriteFont(const CodedFont& font);
+  ObjectNumber WriteEncoding(int codeBytes, std::span<const CodeMapping> mappings);
+  std::vector<CodeMapping> MappingsOf(const CodedFont& font) const;
+  void AppendWidths(std::string& out, const CodedFont& font) const;
+  void AppendThousandths(std::string& out, std::string_view key, double units) const;
+
+  // Of the glyph in the program.
+  std::uint32_t ProgramCharacter(std::uint32_t glyph) const {
+    const auto place = std::ranges::lower_bound(glyphs_, glyph);
+    return program_.characters[static_cast<std::size_t>(place - glyphs_.begin())];
+  }
+
+  // Of the code in the font: with TrueType outlines a map of the font leads to the program.
+  std::uint32_t CharacterOf(const CodeUse& use) const {
+    return IsTrueType() ? use.code : ProgramCharacter(use.glyph);
+  }
+
+  PdfFile& file_;
+  const Face& face_;
+  std::span<const CodedFont> fonts_;
+  std::vector<std::uint32_t> glyphs_;  // rising
+  FontProgram program_;
+  std::string baseName_;
+  ObjectNumber descriptor_ = 0;
+};
+
+ObjectNumber FontWriter::WriteStream(std::string_view entries, std::string_view data) {
+  const ObjectNumber number = file_.Reserve();
+  file_.WriteStream(number, entries, data);
   return number;
 }
 
-void FaceWriter::AppendThousandths(std::string& out, std::string_view key, double units) const {
+ObjectNumber FontWriter::WriteObject(std::string_view value) {
+  const ObjectNumber number = file_.Reserve();
+  file_.WriteObject(number, value);
+  return number;
+}
+
+ObjectNumber FontWriter::WriteProgram() {
+  std::string entries = "/Subtype/CIDFontType0C";
+  if (IsTrueType()) {
+    entries = "/Length1 ";
+    AppendInteger(entries, static_cast<std::int64_t>(program_.bytes.size()));
+  }
+  return WriteStream(entries, program_.bytes);
+}
+
+void FontWriter::AppendThousandths(std::string& out, std::string_view key, double units) const {
   out += key;
   AppendInteger(out, std::lround(units * 1000 / face_.UnitsPerEm()));
 }
 
-ObjectNumber FaceWriter::WriteDescriptor() {
+ObjectNumber FontWriter::WriteDescriptor() {
   FT_Face face = face_.FreeType();
   const auto* header = static_cast<TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
   const auto* postScript = static_cast<TT_Postscript*>(FT_Get_Sfnt_Table(face, FT_SFNT_POST));
@@ -133,19 +152,16 @@ ObjectNumber FaceWriter::WriteDescriptor() {
   AppendThousandths(value, "/CapHeight ", hasCapHeight ? header->sCapHeight : face->ascender);
   value += "/StemV ";
   AppendInteger(value, bold ? kBoldStemWidth : kStemWidth);
-  value += program_.format == OutlineFormat::TrueType ? "/FontFile2 " : "/FontFile3 ";
+  value += IsTrueType() ? "/FontFile2 " : "/FontFile3 ";
   AppendReference(value, WriteProgram());
-
-  const ObjectNumber number = file_.Reserve();
-  file_.WriteObject(number, value.append(">>"));
-  return number;
+  return WriteObject(value += ">>");
 }
 
 // Neighbouring characters share one list.
-void FaceWriter::AppendWidths(std::string& out) const {
+void FontWriter::AppendWidths(std::string& out, const CodedFont& font) const {
   std::map<std::uint32_t, std::int16_t> widths;
-  for (const std::uint32_t glyph : glyphs_) {
-    widths.emplace(CharacterOf(glyph), AdvanceInThousandths(face_, glyph));
+  for (const CodeUse& use : font.uses) {
+    widths.emplace(CharacterOf(use), AdvanceInThousandths(face_, use.glyph));
   }
   out += "/W[";
   std::int64_t previous = -2;
@@ -163,56 +179,63 @@ void FaceWriter::AppendWidths(std::string& out) const {
   out += "]]";
 }
 
-ObjectNumber FaceWriter::WriteDescendant() {
-  std::string value = "<</Type/Font/Subtype";
-  value += program_.format == OutlineFormat::TrueType ? "/CIDFontType2/CIDToGIDMap/Identity"
-                                                      : "/CIDFontType0";
-  value.append("/BaseFont").append(baseName_).append("/CIDSystemInfo").append(kCharacterCollection);
-  value += "/FontDescriptor ";
-  AppendReference(value, WriteDescriptor());
-  AppendWidths(value);
-  const ObjectNumber number = file_.Reserve();
-  file_.WriteObject(number, value.append(">>"));
-  return number;
+// The program's glyph of every character number, two bytes each.
+ObjectNumber FontWriter::WriteGlyphMap(const CodedFont& font) {
+  std::string map;
+  for (const CodeUse& use : font.uses) {
+    const std::size_t position = std::size_t{use.code} * 2;
+    const std::uint32_t glyph = ProgramCharacter(use.glyph);
+    if (map.size() < position + 2) map.resize(position + 2);
+    map[position] = static_cast<char>(glyph >> 8);
+    map[position + 1] = static_cast<char>(glyph);
+  }
+  return WriteStream({}, map);
 }
 
-std::vector<CodeMapping> FaceWriter::MappingsOf(const CodedFont& font) const {
-  std::vector<CodeMapping> mappings;
-  for (const CodeUse& use : font.uses) {
-    mappings.push_back({use.code, CharacterOf(use.glyph), use.text});
+ObjectNumber FontWriter::WriteDescendant(const CodedFont& font) {
+  std::string value = "<</Type/Font/BaseFont" + baseName_ + "/CIDSystemInfo";
+  value.append(kCharacterCollection).append("/FontDescriptor ");
+  AppendReference(value, descriptor_);
+  AppendWidths(value, font);
+  if (IsTrueType()) {
+    AppendReference(value += "/Subtype/CIDFontType2/CIDToGIDMap ", WriteGlyphMap(font));
+  } else {
+    value += "/Subtype/CIDFontType0";
   }
+  return WriteObject(value += ">>");
+}
+
+std::vector<CodeMapping> FontWriter::MappingsOf(const CodedFont& font) const {
+  std::vector<CodeMapping> mappings;
+  for (const CodeUse& use : font.uses) mappings.push_back({use.code, CharacterOf(use), use.text});
   std::ranges::sort(mappings, {}, &CodeMapping::code);
   return mappings;
 }
 
-ObjectNumber FaceWriter::WriteEncoding(const CodedFont& font,
-                                       std::span<const CodeMapping> mappings) {
-  const ObjectNumber number = file_.Reserve();
+ObjectNumber FontWriter::WriteEncoding(int codeBytes, std::span<const CodeMapping> mappings) {
   std::string entries = "/Type/CMap/CMapName/";
-  entries.append(EncodingName(font.codeBytes)).append("/CIDSystemInfo");
-  entries.append(kCharacterCollection);
-  file_.WriteStream(number, entries, MakeEncoding(font.codeBytes, mappings));
-  return number;
+  entries.append(EncodingName(codeBytes)).append("/CIDSystemInfo").append(kCharacterCollection);
+  return WriteStream(entries, MakeEncoding(codeBytes, mappings));
 }
 
-ObjectNumber FaceWriter::WriteToUnicode(const CodedFont& font,
-                                        std::span<const CodeMapping> mappings) {
-  const ObjectNumber number = file_.Reserve();
-  file_.WriteStream(number, {}, MakeToUnicode(font.codeBytes, mappings));
-  return number;
-}
-
-ObjectNumber FaceWriter::WriteFont(const CodedFont& font, ObjectNumber descendant) {
+ObjectNumber FontWriter::WriteFont(const CodedFont& font) {
   const std::vector<CodeMapping> mappings = MappingsOf(font);
   std::string value = "<</Type/Font/Subtype/Type0/BaseFont" + baseName_ + "/Encoding ";
-  AppendReference(value, WriteEncoding(font, mappings));
-  value += "/DescendantFonts[";
-  AppendReference(value, descendant);
-  value += "]/ToUnicode ";
-  AppendReference(value, WriteToUnicode(font, mappings));
-  const ObjectNumber number = file_.Reserve();
-  file_.WriteObject(number, value.append(">>"));
-  return number;
+  AppendReference(value, WriteEncoding(font.codeBytes, mappings));
+  AppendReference(value += "/DescendantFonts[", WriteDescendant(font));
+  AppendReference(value += "]/ToUnicode ",
+                  WriteStream({}, MakeToUnicode(font.codeBytes, mappings)));
+  return WriteObject(value += ">>");
+}
+
+// One program serves all fonts of a face with TrueType outlines; with CFF outlines each font has
+// its own, so that its characters keep small numbers.
+void WriteFace(PdfFile& file, const GlyphCodes& codes, std::string& resources) {
+  const std::span<const CodedFont> fonts = codes.Fonts();
+  const std::size_t together = codes.HasTrueTypeOutlines() ? fonts.size() : 1;
+  for (std::size_t i = 0; i < fonts.size(); i += together) {
+    FontWriter(file, codes.FaceUsed(), fonts.subspan(i, together)).Write(resources);
+  }
 }
 
 }  // namespace
@@ -230,7 +253,7 @@ GlyphCodes& FontEmbedder::CodesOf(const Face& face) {
 
 std::string FontEmbedder::WriteFonts(PdfFile& file) const {
   std::string resources;
-  for (const GlyphCodes& codes : faces_) FaceWriter(file, codes).Write(resources);
+  for (const GlyphCodes& codes : faces_) WriteFace(file, codes, resources);
   return resources;
 }
 

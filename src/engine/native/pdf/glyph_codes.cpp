@@ -30,6 +30,13 @@ bool IsOwnCode(std::string_view text) {
          !NeedsEscape(static_cast<unsigned char>(text[0]));
 }
 
+bool HasTable(const Face& face, hb_tag_t tag) {
+  hb_blob_t* table = hb_face_reference_table(face.HarfBuzz(), tag);
+  const bool found = hb_blob_get_length(table) > 0;
+  hb_blob_destroy(table);
+  return found;
+}
+
 }  // namespace
 
 std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph) {
@@ -39,7 +46,7 @@ std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph) {
 }
 
 GlyphCodes::GlyphCodes(const Face& face, std::uint16_t& fontCount)
-    : face_(face), fontCount_(fontCount) {}
+    : face_(face), fontCount_(fontCount), trueType_(HasTable(face, HB_TAG('g', 'l', 'y', 'f'))) {}
 
 const GlyphCode& GlyphCodes::FindOrAdd(std::uint32_t glyph, std::string_view text,
                                        std::uint32_t key) {
@@ -58,8 +65,8 @@ const GlyphCode& GlyphCodes::FindOrAdd(std::uint32_t glyph, std::string_view tex
 
 GlyphCode GlyphCodes::Add(std::uint32_t glyph, std::string_view text) {
   std::uint8_t& textCount = entries_[glyph].textCount;
-  Series& series = series_[textCount];
-  if (textCount + 1U < kSeries) ++textCount;
+  Series& series = series_[trueType_ ? 0 : textCount];
+  if (textCount + 1U < kMostSeries) ++textCount;
   if (IsFull(series)) OpenFont(series);
   CodedFont& font = fonts_[*series.font];
   const std::uint16_t code = NextCode(series, text);
@@ -74,7 +81,7 @@ bool GlyphCodes::IsFull(const Series& series) const {
 }
 
 void GlyphCodes::OpenFont(Series& series) {
-  const std::uint8_t codeBytes = series.font ? 2 : 1;
+  const std::uint8_t codeBytes = series.font || FT_IS_CID_KEYED(face_.FreeType()) ? 2 : 1;
   series.font = fonts_.size();
   series.nextIndex = 0;
   fonts_.push_back({fontCount_++, codeBytes, {}});

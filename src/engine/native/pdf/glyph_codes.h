@@ -45,8 +45,12 @@ struct CodedFont {
 // use: a hyphen and a soft hyphen may share a glyph and are still copied as what they were.
 //
 // Most documents use few glyphs of a face, so codes have one byte until these are used up; fonts
-// with two-byte codes follow. A glyph's second text goes to another series of fonts, for there are
-// readers that know one text for each glyph of a font.
+// with two-byte codes follow.
+//
+// There are readers that know texts by character number, and only as many as codes have bytes for.
+// With TrueType outlines the code is the character number. With CFF outlines the program numbers
+// its characters: there, a glyph's second text goes to another series of fonts, and programs with
+// large numbers of their own get two-byte codes at once.
 class GlyphCodes {
  public:
   // `fontCount` is shared by all faces of a file and numbers its fonts.
@@ -62,6 +66,7 @@ class GlyphCodes {
   }
 
   const Face& FaceUsed() const noexcept { return face_; }
+  bool HasTrueTypeOutlines() const noexcept { return trueType_; }
   const std::vector<CodedFont>& Fonts() const noexcept { return fonts_; }
 
  private:
@@ -80,7 +85,7 @@ class GlyphCodes {
   };
 
   // Further texts of a glyph share the last series.
-  static constexpr std::size_t kSeries = 8;
+  static constexpr std::size_t kMostSeries = 8;
 
   // Up to four bytes as one number, which is not zero; zero for other texts.
   static std::uint32_t ShortKey(std::string_view text) {
@@ -98,8 +103,9 @@ class GlyphCodes {
 
   const Face& face_;
   std::uint16_t& fontCount_;
+  bool trueType_;
   std::vector<CodedFont> fonts_;
-  std::array<Series, kSeries> series_;
+  std::array<Series, kMostSeries> series_;
   std::vector<Entry> entries_;                         // by glyph
   std::unordered_map<std::string, GlyphCode> others_;  // by glyph number and text
 };

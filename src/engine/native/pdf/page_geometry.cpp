@@ -9,19 +9,21 @@ namespace {
 constexpr double kMostUnits = 14400;
 constexpr double kFarthest = 1e9;  // hundredths
 
-// A page without a size still is one.
-double Sane(float length) {
-  return std::isfinite(length) ? std::clamp<double>(length, kTwipsPerPoint, 1e9) : kTwipsPerPoint;
+// Twips: a point, and three times the largest paper that there is.
+constexpr float kSmallestPage = 20;
+constexpr float kLargestPage = 1e6;
+
+float Sane(float length) {
+  return std::isfinite(length) ? std::clamp(length, kSmallestPage, kLargestPage) : kSmallestPage;
 }
 
 }  // namespace
 
-PdfGeometry::PdfGeometry(const PageGeometry& page) : height_(Sane(page.height)) {
-  const double width = Sane(page.width);
-  const double points = std::max(width, height_) / kTwipsPerPoint;
+PdfGeometry::PdfGeometry(const PageGeometry& page) : paper_{Sane(page.width), Sane(page.height)} {
+  const double points = std::max(paper_.width, paper_.height) / kTwipsPerPoint;
   userUnit_ = static_cast<int>(std::ceil(points / kMostUnits));
   unitsPerTwip_ = 1 / (kTwipsPerPoint * userUnit_);
-  size_ = {Length(width), Length(height_)};
+  size_ = {Length(paper_.width), Length(paper_.height)};
 }
 
 Hundredths PdfGeometry::Length(double twips) const {
@@ -29,7 +31,7 @@ Hundredths PdfGeometry::Length(double twips) const {
 }
 
 PdfPoint PdfGeometry::At(double x, double y) const {
-  return {Length(x), Length(height_ - y)};
+  return {Length(x), Length(paper_.height - y)};
 }
 
 }  // namespace pagivo::native

@@ -15,6 +15,8 @@ class PdfGeometry {
   // Points in one unit of this page, at least 1.
   int UserUnit() const noexcept { return userUnit_; }
   PdfPoint Size() const noexcept { return size_; }
+  // Twips; within limits, whatever the record says.
+  const PageGeometry& Paper() const noexcept { return paper_; }
 
   // From twips. Positions far beyond the paper end at a distance that every reader can count.
   Hundredths Length(double twips) const;
@@ -23,11 +25,11 @@ class PdfGeometry {
 
   // The same unrounded, in units.
   double XInUnits(double x) const { return x * unitsPerTwip_; }
-  double YInUnits(double y) const { return (height_ - y) * unitsPerTwip_; }
+  double YInUnits(double y) const { return (paper_.height - y) * unitsPerTwip_; }
   double InUnits(double twips) const { return twips * unitsPerTwip_; }
 
  private:
-  double height_;
+  PageGeometry paper_;
   int userUnit_;
   double unitsPerTwip_;
   PdfPoint size_;

@@ -43,7 +43,6 @@ Rectangle BoundsOf(Point center, float radius) {
 std::string_view PagePlayer::Play(const Document& document, std::int32_t page,
                                   const PdfGeometry& geometry) {
   geometry_ = &geometry;
-  paper_ = document.GeometryOf(page);
   stream_.Begin();
   text_.BeginPage();
   document.Play(page, *this);
@@ -58,11 +57,11 @@ void PagePlayer::SetFont(const FontDescription& font) {
 }
 
 void PagePlayer::DrawText(Point position, std::string_view text) {
-  const float size = std::min(fontDescription_.size, kLargestFontSize);
+  const float size = fontDescription_.size;
   if (font_ == nullptr || text.empty() || !AreFinite(position.x, position.y, size) || size <= 0) {
     return;
   }
-  const double em = size * kTwipsPerPoint;
+  const double em = std::min(size, kLargestFontSize) * kTwipsPerPoint;
   TextPlacement placement;
   placement.x = geometry_->XInUnits(position.x);
   placement.baseline = geometry_->YInUnits(position.y + font_->Metrics().ascent * em);
@@ -86,13 +85,13 @@ void PagePlayer::Underline(double from, double to, double baseline) {
   stream_.Fill(FillRule::NonZero);
 }
 
-void PagePlayer::UsePen() {
+void PagePlayer::UsePen(const Rectangle& bounds) {
   StrokeStyle style;
   style.color = pen_.color;
   style.width = geometry_->Length(StrokeWidth(pen_));
   style.cap = HasRoundEnds(pen_) ? 1 : 0;
   style.join = 1;
-  style.dash = pen_.style;
+  if (DrawsDashes(pen_, bounds)) style.dash = pen_.style;
   stream_.SetStroke(style);
 }
 
@@ -103,7 +102,7 @@ void PagePlayer::DrawLine(Point from, Point to) {
 void PagePlayer::DrawPolyline(std::span<const Point> points) {
   if (points.size() < 2 || !AreFinite(points) || !DrawsLines(pen_)) return;
   text_.End();
-  UsePen();
+  UsePen(BoundsOf(points));
   AddPoints(points);
   stream_.Stroke();
 }
@@ -154,7 +153,7 @@ void PagePlayer::DrawArc(const Arc& arc) {
   }
   if (!DrawsLines(pen_)) return;
   text_.End();
-  UsePen();
+  UsePen(BoundsOf(arc.center, arc.radius));
   if (arc.radiusLineAtStart) stream_.MoveTo(geometry_->At(arc.center));
   AddArc(arc, sweep);
   if (arc.radiusLineAtEnd) stream_.LineTo(geometry_->At(arc.center));
@@ -198,7 +197,7 @@ void PagePlayer::DrawFigure(const Rectangle& bounds, FillRule rule, AddPath addP
   const bool strokes = DrawsLines(pen_);
   if (!fills && !strokes) return;
   if (fills) stream_.SetFillColor(brush_.color);
-  if (strokes) UsePen();
+  if (strokes) UsePen(bounds);
   addPath();
   if (!fills) {
     stream_.Stroke();
@@ -210,10 +209,12 @@ void PagePlayer::DrawFigure(const Rectangle& bounds, FillRule rule, AddPath addP
 }
 
 void PagePlayer::Hatch(const Rectangle& bounds) {
+  const PageGeometry& paper = geometry_->Paper();
   const Rectangle visible{std::max(bounds.x1, 0.0F), std::max(bounds.y1, 0.0F),
-                          std::min(bounds.x2, paper_.width), std::min(bounds.y2, paper_.height)};
+                          std::min(bounds.x2, paper.width), std::min(bounds.y2, paper.height)};
+  if (visible.x1 >= visible.x2 || visible.y1 >= visible.y2) return;
   const std::vector<HatchLine> lines = HatchLines(brush_.style, visible);
-  if (visible.x1 >= visible.x2 || visible.y1 >= visible.y2 || lines.empty()) return;
+  if (lines.empty()) return;
   stream_.SetStroke({.color = brush_.color, .width = geometry_->Length(kHatchWidth)});
   for (const HatchLine& line : lines) AddPoints(std::array{line.from, line.to});
   stream_.Stroke();

@@ -37,7 +37,7 @@ class PagePlayer final : public Player {
 
  private:
   void Underline(double from, double to, double baseline);
-  void UsePen();
+  void UsePen(const Rectangle& bounds);
   void AddArc(const Arc& arc, double sweep);
   void AddPoints(std::span<const Point> points);
   void Hatch(const Rectangle& bounds);
@@ -47,9 +47,7 @@ class PagePlayer final : public Player {
   ImageEmbedder& images_;
   ContentStream stream_;
   TextWriter text_;
-  // Of the page that is being played.
-  const PdfGeometry* geometry_ = nullptr;
-  PageGeometry paper_;
+  const PdfGeometry* geometry_ = nullptr;  // of the page that is being played
 
   FontDescription fontDescription_;
   Font* font_ = nullptr;

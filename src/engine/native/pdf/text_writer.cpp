@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "engine/native/fonts/utf8.h"
 #include "engine/native/pdf/text_string.h"
@@ -27,19 +28,14 @@ bool IsRightToLeft(char32_t codePoint) {
          (codePoint >= 0x1E800 && codePoint < 0x1F000);
 }
 
+bool BeginsRightToLeft(std::string_view text) {
+  return !text.empty() && IsRightToLeft(DecodeUtf8(text, 0).codePoint);
+}
+
 std::size_t CountCodePoints(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t i = 0; i < text.size(); i += DecodeUtf8(text, i).length) ++count;
   return count;
-}
-
-// A font's size as it is written, and as readers therefore take it.
-std::int64_t Thousandths(double size) {
-  return std::llround(size * 1000);
-}
-
-double WrittenSize(const TextPlacement& placement) {
-  return static_cast<double>(Thousandths(placement.size)) / 1000;
 }
 
 void BeginActualText(std::string& out, std::string_view text) {
@@ -65,43 +61,49 @@ void TextWriter::End() {
   inText_ = false;
 }
 
-double TextWriter::Draw(const ShapedLine& line, std::string_view text,
-                        const TextPlacement& placement) {
-  double end = placement.x;
-  const ShapedRun* styled = nullptr;
-  for (const Cluster& cluster : ClustersOf(line, placement, end)) {
-    if (cluster.run != styled) SetStyle(*cluster.run, placement);
-    styled = cluster.run;
-    const ShapedGlyph& first = cluster.glyphs.front();
-    DrawCluster(cluster.glyphs, text.substr(first.textBegin, first.textEnd - first.textBegin),
-                {cluster.x, placement.baseline});
-  }
-  return end;
-}
-
-// In the order of the text.
-std::vector<TextWriter::Cluster>& TextWriter::ClustersOf(const ShapedLine& line,
-                                                         const TextPlacement& placement,
-                                                         double& end) {
-  clusters_.clear();
+// Calls visit(run, glyphs, x) for the glyphs of each piece of text, from left to right, and gives
+// where the pen ends.
+template <typename Visit>
+double TextWriter::VisitClusters(const ShapedLine& line, const TextPlacement& placement,
+                                 Visit visit) {
+  double runBegin = placement.x;
   for (const ShapedRun& run : line.runs) {
-    const double scale = WrittenSize(placement) / run.face->UnitsPerEm();
-    const double start = end;
+    const double scale = placement.size / run.face->UnitsPerEm();
     std::int64_t advances = 0;
     for (std::uint32_t i = run.glyphBegin, next = i; i < run.glyphEnd; i = next) {
+      const double x = runBegin + static_cast<double>(advances) * scale;
       const std::uint32_t textBegin = line.glyphs[i].textBegin;
-      const double x = start + static_cast<double>(advances) * scale;
       for (; next < run.glyphEnd && line.glyphs[next].textBegin == textBegin; ++next) {
         advances += line.glyphs[next].advance;
       }
-      clusters_.push_back({&run, std::span(line.glyphs).subspan(i, next - i), x});
+      visit(run, std::span(line.glyphs).subspan(i, next - i), x);
     }
-    end = start + static_cast<double>(advances) * scale;
+    runBegin += static_cast<double>(advances) * scale;
   }
-  if (!std::ranges::is_sorted(clusters_, {}, &Cluster::TextBegin)) {
-    std::ranges::stable_sort(clusters_, {}, &Cluster::TextBegin);
+  return runBegin;
+}
+
+double TextWriter::Draw(const ShapedLine& line, std::string_view text,
+                        const TextPlacement& placement) {
+  const ShapedRun* styled = nullptr;
+  const auto draw = [&](const ShapedRun& run, std::span<const ShapedGlyph> glyphs, double x) {
+    if (&run != styled) SetStyle(run, placement);
+    styled = &run;
+    const auto [begin, end] = std::pair(glyphs.front().textBegin, glyphs.front().textEnd);
+    DrawCluster(glyphs, text.substr(begin, end - begin), {x, placement.baseline});
+  };
+  if (std::ranges::is_sorted(line.glyphs, {}, &ShapedGlyph::textBegin)) {
+    return VisitClusters(line, placement, draw);
   }
-  return clusters_;
+
+  std::vector<Cluster> clusters;
+  const auto collect = [&](const ShapedRun& run, std::span<const ShapedGlyph> glyphs, double x) {
+    clusters.push_back({&run, glyphs, x});
+  };
+  const double penEnd = VisitClusters(line, placement, collect);
+  std::ranges::stable_sort(clusters, {}, &Cluster::TextBegin);
+  for (const Cluster& cluster : clusters) draw(*cluster.run, cluster.glyphs, cluster.x);
+  return penEnd;
 }
 
 void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) {
@@ -110,12 +112,11 @@ void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) 
     CloseString();
     stream_.SetFillColor(placement.color);
   }
-  size_ = Thousandths(placement.size);
+  size_ = std::llround(placement.size * 1000);
   slant_ = run.slanted ? kSlant : 0;
   codes_ = &fonts_.CodesOf(*run.face);
-  const double size = WrittenSize(placement);
-  unitsToPage_ = size / run.face->UnitsPerEm();
-  thousandthToPage_ = size / 1000;
+  unitsToPage_ = placement.size / run.face->UnitsPerEm();
+  thousandthToPage_ = static_cast<double>(size_) / 1e6;
 }
 
 // Thickens by filling and stroking; otherwise text is filled alone.
@@ -141,10 +142,15 @@ void TextWriter::SelectFont(std::uint16_t font) {
   fontSize_ = size_;
 }
 
-// Glyphs without a code point of their own need the text to be told apart from them.
+// The text of a cluster is told as a whole: a glyph without a code point of its own has none to
+// give, and there are readers that take a mark's glyph for the end of a word. Those readers turn
+// texts that run from right to left around, so there glyphs that have code points speak for
+// themselves.
 void TextWriter::DrawCluster(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
   if (cluster.size() == 1) return DrawGlyph(cluster.front(), text, pen);
-  if (cluster.size() <= CountCodePoints(text)) return DrawGlyphs(cluster, text, pen);
+  if (BeginsRightToLeft(text) && cluster.size() <= CountCodePoints(text)) {
+    return DrawGlyphs(cluster, text, pen);
+  }
   PlacePen(pen);
   CloseString();
   BeginActualText(stream_.Raw(), text);
@@ -156,7 +162,7 @@ void TextWriter::DrawCluster(std::span<const ShapedGlyph> cluster, std::string_v
 // In the text's order each glyph stands for one code point and the last for what is left, so that
 // the text comes out as it was written.
 void TextWriter::DrawGlyphs(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
-  const bool rightToLeft = !text.empty() && IsRightToLeft(DecodeUtf8(text, 0).codePoint);
+  const bool rightToLeft = BeginsRightToLeft(text);
   std::vector<double> pens;
   for (const ShapedGlyph& glyph : cluster) {
     pens.push_back(pen.x);
@@ -174,7 +180,9 @@ void TextWriter::DrawGlyphs(std::span<const ShapedGlyph> cluster, std::string_vi
 void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
   const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
   SelectFont(code.font);
-  PlacePen({pen.x + glyph.xOffset * unitsToPage_, pen.y + glyph.yOffset * unitsToPage_});
+  if (glyph.xOffset != 0) pen.x += glyph.xOffset * unitsToPage_;
+  if (glyph.yOffset != 0) pen.y += glyph.yOffset * unitsToPage_;
+  PlacePen(pen);
   if (inString_ && stream_.Raw().size() - stringBegin_ > kLongestString) CloseString();
   if (!inString_) OpenString();
   if (code.bytes == 2) stream_.Raw().push_back(static_cast<char>(code.code >> 8));
@@ -183,9 +191,12 @@ void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen 
 }
 
 void TextWriter::PlacePen(Pen pen) {
-  const Hundredths baseline = std::llround(pen.y * 100);
-  if (!inText_ || baseline != lineStart_.y || slant_ != lineSlant_) {
-    StartLine({std::llround(pen.x * 100), baseline}, slant_);
+  if (pen.y != penY_) {
+    penY_ = pen.y;
+    baseline_ = std::llround(pen.y * 100);
+  }
+  if (!inText_ || baseline_ != lineStart_.y || slant_ != lineSlant_) {
+    StartLine({std::llround(pen.x * 100), baseline_}, slant_);
   }
   const double gap = pen.x - readerPen_;
   if (std::abs(gap) <= kTolerance) return;

@@ -55,8 +55,8 @@ class TextWriter {
     std::uint32_t TextBegin() const { return glyphs.front().textBegin; }
   };
 
-  std::vector<Cluster>& ClustersOf(const ShapedLine& line, const TextPlacement& placement,
-                                   double& end);
+  template <typename Visit>
+  static double VisitClusters(const ShapedLine& line, const TextPlacement& placement, Visit visit);
   void SetStyle(const ShapedRun& run, const TextPlacement& placement);
   void SetEmboldened(bool emboldened, const TextPlacement& placement);
   void SelectFont(std::uint16_t font);
@@ -78,10 +78,10 @@ class TextWriter {
 
   // How the next glyphs are to be drawn.
   GlyphCodes* codes_ = nullptr;
-  std::int64_t size_ = 0;  // thousandths
+  std::int64_t size_ = 0;  // thousandths, as it is written and as readers therefore take it
   double slant_ = 0;
   double unitsToPage_ = 0;       // of a design unit of the face
-  double thousandthToPage_ = 0;  // of one of the em
+  double thousandthToPage_ = 0;  // of a thousandth of the em
 
   bool inText_ = false;    // between BT and ET
   bool inString_ = false;  // within "[(" and ")]TJ"
@@ -90,7 +90,9 @@ class TextWriter {
   double lineSlant_ = 0;
   double readerPen_ = 0;  // where a reader's pen stands, horizontally
 
-  std::vector<Cluster> clusters_;  // kept as storage
+  // Of the glyph drawn last: its pen's height in units and in hundredths.
+  double penY_ = 0;
+  Hundredths baseline_ = 0;
 };
 
 }  // namespace pagivo::native
