@@ -10,7 +10,7 @@ namespace pagivo::native {
 // Hands out stretches of large chunks. What was handed out never moves.
 class Arena {
  public:
-  static constexpr std::size_t kChunkSize = 64 * 1024;
+  static constexpr std::size_t kChunkSize = 65536;
 
   // The next free byte, with room for `size` bytes after it. Asking again without Advance gives the
   // same bytes. Raises std::bad_alloc.

@@ -1,8 +1,8 @@
 #include "engine/native/fonts/font_library.h"
 
+#include <array>
 #include <map>
 #include <optional>
-#include <tuple>
 #include <utility>
 
 #include "engine/native/fonts/advance_table.h"
@@ -67,8 +67,8 @@ class LibraryFont final : public Font {
 }  // namespace
 
 struct FontLibrary::Implementation {
-  using Key = std::tuple<std::string, bool, bool>;
-  using KeyView = std::tuple<std::string_view, bool, bool>;
+  // The four styles of one name, made when they are first asked for.
+  using Family = std::array<std::unique_ptr<Font>, 4>;
 
   explicit Implementation(std::unique_ptr<FaceFinder> finder) : catalog(std::move(finder)) {}
 
@@ -78,10 +78,15 @@ struct FontLibrary::Implementation {
     return *table;
   }
 
+  Family& FamilyOf(std::string_view name) {
+    const auto known = families.find(name);
+    return known != families.end() ? known->second : families[std::string(name)];
+  }
+
   FaceCatalog catalog;
   Shaper shaper;
   std::map<const Face*, std::unique_ptr<AdvanceTable>> advances;
-  std::map<Key, std::unique_ptr<Font>, std::less<>> fonts;
+  std::map<std::string, Family, std::less<>> families;
 };
 
 FontLibrary& FontLibrary::Instance() {
@@ -96,15 +101,14 @@ FontLibrary::~FontLibrary() = default;
 
 Font& FontLibrary::Find(std::string_view name, bool bold, bool italic) {
   Implementation& library = *implementation_;
-  const auto known = library.fonts.find(Implementation::KeyView(name, bold, italic));
-  if (known != library.fonts.end()) return *known->second;
+  std::unique_ptr<Font>& font = library.FamilyOf(name).at((bold ? 1U : 0U) + (italic ? 2U : 0U));
+  if (font) return *font;
   const FaceQuery query{std::string(name), bold, italic, std::nullopt};
   const std::optional<StyledFace> primary = library.catalog.Find(query);
   if (!primary) ThrowNoFonts();
-  auto font = std::make_unique<LibraryFont>(FaceChoice(library.catalog, query, *primary),
-                                            library.AdvancesOf(*primary->face), library.shaper);
-  return *library.fonts.emplace(Implementation::Key(name, bold, italic), std::move(font))
-              .first->second;
+  font = std::make_unique<LibraryFont>(FaceChoice(library.catalog, query, *primary),
+                                       library.AdvancesOf(*primary->face), library.shaper);
+  return *font;
 }
 
 }  // namespace pagivo::native
