@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "engine/native/fonts/utf8.h"
 #include "engine/native/pdf/text_string.h"
@@ -61,6 +60,23 @@ void TextWriter::End() {
   inText_ = false;
 }
 
+// Runs for every glyph of a document, so it looks whether there is anything to change before it
+// calls what changes it.
+inline void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
+  const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
+  if (font_ != code.font || fontSize_ != size_) SelectFont(code.font);
+  if (glyph.xOffset != 0) pen.x += glyph.xOffset * unitsToPage_;
+  if (glyph.yOffset != 0) pen.y += glyph.yOffset * unitsToPage_;
+  const bool inPlace = inString_ && pen.y == penY_ && std::abs(pen.x - readerPen_) <= kTolerance;
+  if (!inPlace) PlacePen(pen);
+  std::string& out = stream_.Raw();
+  if (inString_ && out.size() - stringBegin_ > kLongestString) CloseString();
+  if (!inString_) OpenString();
+  if (code.bytes == 2) out.push_back(static_cast<char>(code.code >> 8));
+  out.push_back(static_cast<char>(code.code));
+  readerPen_ += code.advance * thousandthToPage_;
+}
+
 // Calls visit(run, glyphs, x) for the glyphs of each piece of text, from left to right, and gives
 // where the pen ends.
 template <typename Visit>
@@ -89,8 +105,10 @@ double TextWriter::Draw(const ShapedLine& line, std::string_view text,
   const auto draw = [&](const ShapedRun& run, std::span<const ShapedGlyph> glyphs, double x) {
     if (&run != styled) SetStyle(run, placement);
     styled = &run;
-    const auto [begin, end] = std::pair(glyphs.front().textBegin, glyphs.front().textEnd);
-    DrawCluster(glyphs, text.substr(begin, end - begin), {x, placement.baseline});
+    const ShapedGlyph& first = glyphs.front();
+    const std::string_view part(text.data() + first.textBegin, first.textEnd - first.textBegin);
+    const Pen pen{x, placement.baseline};
+    glyphs.size() == 1 ? DrawGlyph(first, part, pen) : DrawCluster(glyphs, part, pen);
   };
   if (std::ranges::is_sorted(line.glyphs, {}, &ShapedGlyph::textBegin)) {
     return VisitClusters(line, placement, draw);
@@ -113,7 +131,10 @@ void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) 
     stream_.SetFillColor(placement.color);
   }
   size_ = std::llround(placement.size * 1000);
-  slant_ = run.slanted ? kSlant : 0;
+  if (const double slant = run.slanted ? kSlant : 0; slant != slant_) {
+    CloseString();
+    slant_ = slant;
+  }
   codes_ = &fonts_.CodesOf(*run.face);
   unitsToPage_ = placement.size / run.face->UnitsPerEm();
   thousandthToPage_ = static_cast<double>(size_) / 1e6;
@@ -130,7 +151,6 @@ void TextWriter::SetEmboldened(bool emboldened, const TextPlacement& placement) 
 }
 
 void TextWriter::SelectFont(std::uint16_t font) {
-  if (font_ == font && fontSize_ == size_) return;
   CloseString();
   std::string& out = stream_.Raw();
   out.push_back('/');
@@ -147,7 +167,6 @@ void TextWriter::SelectFont(std::uint16_t font) {
 // texts that run from right to left around, so there glyphs that have code points speak for
 // themselves.
 void TextWriter::DrawCluster(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
-  if (cluster.size() == 1) return DrawGlyph(cluster.front(), text, pen);
   if (BeginsRightToLeft(text) && cluster.size() <= CountCodePoints(text)) {
     return DrawGlyphs(cluster, text, pen);
   }
@@ -175,19 +194,6 @@ void TextWriter::DrawGlyphs(std::span<const ShapedGlyph> cluster, std::string_vi
     DrawGlyph(cluster[glyph], text.substr(0, length), {pens[glyph], pen.y});
     text.remove_prefix(length);
   }
-}
-
-void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
-  const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
-  SelectFont(code.font);
-  if (glyph.xOffset != 0) pen.x += glyph.xOffset * unitsToPage_;
-  if (glyph.yOffset != 0) pen.y += glyph.yOffset * unitsToPage_;
-  PlacePen(pen);
-  if (inString_ && stream_.Raw().size() - stringBegin_ > kLongestString) CloseString();
-  if (!inString_) OpenString();
-  if (code.bytes == 2) stream_.Raw().push_back(static_cast<char>(code.code >> 8));
-  stream_.Raw().push_back(static_cast<char>(code.code));
-  readerPen_ += code.advance * thousandthToPage_;
 }
 
 void TextWriter::PlacePen(Pen pen) {
