@@ -30,9 +30,9 @@ bool HasTable(hb_face_t* face, hb_tag_t tag) {
   return found;
 }
 
+// CFF2 outlines do not count: a PDF file cannot hold them.
 bool HasOutlines(hb_face_t* face) {
-  return HasTable(face, HB_TAG('g', 'l', 'y', 'f')) || HasTable(face, HB_TAG('C', 'F', 'F', ' ')) ||
-         HasTable(face, HB_TAG('C', 'F', 'F', '2'));
+  return HasTable(face, HB_TAG('g', 'l', 'y', 'f')) || HasTable(face, HB_TAG('C', 'F', 'F', ' '));
 }
 
 FT_Face OpenFreeType(FT_Library library, hb_blob_t* file, int index) {
