@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "engine/native/fonts/face_support.h"
@@ -18,8 +17,10 @@ class FaceFileTest : public testing::Test {
 
   // Writes the bytes of a face with CFF outlines, its table of outlines under another tag.
   void WriteWithOutlinesTagged(const std::string& tag) {
-    std::ifstream original(FileFor("Nimbus Sans").path, std::ios::binary);
-    std::string bytes((std::istreambuf_iterator<char>(original)), {});
+    const std::string original = FileFor("Nimbus Sans").path;
+    std::string bytes(std::filesystem::file_size(original), '\0');
+    std::ifstream(original, std::ios::binary)
+        .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     const std::size_t place = bytes.find("CFF ");
     ASSERT_NE(place, std::string::npos);
     std::ofstream(path_, std::ios::binary) << bytes.replace(place, tag.size(), tag);
