@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 #include "pagivo/error.h"
 
@@ -11,53 +10,28 @@ namespace {
 
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 
-std::uint32_t PixelOf(Color color) {
-  return 0xFF000000U | std::uint32_t{RedOf(color)} << 16 | std::uint32_t{GreenOf(color)} << 8 |
-         BlueOf(color);
-}
+// The pixels of one direction, within bounds, that a stretch between two edges meets.
+struct Extent {
+  Extent(double edge, double otherEdge, std::int32_t low, std::int32_t high)
+      : from(std::min(edge, otherEdge)),
+        to(std::max(edge, otherEdge)),
+        begin(Within(std::floor(from), low, high)),
+        end(Within(std::ceil(to), low, high)) {}
 
-// A pixel's four channels with eight bits of room above each, so that one multiplication serves
-// all.
-using Channels = std::uint64_t;
-constexpr Channels kChannelMask = 0x00FF00FF00FF00FF;
-
-constexpr Channels Spread(std::uint32_t pixel) {
-  return (pixel | Channels{pixel} << 24) & kChannelMask;
-}
-
-// `share` of `over` on top of `under`; 256 is all of it.
-constexpr std::uint32_t Blend(std::uint32_t under, Channels over, std::uint32_t share) {
-  const Channels mixed = (Spread(under) * (256 - share) + over * share) >> 8 & kChannelMask;
-  return static_cast<std::uint32_t>(mixed | mixed >> 24);
-}
-
-// Most of a glyph's box is blank: four pixels at a time are looked at first.
-void BlendRow(std::uint32_t* row, const std::uint8_t* covered, std::int32_t count, Channels ink) {
-  std::int32_t x = 0;
-  const auto blend = [&] {
-    const std::uint32_t share = covered[x];
-    row[x] = Blend(row[x], ink, share + (share >> 7));
-    ++x;
-  };
-  while (count - x >= 4) {
-    std::uint32_t four = 0;
-    std::memcpy(&four, covered + x, sizeof(four));
-    if (four == 0) {
-      x += 4;
-      continue;
-    }
-    blend();
-    blend();
-    blend();
-    blend();
+  // How much of the pixel from `at` to `at` + 1 lies between the edges.
+  double ShareOf(std::int32_t at) const {
+    return std::clamp(std::min(to, at + 1.0) - std::max(from, double(at)), 0.0, 1.0);
   }
-  while (x < count) blend();
-}
 
-// How much of the pixel from `at` to `at` + 1 lies between the edges.
-double Overlap(double from, double to, std::int32_t at) {
-  return std::clamp(std::min(to, at + 1.0) - std::max(from, double(at)), 0.0, 1.0);
-}
+  static std::int32_t Within(double edge, std::int32_t low, std::int32_t high) {
+    return static_cast<std::int32_t>(std::clamp<double>(edge, low, std::max(low, high)));
+  }
+
+  double from;
+  double to;
+  std::int32_t begin;
+  std::int32_t end;
+};
 
 }  // namespace
 
@@ -67,11 +41,16 @@ Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page)
       top_(view.top),
       clip_{std::max(view.left, 0), std::max(view.top, 0),
             std::min(view.left + bitmap.width, page.width),
-            std::min(view.top + bitmap.height, page.height)},
-      surface_(cairo_image_surface_create_for_data(
-          reinterpret_cast<unsigned char*>(bitmap.pixels.data()), CAIRO_FORMAT_ARGB32, bitmap.width,
-          bitmap.height, 4 * bitmap.width)),
-      context_(cairo_create(surface_.get())) {
+            std::min(view.top + bitmap.height, page.height)} {}
+
+Canvas::~Canvas() = default;
+
+// Most pages need no cairo.
+void Canvas::BeginCairo() {
+  surface_.reset(cairo_image_surface_create_for_data(
+      reinterpret_cast<unsigned char*>(bitmap_.pixels.data()), CAIRO_FORMAT_ARGB32, bitmap_.width,
+      bitmap_.height, 4 * bitmap_.width));
+  context_.reset(cairo_create(surface_.get()));
   if (cairo_status(context_.get()) != CAIRO_STATUS_SUCCESS) {
     throw Error(ErrorNumber::InvalidArgument, "De pagina is te groot om te tekenen");
   }
@@ -81,26 +60,20 @@ Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page)
   cairo_clip(context_.get());
 }
 
-Canvas::~Canvas() = default;
-
 cairo_t* Canvas::Vectors() {
+  if (context_ == nullptr) BeginCairo();
   if (pixelsChanged_) cairo_surface_mark_dirty(surface_.get());
   pixelsChanged_ = false;
   return context_.get();
 }
 
-void Canvas::BeginPixels() {
-  if (!pixelsChanged_) cairo_surface_flush(surface_.get());
+std::uint32_t* Canvas::Row(std::int32_t y) {
+  if (!pixelsChanged_ && surface_ != nullptr) cairo_surface_flush(surface_.get());
   pixelsChanged_ = true;
-}
-
-// Where the page's pixel (0, y) would be.
-std::uint32_t* Canvas::Row(std::int32_t y) const {
   return bitmap_.pixels.data() + std::ptrdiff_t{y - top_} * bitmap_.width - left_;
 }
 
 void Canvas::FillPaper() {
-  BeginPixels();
   if (clip_.IsEmpty()) return;
   for (std::int32_t y = clip_.top; y < clip_.bottom; ++y) {
     std::fill(Row(y) + clip_.left, Row(y) + clip_.right, kWhite);
@@ -108,41 +81,40 @@ void Canvas::FillPaper() {
 }
 
 void Canvas::DrawCoverage(const Coverage& coverage, std::int32_t left, std::int32_t top,
-                          Color color) {
-  const PixelBox box{std::max(left, clip_.left), std::max(top, clip_.top),
-                     std::min(left + coverage.width, clip_.right),
-                     std::min(top + coverage.height, clip_.bottom)};
+                          const Ink& ink) {
+  // The blanks at the rows' ends are blended along where there is room for them.
+  const std::int32_t right =
+      left + (left + coverage.pitch <= clip_.right ? coverage.pitch : coverage.width);
+  const PixelBox box = Intersection({left, top, right, top + coverage.height}, clip_);
   if (box.IsEmpty()) return;
-  BeginPixels();
-  const Channels ink = Spread(PixelOf(color));
   const std::uint8_t* covered =
-      coverage.bytes + std::ptrdiff_t{box.top - top} * coverage.width + (box.left - left);
+      coverage.bytes + std::ptrdiff_t{box.top - top} * coverage.pitch + (box.left - left);
   std::uint32_t* row = Row(box.top) + box.left;
   for (std::int32_t y = box.top; y < box.bottom; ++y) {
-    BlendRow(row, covered, box.right - box.left, ink);
-    covered += coverage.width;
+    ink.BlendRow(row, covered, box.right - box.left);
+    covered += coverage.pitch;
     row += bitmap_.width;
   }
 }
 
-void Canvas::FillRectangle(const PixelRectangle& rectangle, Color color) {
-  const auto within = [](double edge, std::int32_t low, std::int32_t high) {
-    return static_cast<std::int32_t>(std::clamp<double>(edge, low, std::max(low, high)));
-  };
-  const PixelBox box{within(std::floor(rectangle.left), clip_.left, clip_.right),
-                     within(std::floor(rectangle.top), clip_.top, clip_.bottom),
-                     within(std::ceil(rectangle.right), clip_.left, clip_.right),
-                     within(std::ceil(rectangle.bottom), clip_.top, clip_.bottom)};
-  if (box.IsEmpty()) return;
-  BeginPixels();
-  const Channels ink = Spread(PixelOf(color));
-  for (std::int32_t y = box.top; y < box.bottom; ++y) {
-    const double height = 256 * Overlap(rectangle.top, rectangle.bottom, y);
+void Canvas::FillRectangle(const PixelRectangle& rectangle, const Ink& ink) {
+  const Extent columns(rectangle.left, rectangle.right, clip_.left, clip_.right);
+  const Extent rows(rectangle.top, rectangle.bottom, clip_.top, clip_.bottom);
+  if (columns.begin >= columns.end || rows.begin >= rows.end) return;
+  for (std::int32_t y = rows.begin; y < rows.end; ++y) {
     std::uint32_t* row = Row(y);
-    for (std::int32_t x = box.left; x < box.right; ++x) {
-      const double share = height * Overlap(rectangle.left, rectangle.right, x);
-      row[x] = Blend(row[x], ink, static_cast<std::uint32_t>(std::lround(share)));
+    const double height = 255 * rows.ShareOf(y);
+    const auto coverage = [&](std::int32_t x) {
+      return static_cast<std::uint32_t>(height * columns.ShareOf(x) + 0.5);
+    };
+    // All pixels between the outer two are covered as much.
+    const std::int32_t last = columns.end - 1;
+    ink.Blend(row[columns.begin], coverage(columns.begin));
+    if (last == columns.begin) continue;
+    if (last > columns.begin + 1) {
+      ink.BlendRun(row + columns.begin + 1, row + last, coverage(columns.begin + 1));
     }
+    ink.Blend(row[last], coverage(last));
   }
 }
 

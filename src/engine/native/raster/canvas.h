@@ -3,10 +3,12 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 
 #include "engine/native/raster/bitmap_player.h"
+#include "engine/native/raster/blend.h"
 
 namespace pagivo::native {
 
@@ -20,6 +22,11 @@ struct PixelBox {
   bool IsEmpty() const { return left >= right || top >= bottom; }
 };
 
+inline PixelBox Intersection(const PixelBox& one, const PixelBox& other) {
+  return {std::max(one.left, other.left), std::max(one.top, other.top),
+          std::min(one.right, other.right), std::min(one.bottom, other.bottom)};
+}
+
 // A rectangle whose edges may lie within pixels.
 struct PixelRectangle {
   double left = 0;
@@ -28,11 +35,13 @@ struct PixelRectangle {
   double bottom = 0;
 };
 
-// A glyph's shape: one byte a pixel, how much of it is covered.
+// A glyph's shape: one byte a pixel, how much of it is covered. What a row holds beyond the width
+// is blank.
 struct Coverage {
   const std::uint8_t* bytes = nullptr;
   std::int32_t width = 0;
   std::int32_t height = 0;
+  std::int32_t pitch = 0;  // bytes from row to row
 };
 
 // Everything here counts in the page's pixels. Nothing outside the clip is touched. The bitmap must
@@ -49,11 +58,14 @@ class Canvas {
 
   // For drawing with cairo, until the next call of another function.
   cairo_t* Vectors();
+  // For drawing into pixels within the clip, until the next call of Vectors: where the page's pixel
+  // (0, y) would be.
+  std::uint32_t* Row(std::int32_t y);
 
   void FillPaper();
-  // Both draw in an opaque colour.
-  void DrawCoverage(const Coverage& coverage, std::int32_t left, std::int32_t top, Color color);
-  void FillRectangle(const PixelRectangle& rectangle, Color color);
+  void DrawCoverage(const Coverage& coverage, std::int32_t left, std::int32_t top, const Ink& ink);
+  // The edges may be given in any order.
+  void FillRectangle(const PixelRectangle& rectangle, const Ink& ink);
 
  private:
   struct Release {
@@ -61,14 +73,13 @@ class Canvas {
     void operator()(cairo_t* context) const { cairo_destroy(context); }
   };
 
-  void BeginPixels();
-  std::uint32_t* Row(std::int32_t y) const;
+  void BeginCairo();
 
   Bitmap& bitmap_;
   std::int32_t left_;
   std::int32_t top_;
   PixelBox clip_;
-  bool pixelsChanged_ = false;
+  bool pixelsChanged_ = false;  // since cairo drew last
   std::unique_ptr<cairo_surface_t, Release> surface_;
   std::unique_ptr<cairo_t, Release> context_;
 };

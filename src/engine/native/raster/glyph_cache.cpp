@@ -10,13 +10,17 @@ constexpr FT_Pos kQuarter = static_cast<FT_Pos>(kOutlineUnitsPerPixel / 4);
 // At most half of the places are taken, so that a free one is near.
 constexpr std::size_t kPlaces = 2 * GlyphCache::kMaximumGlyphs;
 
-std::uint64_t KeyOf(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
-                    std::uint32_t quarterY) {
-  return std::uint64_t{style + 1} << 36 | std::uint64_t{glyph} << 4 | quarterX << 2 | quarterY;
+std::uint64_t KeyOf(std::uint32_t style, std::uint32_t glyph) {
+  return std::uint64_t{style + 1} << 32 | glyph;
 }
 
 std::size_t HashOf(std::uint64_t key) {
   return static_cast<std::size_t>(key * 0x9E3779B97F4A7C15U >> 32) % kPlaces;
+}
+
+// Rows are filled up with blanks, so that they can be blended four pixels at a time.
+constexpr std::int32_t PitchOf(std::int32_t width) {
+  return (width + 3) & ~3;
 }
 
 // The whole pixels that an outline touches, as FreeType counts them: y up.
@@ -55,43 +59,49 @@ GlyphCache::Entry& GlyphCache::PlaceOf(std::uint64_t key) {
 
 GlyphBitmap GlyphCache::Find(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
                              std::uint32_t quarterY) {
-  const std::uint64_t key = KeyOf(style, glyph, quarterX, quarterY);
+  const std::uint64_t key = KeyOf(style, glyph);
   Entry* entry = &PlaceOf(key);
-  if (entry->key == 0) {
-    if (glyphCount_ == kMaximumGlyphs || bytes_.size() >= kMaximumBytes) Clear();
+  const std::uint32_t quarters = quarterY << 2 | quarterX;
+  if (entry->key == 0 || entry->shapes[quarters].width == kNotMade) {
+    const bool isNew = entry->key == 0;
+    if ((isNew && glyphCount_ == kMaximumGlyphs) || bytes_.size() >= kMaximumBytes) Clear();
     entry = &PlaceOf(key);
-    *entry = Rasterize(style, glyph, quarterX, quarterY);
+    if (entry->key == 0) ++glyphCount_;
     entry->key = key;
-    ++glyphCount_;
+    entry->shapes[quarters] = Rasterize(style, glyph, quarterX, quarterY);
   }
-  return {{bytes_.data() + entry->begin, entry->width, entry->height}, entry->left, entry->top};
+  const Shape& shape = entry->shapes[quarters];
+  return {{bytes_.data() + shape.begin, shape.width, shape.height, PitchOf(shape.width)},
+          shape.left,
+          shape.top};
 }
 
-GlyphCache::Entry GlyphCache::Rasterize(std::uint32_t style, std::uint32_t glyph,
+GlyphCache::Shape GlyphCache::Rasterize(std::uint32_t style, std::uint32_t glyph,
                                         std::uint32_t quarterX, std::uint32_t quarterY) {
-  Entry entry;
+  Shape shape;
+  shape.width = 0;
   FT_Outline* outline = LoadGlyphOutline(styles_[style], glyph);
-  if (outline == nullptr) return entry;
+  if (outline == nullptr) return shape;
   FT_Outline_Translate(outline, FT_Pos{quarterX} * kQuarter, -FT_Pos{quarterY} * kQuarter);
   const FT_BBox box = PixelBounds(*outline);
-  if (box.xMax - box.xMin > kMaximumSide || box.yMax - box.yMin > kMaximumSide) return entry;
-  entry.begin = static_cast<std::uint32_t>(bytes_.size());
-  entry.left = static_cast<std::int16_t>(box.xMin);
-  entry.top = static_cast<std::int16_t>(-box.yMax);
-  entry.width = static_cast<std::int16_t>(box.xMax - box.xMin);
-  entry.height = static_cast<std::int16_t>(box.yMax - box.yMin);
-  bytes_.resize(bytes_.size() + static_cast<std::size_t>(entry.width * entry.height));
+  if (box.xMax - box.xMin > kMaximumSide || box.yMax - box.yMin > kMaximumSide) return shape;
+  shape.begin = static_cast<std::uint32_t>(bytes_.size());
+  shape.left = static_cast<std::int16_t>(box.xMin);
+  shape.top = static_cast<std::int16_t>(-box.yMax);
+  shape.width = static_cast<std::int16_t>(box.xMax - box.xMin);
+  shape.height = static_cast<std::int16_t>(box.yMax - box.yMin);
+  bytes_.resize(bytes_.size() + static_cast<std::size_t>(PitchOf(shape.width) * shape.height));
 
   FT_Bitmap bitmap{};
-  bitmap.rows = static_cast<unsigned>(entry.height);
-  bitmap.width = static_cast<unsigned>(entry.width);
-  bitmap.pitch = entry.width;
-  bitmap.buffer = bytes_.data() + entry.begin;
+  bitmap.rows = static_cast<unsigned>(shape.height);
+  bitmap.width = static_cast<unsigned>(shape.width);
+  bitmap.pitch = PitchOf(shape.width);
+  bitmap.buffer = bytes_.data() + shape.begin;
   bitmap.num_grays = 256;
   bitmap.pixel_mode = FT_PIXEL_MODE_GRAY;
   FT_Outline_Translate(outline, -box.xMin * 64, -box.yMin * 64);
   FT_Outline_Get_Bitmap(styles_[style].face->FreeType()->glyph->library, outline, &bitmap);
-  return entry;
+  return shape;
 }
 
 }  // namespace pagivo::native

@@ -1,6 +1,7 @@
 // Glyph bitmaps, made when they are first needed.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -16,12 +17,12 @@ struct GlyphBitmap {
   std::int32_t top = 0;
 };
 
-// Keeps bitmaps until their bytes or their number reach the bound; then it starts anew, which costs
-// little: a page needs a few hundred.
+// Keeps bitmaps until their bytes or the number of glyphs reach the bound; then it starts anew,
+// which costs little: a page needs a few hundred glyphs.
 class GlyphCache {
  public:
   static constexpr std::size_t kMaximumBytes = std::size_t{16} << 20;
-  static constexpr std::size_t kMaximumGlyphs = std::size_t{1} << 15;
+  static constexpr std::size_t kMaximumGlyphs = std::size_t{1} << 12;
   static constexpr std::size_t kMaximumStyles = 64;
   // Pixels; what is larger, which no sane face holds, stays blank.
   static constexpr std::int32_t kMaximumSide = 2048;
@@ -37,21 +38,27 @@ class GlyphCache {
                    std::uint32_t quarterY);
 
   std::size_t Bytes() const noexcept { return bytes_.size(); }
+  // Glyphs of a style, each counted once at however many quarters.
   std::size_t GlyphCount() const noexcept { return glyphCount_; }
 
  private:
-  struct Entry {
-    std::uint64_t key = 0;  // 0 is a free place
+  struct Shape {
     std::uint32_t begin = 0;
     std::int16_t left = 0;
     std::int16_t top = 0;
-    std::int16_t width = 0;
+    std::int16_t width = kNotMade;
     std::int16_t height = 0;
+  };
+  static constexpr std::int16_t kNotMade = -1;
+
+  struct Entry {
+    std::uint64_t key = 0;         // 0 is a free place
+    std::array<Shape, 16> shapes;  // at every quarter, side by side, for a line meets them all
   };
 
   Entry& PlaceOf(std::uint64_t key);
   void Clear();
-  Entry Rasterize(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
+  Shape Rasterize(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
                   std::uint32_t quarterY);
 
   std::vector<GlyphStyle> styles_;

@@ -28,9 +28,15 @@ struct QuarterPixel {
   std::uint32_t quarter = 0;
 };
 
+// Positions are those of bitmaps, give or take the reach of a cached glyph.
 QuarterPixel NearestQuarter(double position) {
-  const auto quarters = static_cast<std::int32_t>(std::floor(position * 4 + 0.5));
+  constexpr std::int32_t kBias = 1 << 20;  // makes cutting off round downwards
+  const std::int32_t quarters = static_cast<std::int32_t>(position * 4 + (kBias + 0.5)) - kBias;
   return {quarters >> 2, static_cast<std::uint32_t>(quarters & 3)};
+}
+
+std::span<const ShapedGlyph> GlyphsOf(const ShapedRun& run) {
+  return std::span(SharedLine().glyphs).subspan(run.glyphBegin, run.glyphEnd - run.glyphBegin);
 }
 
 // Hands an outline's curves to cairo.
@@ -108,31 +114,37 @@ void TextPainter::Draw(Point position, std::string_view text) {
   const double baseline = scale_.PixelAt(position.y) + font_->Metrics().ascent * emPixels_;
   const double left = scale_.PixelAt(position.x);
   double x = left;
-  for (const ShapedRun& run : line.runs) DrawRun(run, baseline, x);
+  for (const ShapedRun& run : line.runs) x = DrawRun(run, x, baseline);
   if (underlined_) DrawUnderline(left, x, baseline);
 }
 
-void TextPainter::DrawRun(const ShapedRun& run, double baseline, double& x) {
+double TextPainter::DrawRun(const ShapedRun& run, double x, double baseline) {
   const GlyphStyle style{run.face, static_cast<float>(emPixels_), run.emboldened, run.slanted};
-  const std::uint32_t selected = Glyphs().Select(style);
+  const bool isCached = emPixels_ <= kLargestCachedEm;
+  const std::uint32_t selected = isCached ? Glyphs().Select(style) : 0;
   const double unit = emPixels_ / run.face->UnitsPerEm();
-  for (std::uint32_t index = run.glyphBegin; index < run.glyphEnd; ++index) {
-    const ShapedGlyph& glyph = SharedLine().glyphs[index];
-    DrawGlyph(style, selected, glyph.glyph, x + glyph.xOffset * unit,
-              baseline - glyph.yOffset * unit);
+  const double reach = kGlyphReach * emPixels_;
+  const double low = canvas_.Clip().left - reach;
+  const double high = canvas_.Clip().right + reach;
+  for (const ShapedGlyph& glyph : GlyphsOf(run)) {
+    const double glyphX = x + glyph.xOffset * unit;
+    const double glyphY = baseline - glyph.yOffset * unit;
     x += glyph.advance * unit;
+    if (glyphX < low || glyphX > high) continue;
+    if (isCached) {
+      DrawBitmap(selected, glyph.glyph, glyphX, glyphY);
+    } else {
+      DrawOutline(style, glyph.glyph, glyphX, glyphY);
+    }
   }
+  return x;
 }
 
-void TextPainter::DrawGlyph(const GlyphStyle& style, std::uint32_t selected, std::uint32_t glyph,
-                            double x, double y) {
-  const double reach = kGlyphReach * emPixels_;
-  if (x + reach < canvas_.Clip().left || x - reach > canvas_.Clip().right) return;
-  if (emPixels_ > kLargestCachedEm) return DrawOutline(style, glyph, x, y);
+void TextPainter::DrawBitmap(std::uint32_t style, std::uint32_t glyph, double x, double y) {
   const QuarterPixel column = NearestQuarter(x);
   const QuarterPixel row = NearestQuarter(y);
-  const GlyphBitmap bitmap = Glyphs().Find(selected, glyph, column.quarter, row.quarter);
-  canvas_.DrawCoverage(bitmap.coverage, column.pixel + bitmap.left, row.pixel + bitmap.top, color_);
+  const GlyphBitmap bitmap = Glyphs().Find(style, glyph, column.quarter, row.quarter);
+  canvas_.DrawCoverage(bitmap.coverage, column.pixel + bitmap.left, row.pixel + bitmap.top, ink_);
 }
 
 void TextPainter::DrawOutline(const GlyphStyle& style, std::uint32_t glyph, double x, double y) {
@@ -153,7 +165,7 @@ void TextPainter::DrawUnderline(double left, double right, double baseline) {
   const double thickness = std::max(metrics.underlineThickness * emPixels_, 1.0);
   double middle = baseline + metrics.underlinePosition * emPixels_;
   if (thickness < kThinPixels) middle = AlignedMiddle(middle, thickness);
-  canvas_.FillRectangle({left, middle - thickness / 2, right, middle + thickness / 2}, color_);
+  canvas_.FillRectangle({left, middle - thickness / 2, right, middle + thickness / 2}, ink_);
 }
 
 }  // namespace pagivo::native

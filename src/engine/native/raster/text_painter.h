@@ -16,15 +16,17 @@ class TextPainter {
   TextPainter(Canvas& canvas, const PageScale& scale) : canvas_(canvas), scale_(scale) {}
 
   void SetFont(const FontDescription& font);
-  void SetColor(Color color) { color_ = color; }
+  void SetColor(Color color) {
+    color_ = color;
+    ink_ = Ink(color);
+  }
   // One line, its top left at `position`.
   void Draw(Point position, std::string_view text);
 
  private:
   bool IsOutsideClip(Point position) const;
-  void DrawRun(const ShapedRun& run, double baseline, double& x);
-  void DrawGlyph(const GlyphStyle& style, std::uint32_t selected, std::uint32_t glyph, double x,
-                 double y);
+  double DrawRun(const ShapedRun& run, double x, double baseline);  // gives where it ends
+  void DrawBitmap(std::uint32_t style, std::uint32_t glyph, double x, double y);
   void DrawOutline(const GlyphStyle& style, std::uint32_t glyph, double x, double y);
   void DrawUnderline(double left, double right, double baseline);
 
@@ -34,6 +36,7 @@ class TextPainter {
   bool underlined_ = false;
   double emPixels_ = 0;
   Color color_ = 0;
+  Ink ink_{0};
 };
 
 }  // namespace pagivo::native

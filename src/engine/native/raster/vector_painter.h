@@ -6,6 +6,7 @@
 #include "engine/native/document/display_list.h"
 #include "engine/native/raster/canvas.h"
 #include "engine/native/raster/page_scale.h"
+#include "engine/native/raster/stroker.h"
 
 namespace pagivo::native {
 
@@ -28,16 +29,18 @@ class VectorPainter {
   bool IsThin() const;
   double Aligned(double middle) const { return AlignedMiddle(middle, StrokePixels()); }
 
-  void AddPoints(std::span<const Point> points);
-  void AddArc(const Arc& arc);
-  void AddCircle(Point center, float radius);
+  PixelPoint At(Point point) const { return {scale_.PixelAt(point.x), scale_.PixelAt(point.y)}; }
+  Outline OutlineOf(std::span<const Point> points, bool closed) const;
+  Outline OutlineOf(const Arc& arc) const;
+  Outline CircleAround(Point center, float radius) const;
 
-  // Both draw the current path, even-odd.
-  void Fill();
-  void Stroke(bool alignedToPixels);
-  void Hatch();
-  Rectangle PathBoundsWithinClip() const;
-  void SetDashes();
+  void Fill(const Outline& outline);
+  void Hatch(const Outline& outline);
+  void Stroke(const Outline& outline, bool alignedToPixels = false);
+  void StrokeBroken(const Outline& outline, bool alignedToPixels);
+  void StrokeAligned(const PixelRectangle& middle);
+  Rectangle WithinClip(const PixelRectangle& bounds) const;
+  Rectangle Twips(const PixelRectangle& pixels) const;
 
   Canvas& canvas_;
   const PageScale& scale_;

@@ -18,7 +18,7 @@ const Face* ArialFace() {
 
 std::vector<std::uint8_t> BytesOf(const GlyphBitmap& bitmap) {
   return {bitmap.coverage.bytes,
-          bitmap.coverage.bytes + bitmap.coverage.width * bitmap.coverage.height};
+          bitmap.coverage.bytes + bitmap.coverage.pitch * bitmap.coverage.height};
 }
 
 double InkOf(const GlyphBitmap& bitmap) {
