@@ -144,11 +144,11 @@ std::int16_t PgPrint::VsPPGetPaperSizes(Array<std::string>& sPaperSizes,
   IgnoringErrors([&] { sPaperSizes.RedimPreserve(0, kPaperRoom); });
   IgnoringErrors([&] { nPaperSizes.RedimPreserve(0, kPaperRoom); });
   std::int16_t count = 0;
-  for (const auto& [code, name] : kPaperNames) {
-    if (!PrinterSupports(code)) continue;
+  for (const PaperName& paper : kPaperNames) {
+    if (!PrinterSupports(paper.code)) continue;
     ++count;
-    IgnoringErrors([&] { sPaperSizes(count) = name; });
-    IgnoringErrors([&] { nPaperSizes(count) = code; });
+    IgnoringErrors([&] { sPaperSizes(count) = paper.name; });
+    IgnoringErrors([&] { nPaperSizes(count) = paper.code; });
   }
   IgnoringErrors([&] { sPaperSizes.RedimPreserve(0, count); });
   IgnoringErrors([&] { nPaperSizes.RedimPreserve(0, count); });
