@@ -24,7 +24,11 @@ std::int32_t ToLong(const Variant& value);
 // Rounded to the nearest Single. NaN stays NaN, as it does in ToDouble.
 float ToSingle(double value);
 float ToSingle(const Variant& value);
-double ToDouble(const Variant& value);
+double ConvertToDouble(const Variant& value);
+inline double ToDouble(const Variant& value) {
+  const double* number = value.GetIf<double>();  // as most are already
+  return number != nullptr ? *number : ConvertToDouble(value);
+}
 
 // Any number but 0 is true; the texts True and False in any case, and numeric texts.
 bool ToBoolean(const Variant& value);

@@ -3,17 +3,13 @@
 
 #include "values/conversions.h"
 #include "values/overloaded.h"
+#include "values/rounding.h"
 
 namespace pagivo {
 
 namespace {
 
 constexpr double kTrue = -1;
-
-// Halves go to the even neighbour whatever rounding mode the host has set.
-double RoundToEven(double value) {
-  return value - std::remainder(value, 1.0);
-}
 
 template <typename Whole>
 Whole ToWhole(double value) {
@@ -53,7 +49,7 @@ float ToSingle(const Variant& value) {
   return ToSingle(ToDouble(value));
 }
 
-double ToDouble(const Variant& value) {
+double ConvertToDouble(const Variant& value) {
   return value.Visit(Overloaded{
       [](std::monostate) { return 0.0; },
       [](bool boolean) { return boolean ? kTrue : 0.0; },
