@@ -48,5 +48,7 @@ class Error : public std::runtime_error {
 [[noreturn]] void ThrowDivisionByZero();       // "Deling door nul"
 [[noreturn]] void ThrowOutOfMemory();          // "Onvoldoende geheugen"
 [[noreturn]] void ThrowUnknownMember(std::string_view name);  // "Onbekend lid: " and the name
+// "Ongeldige waarde voor de eigenschap " and the property
+[[noreturn]] void ThrowInvalidPropertyValue(std::string_view property);
 
 }  // namespace pagivo

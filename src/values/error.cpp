@@ -26,4 +26,9 @@ void ThrowUnknownMember(std::string_view name) {
   throw Error(ErrorNumber::UnknownMember, "Onbekend lid: " + std::string(name));
 }
 
+void ThrowInvalidPropertyValue(std::string_view property) {
+  throw Error(ErrorNumber::InvalidPropertyValue,
+              "Ongeldige waarde voor de eigenschap " + std::string(property));
+}
+
 }  // namespace pagivo

@@ -15,7 +15,7 @@ float Coordinate(std::string_view operation, const Variant& value) {
 
 std::vector<Point> CheckedPoints(std::string_view property, const std::string& text) {
   auto points = ParsePointList(text);
-  if (!points) ThrowInvalidValue(property);
+  if (!points) ThrowInvalidPropertyValue(property);
   return std::move(*points);
 }
 
@@ -23,28 +23,27 @@ std::vector<Point> CheckedPoints(std::string_view property, const std::string& t
 
 void NativeEngine::PutPenStyle(std::int32_t style) {
   pen_.style = CheckedChoice("PenStyle", style, PenStyle::InsideSolid);
+  recorder_->SetPen(pen_);
 }
 
 void NativeEngine::PutPenWidth(const Variant& width) {
   pen_.width = static_cast<float>(CheckedLength("PenWidth", width));
+  recorder_->SetPen(pen_);
 }
 
 void NativeEngine::PutPenColor(std::int32_t color) {
   pen_.color = CheckedColor("PenColor", color);
   penColor_ = color;
+  recorder_->SetPen(pen_);
 }
 
 void NativeEngine::PutBrushColor(std::int32_t color) {
   brush_.color = CheckedColor("BrushColor", color);
+  recorder_->SetBrush(brush_);
 }
 
 void NativeEngine::PutBrushStyle(std::int32_t style) {
   brush_.style = CheckedChoice("BrushStyle", style, BrushStyle::DiagonalCross);
-}
-
-void NativeEngine::PrepareToDraw() {
-  RequireDrawing();
-  recorder_->SetPen(pen_);
   recorder_->SetBrush(brush_);
 }
 
@@ -52,7 +51,7 @@ void NativeEngine::DrawLine(const Variant& x1, const Variant& y1, const Variant&
                             const Variant& y2) {
   const Point from{Coordinate("DrawLine", x1), Coordinate("DrawLine", y1)};
   const Point to{Coordinate("DrawLine", x2), Coordinate("DrawLine", y2)};
-  PrepareToDraw();
+  RequireDrawing();
   recorder_->DrawLine(from, to);
 }
 
@@ -60,7 +59,7 @@ void NativeEngine::DrawRectangle(const Variant& x1, const Variant& y1, const Var
                                  const Variant& y2) {
   const Rectangle rectangle{Coordinate("DrawRectangle", x1), Coordinate("DrawRectangle", y1),
                             Coordinate("DrawRectangle", x2), Coordinate("DrawRectangle", y2)};
-  PrepareToDraw();
+  RequireDrawing();
   recorder_->DrawRectangle(rectangle);
 }
 
@@ -69,13 +68,13 @@ void NativeEngine::DrawCircle(const Variant& x, const Variant& y, const Variant&
   const Point center{Coordinate("DrawCircle", x), Coordinate("DrawCircle", y)};
   const auto length = static_cast<float>(CheckedLength("DrawCircle", radius));
   if (start.IsMissing() && end.IsMissing()) {
-    PrepareToDraw();
+    RequireDrawing();
     recorder_->DrawCircle(center, length);
     return;
   }
   const ArcAngles angles{CheckedCoordinate("DrawCircle", start),
                          CheckedCoordinate("DrawCircle", end)};
-  PrepareToDraw();
+  RequireDrawing();
   DrawArc(center, length, angles);
 }
 
@@ -100,13 +99,13 @@ void NativeEngine::DrawArc(Point center, float radius, const ArcAngles& angles) 
 
 void NativeEngine::PutPolyline(const std::string& points) {
   const std::vector<Point> list = CheckedPoints("Polyline", points);
-  PrepareToDraw();
+  RequireDrawing();
   if (list.size() > 1) recorder_->DrawPolyline(list);
 }
 
 void NativeEngine::PutPolygon(const std::string& points) {
   const std::vector<Point> list = CheckedPoints("Polygon", points);
-  PrepareToDraw();
+  RequireDrawing();
   if (list.size() > 1) recorder_->DrawPolygon(list);
 }
 

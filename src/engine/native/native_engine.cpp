@@ -5,7 +5,9 @@
 namespace pagivo::native {
 
 NativeEngine::NativeEngine()
-    : document_(std::make_unique<Document>()), recorder_(std::make_unique<Recorder>(*document_)) {}
+    : document_(std::make_unique<Document>()), recorder_(std::make_unique<Recorder>(*document_)) {
+  SetStyles(*recorder_);
+}
 
 NativeEngine::~NativeEngine() = default;
 
@@ -18,6 +20,7 @@ void NativeEngine::StartDoc() {
   auto document = std::make_unique<Document>();
   auto recorder = std::make_unique<Recorder>(*document);
   document->SetTitle(documentName_);
+  SetStyles(*recorder);
   recorder->BeginPage(pageSettings_.Geometry());
   recorder_ = std::move(recorder);
   document_ = std::move(document);
@@ -80,6 +83,14 @@ void NativeEngine::EndOverlay() {
 void NativeEngine::PutDocName(const std::string& name) {
   document_->SetTitle(name);
   documentName_ = name;
+}
+
+// The styles in force, for a new recorder; from then on it hears of each change.
+void NativeEngine::SetStyles(Recorder& recorder) const {
+  recorder.SetFont(font_);
+  recorder.SetTextColor(textColor_);
+  recorder.SetPen(pen_);
+  recorder.SetBrush(brush_);
 }
 
 void NativeEngine::RequireDrawing() const {

@@ -150,21 +150,22 @@ class NativeEngine final : public PrintEngine {
   struct PrintPosition {
     double x = 0;  // of the last piece's left end while `lastPiece` is not empty
     double y = 0;
-    std::string lastPiece;
-    FontDescription lastFont;
+    RecordedText lastPiece;  // in document_
   };
 
   void RequireDrawing() const;
   void MoveToMargins();
   void ApplyPaper();
+  template <typename Value>
+  void ChangeFont(Value FontDescription::*property, const Value& value);
   Font& CurrentFont();
   double MeasurePiece(std::string_view piece);
   double LineSpacing();
   void SettlePrintPosition();
   void DrawPiece(double x, double y, std::string_view piece);
   void DrawLayout(const TextLayout& layout);
-  void RememberLastPiece(const std::string& piece);
-  void PrepareToDraw();
+  void RememberLastPiece(std::string_view piece);
+  void SetStyles(Recorder& recorder) const;
   void DrawArc(Point center, float radius, const ArcAngles& angles);
   std::int32_t ClampPage(std::int32_t page) const;
   PageGeometry GeometryOf(std::int32_t page) const;

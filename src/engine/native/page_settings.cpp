@@ -1,13 +1,13 @@
 #include "engine/native/page_settings.h"
 
-#include "engine/native/checked_values.h"
+#include "pagivo/error.h"
 
 namespace pagivo::native {
 
 void PageSettings::PutPaperSize(std::int32_t code) {
   if (code != kPaperUserDefined) {
     const native::PaperSize* size = FindPaperSize(code);
-    if (size == nullptr) ThrowInvalidValue("PaperSize");
+    if (size == nullptr) ThrowInvalidPropertyValue("PaperSize");
     paperWidth_ = size->width;
     paperHeight_ = size->height;
   }
@@ -36,7 +36,7 @@ void PageSettings::PutPaperHeight(double height) {
 
 void PageSettings::PutExtent(double& extent, double value, const char* property) {
   const bool isPossible = value >= kMinimumPaperExtent && value <= kMaximumPaperExtent;
-  if (!isPossible) ThrowInvalidValue(property);
+  if (!isPossible) ThrowInvalidPropertyValue(property);
   extent = value;
   paperSize_ = kPaperUserDefined;
 }

@@ -16,7 +16,7 @@ std::int32_t NativeEngine::GetOrientation() {
 }
 
 void NativeEngine::PutOrientation(std::int32_t orientation) {
-  if (orientation != 0 && orientation != 1) ThrowInvalidValue("Orientation");
+  if (orientation != 0 && orientation != 1) ThrowInvalidPropertyValue("Orientation");
   pageSettings_.PutLandscape(orientation == 1);
   ApplyPaper();
 }

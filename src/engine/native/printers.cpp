@@ -26,7 +26,7 @@ std::string NativeEngine::GetPort() {
 }
 
 void NativeEngine::PutCopies(std::int16_t copies) {
-  if (copies < 1) ThrowInvalidValue("Copies");
+  if (copies < 1) ThrowInvalidPropertyValue("Copies");
   copies_ = copies;
 }
 
@@ -39,7 +39,7 @@ void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t /*firstPage*/,
 // A dialog about a printer that is not there cannot be confirmed.
 bool NativeEngine::GetPrintDialog(std::int32_t dialog) {
   if (dialog != kPrinterSetupDialog && dialog != kPageSetupDialog) {
-    ThrowInvalidValue("PrintDialog");
+    ThrowInvalidPropertyValue("PrintDialog");
   }
   return false;
 }

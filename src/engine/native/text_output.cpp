@@ -1,6 +1,7 @@
 // NativeEngine's font and text.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "engine/native/checked_values.h"
 #include "engine/native/fonts/font_library.h"
@@ -23,34 +24,42 @@ Point PointOf(double x, double y) {
 
 }  // namespace
 
-void NativeEngine::PutFontName(const std::string& name) {
-  if (name == font_.name) return;
-  font_.name = name;
+// Nothing has changed when the recorder runs out of memory.
+template <typename Value>
+void NativeEngine::ChangeFont(Value FontDescription::*property, const Value& value) {
+  if (font_.*property == value) return;
+  FontDescription font = font_;
+  font.*property = value;
+  recorder_->SetFont(font);
+  font_ = std::move(font);
   foundFont_ = nullptr;
+}
+
+void NativeEngine::PutFontName(const std::string& name) {
+  ChangeFont(&FontDescription::name, name);
 }
 
 void NativeEngine::PutFontSize(float points) {
   const bool isPossible = points > 0 && points <= kMaximumFontSize;
-  if (!isPossible) ThrowInvalidValue("FontSize");
-  font_.size = points;
+  if (!isPossible) ThrowInvalidPropertyValue("FontSize");
+  ChangeFont(&FontDescription::size, points);
 }
 
 void NativeEngine::PutFontBold(bool on) {
-  if (on != font_.bold) foundFont_ = nullptr;
-  font_.bold = on;
+  ChangeFont(&FontDescription::bold, on);
 }
 
 void NativeEngine::PutFontItalic(bool on) {
-  if (on != font_.italic) foundFont_ = nullptr;
-  font_.italic = on;
+  ChangeFont(&FontDescription::italic, on);
 }
 
 void NativeEngine::PutFontUnderline(bool on) {
-  font_.underline = on;
+  ChangeFont(&FontDescription::underline, on);
 }
 
 void NativeEngine::PutTextColor(const std::int32_t& color) {
   textColor_ = CheckedColor("TextColor", color);
+  recorder_->SetTextColor(textColor_);
 }
 
 Font& NativeEngine::CurrentFont() {
@@ -69,12 +78,12 @@ double NativeEngine::LineSpacing() {
 void NativeEngine::MoveToMargins() {
   position_.x = margins_.left;
   position_.y = margins_.top;
-  position_.lastPiece.clear();
+  position_.lastPiece = {};
 }
 
 void NativeEngine::PutCurrentX(const Variant& x) {
   position_.x = CheckedCoordinate("CurrentX", x);
-  position_.lastPiece.clear();
+  position_.lastPiece = {};
 }
 
 void NativeEngine::PutCurrentY(const Variant& y) {
@@ -83,10 +92,10 @@ void NativeEngine::PutCurrentY(const Variant& y) {
 
 // In the font of the text that was printed, whatever has been put since.
 void NativeEngine::SettlePrintPosition() {
-  if (position_.lastPiece.empty()) return;
-  position_.x +=
-      FindFont(position_.lastFont).Width(position_.lastPiece) * TwipsPerEmOf(position_.lastFont);
-  position_.lastPiece.clear();
+  const auto& [text, font] = position_.lastPiece;
+  if (text.empty()) return;
+  position_.x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
+  position_.lastPiece = {};
 }
 
 void NativeEngine::PutText(const std::string& text) {
@@ -115,15 +124,12 @@ void NativeEngine::DrawLayout(const TextLayout& layout) {
 }
 
 void NativeEngine::DrawPiece(double x, double y, std::string_view piece) {
-  if (piece.empty()) return;
-  recorder_->SetFont(font_);
-  recorder_->SetTextColor(textColor_);
-  recorder_->DrawText(PointOf(x, y), piece);
+  if (!piece.empty()) recorder_->DrawText(PointOf(x, y), piece);
 }
 
-void NativeEngine::RememberLastPiece(const std::string& piece) {
-  position_.lastFont = font_;
-  position_.lastPiece = piece;
+// `piece` is the one that was drawn last, or empty.
+void NativeEngine::RememberLastPiece(std::string_view piece) {
+  position_.lastPiece = piece.empty() ? RecordedText{} : recorder_->LastText();
 }
 
 double NativeEngine::GetTextWidth(const std::string& text) {

@@ -38,25 +38,25 @@ void Recorder::EndOverlay() {
 // The next command opens a segment and sets the styles that it uses.
 void Recorder::ForgetRecordedStyles() noexcept {
   segmentEnd_ = nullptr;
-  font_.recordedIndex.reset();
-  textColor_.recordedIndex.reset();
-  pen_.recordedIndex.reset();
-  brush_.recordedIndex.reset();
+  font_.recordedIndex = kNoIndex;
+  textColor_.recordedIndex = kNoIndex;
+  pen_.recordedIndex = kNoIndex;
+  brush_.recordedIndex = kNoIndex;
 }
 
 template <typename Value>
 void Recorder::Want(Style<Value>& style, const Value& value) {
   if (style.wanted == value) return;
   style.wanted = value;
-  style.wantedIndex.reset();
+  style.wantedIndex = kNoIndex;
 }
 
 template <typename Value, typename Table>
 void Recorder::Use(Style<Value>& style, Table& table, Operation operation) {
-  if (!style.wantedIndex) style.wantedIndex = table.IndexOf(style.wanted);
+  if (style.wantedIndex == kNoIndex) style.wantedIndex = table.IndexOf(style.wanted);
   if (style.recordedIndex == style.wantedIndex) return;
   CommandWriter command = Begin(operation, kMaximumNumberSize);
-  command.PutNumber(*style.wantedIndex);
+  command.PutNumber(style.wantedIndex);
   Add(command);
   style.recordedIndex = style.wantedIndex;
 }
@@ -122,6 +122,8 @@ void Recorder::DrawText(Point position, std::string_view text) {
   command.PutNumber(text.size());
   command.PutBytes(text.data(), text.size());
   Add(command);
+  const char* end = reinterpret_cast<const char*>(command.End());
+  lastText_ = {{end - text.size(), text.size()}, &document_.storage_->fonts[font_.wantedIndex]};
 }
 
 void Recorder::DrawLine(Point from, Point to) {

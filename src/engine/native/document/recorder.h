@@ -3,12 +3,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 #include "engine/native/document/command.h"
 #include "engine/native/document/document.h"
 
 namespace pagivo::native {
+
+// A text where it stands in the record, and its font in the document's table.
+struct RecordedText {
+  std::string_view text;
+  const FontDescription* font = nullptr;
+};
 
 // Records what it is told to draw onto the page begun last or the page being overlaid. Styles
 // survive from page to page; they are recorded when a command first uses them on a page, so setting
@@ -39,13 +44,18 @@ class Recorder final : public Player {
   void DrawPolygon(std::span<const Point> points) override;
   void DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) override;
 
+  // What DrawText was last given; good as long as the document. Empty before the first.
+  const RecordedText& LastText() const noexcept { return lastText_; }
+
  private:
+  static constexpr std::uint32_t kNoIndex = UINT32_MAX;
+
   // A style as it is wanted, and as this page's commands have last set it.
   template <typename Value>
   struct Style {
     Value wanted{};
-    std::optional<std::uint32_t> wantedIndex;    // in the document's table, once looked up
-    std::optional<std::uint32_t> recordedIndex;  // none: not yet set on this page
+    std::uint32_t wantedIndex = kNoIndex;    // in the document's table, once looked up
+    std::uint32_t recordedIndex = kNoIndex;  // none: not yet set on this page
   };
 
   template <typename Value>
@@ -71,6 +81,7 @@ class Recorder final : public Player {
   Style<Color> textColor_;
   Style<Pen> pen_;
   Style<Brush> brush_;
+  RecordedText lastText_;
 };
 
 }  // namespace pagivo::native

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "pagivo/error.h"
 
@@ -12,11 +11,6 @@ namespace {
 // The overview shows this many pages beside and below each other.
 constexpr double kOverviewColumns = 4;
 constexpr double kOverviewRows = 2;
-
-[[noreturn]] void ThrowInvalid(const char* property) {
-  throw Error(ErrorNumber::InvalidPropertyValue,
-              std::string("Ongeldige waarde voor de eigenschap ") + property);
-}
 
 }  // namespace
 
@@ -31,13 +25,13 @@ void PreviewState::Show(std::int32_t page) noexcept {
 }
 
 void PreviewState::PutZoomMode(std::int32_t mode) {
-  if (mode < kZoomPercent || mode > kZoomPageWidth) ThrowInvalid("ZoomMode");
+  if (mode < kZoomPercent || mode > kZoomPageWidth) ThrowInvalidPropertyValue("ZoomMode");
   zoomMode_ = mode;
 }
 
 void PreviewState::PutZoom(double percent) {
   const bool isPossible = percent >= kMinimumZoom && percent <= kMaximumZoom;
-  if (!isPossible) ThrowInvalid("Zoom");
+  if (!isPossible) ThrowInvalidPropertyValue("Zoom");
   percent_ = percent;
   zoomMode_ = kZoomPercent;
 }
@@ -71,7 +65,7 @@ double PreviewState::ScrollTop(const ShownPages& pages) const noexcept {
 }
 
 void PreviewState::PutScrollTop(double top, const ShownPages& pages) {
-  if (std::isnan(top)) ThrowInvalid("ScrollTop");
+  if (std::isnan(top)) ThrowInvalidPropertyValue("ScrollTop");
   scrollTop_ = std::clamp(top, 0.0, MaximumScrollTop(pages));
 }
 
