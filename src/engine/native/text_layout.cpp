@@ -1,9 +1,24 @@
 #include "engine/native/text_layout.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace pagivo::native {
 namespace {
+
+// The bytes that a control character can begin with.
+constexpr std::array<bool, 256> kControlBytes = [] {
+  std::array<bool, 256> bytes{};
+  std::fill_n(bytes.begin(), 0x20, true);
+  bytes[0x7F] = true;
+  bytes[0xC2] = true;
+  return bytes;
+}();
+
+bool MayBeginControl(char c) noexcept {
+  return kControlBytes[static_cast<unsigned char>(c)];
+}
 
 // How many bytes at the start of `text` are one control character; 0 when it starts with another.
 std::size_t ControlLength(std::string_view text) noexcept {
@@ -23,6 +38,8 @@ double NextTab(double x) {
 }  // namespace
 
 bool IsPlainLine(std::string_view text) noexcept {
+  // Nearly all texts end here.
+  if (std::ranges::none_of(text, MayBeginControl)) return true;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (ControlLength(text.substr(i)) > 0) return false;
   }

@@ -9,23 +9,29 @@
 namespace pagivo::native {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 // Takes the next word off the text; empty at the end.
 std::string_view TakeWord(std::string_view& text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
-  text.remove_prefix(word.size());
-  return word;
+  const auto begin = std::find_if_not(text.begin(), text.end(), IsBlank);
+  const auto end = std::find_if(begin, text.end(), IsBlank);
+  text = {end, text.end()};
+  return {begin, end};
+}
+
+bool StartsNumber(char c) {
+  return (c >= '0' && c <= '9') || c == '.';
 }
 
 // The library's own parser takes neither a plus sign nor a comma, but "inf" and "nan".
 std::optional<float> ParseCoordinate(std::string_view word) {
-  if (word.find_first_not_of("+-0123456789.,eE") != std::string_view::npos) return std::nullopt;
+  const std::size_t signLength = word.starts_with('+') || word.starts_with('-') ? 1 : 0;
   std::string notation(word);
   std::ranges::replace(notation, ',', '.');
-  const bool hasPlus = notation.starts_with('+') && !notation.starts_with("+-");
-  const char* begin = notation.data() + (hasPlus ? 1 : 0);
+  if (!StartsNumber(notation[signLength])) return std::nullopt;
+  const char* begin = notation.data() + (word.starts_with('+') ? 1 : 0);
   const char* end = notation.data() + notation.size();
   double value = 0;
   const auto [parsedEnd, error] = std::from_chars(begin, end, value);
