@@ -14,8 +14,15 @@ void WhenPresent(const Variant& argument, Statement&& statement) {
   if (!argument.IsMissing()) IgnoringErrors(std::forward<Statement>(statement));
 }
 
+// Most names come as texts, which need no copy.
+void PutFontName(const Variant& name) {
+  const auto* text = name.GetIf<std::string>();
+  PrintEngine& engine = Engine();
+  return text != nullptr ? engine.PutFontName(*text) : engine.PutFontName(ToText(name));
+}
+
 void PutFontNameAndSize(const Variant& name, const Variant& size) {
-  WhenPresent(name, [&] { Engine().PutFontName(ToText(name)); });
+  WhenPresent(name, [&] { PutFontName(name); });
   WhenPresent(size, [&] { Engine().PutFontSize(ToSingle(size)); });
 }
 

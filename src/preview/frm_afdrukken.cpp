@@ -16,7 +16,6 @@ constexpr FormDesign kDesign{
 }  // namespace
 
 struct frmAfdrukken::Controls {
-  std::shared_ptr<PrintEngine> vsPrint;
   std::shared_ptr<PdfExporter> exporter;
   Toolbar tbAfdrukken{kToolbarButtons};
   Array<PictureBox> imageWatermerk{0, static_cast<std::int32_t>(kWatermarkFiles.size()) - 1};
@@ -27,10 +26,6 @@ frmAfdrukken::frmAfdrukken(Platform platform)
 
 frmAfdrukken::~frmAfdrukken() {
   frmAfdrukken::DestroyControls();
-}
-
-const std::shared_ptr<PrintEngine>& frmAfdrukken::vsPrint() {
-  return Reach().vsPrint;
 }
 
 PdfExporter& frmAfdrukken::Exporter() {
@@ -52,18 +47,20 @@ PictureBox& frmAfdrukken::imageWatermerk(std::int16_t index) {
 
 void frmAfdrukken::CreateControls(WindowSystem& windows, FormPeer& peer) {
   auto controls = std::make_unique<Controls>();
-  controls->vsPrint = platform_.makeEngine();
+  std::shared_ptr<PrintEngine> engine = platform_.makeEngine();
   controls->exporter = platform_.makePdfExporter();
   controls->tbAfdrukken.Attach(windows.MakeToolbarPeer(peer, controls->tbAfdrukken));
-  controls->vsPrint->SetEvents(this);
+  engine->SetEvents(this);
+  vsPrint_ = std::move(engine);
   controls_ = std::move(controls);
 }
 
 void frmAfdrukken::DestroyControls() {
   if (!controls_) return;
   // A caller in the middle of an operation may hold the engine for a moment longer.
-  controls_->vsPrint->SetEvents(nullptr);
+  vsPrint_->SetEvents(nullptr);
   controls_.reset();
+  vsPrint_.reset();
 }
 
 void frmAfdrukken::OnQueryUnload(bool& cancel, UnloadMode mode) {
@@ -77,8 +74,8 @@ void frmAfdrukken::KeyDown(std::int16_t&, std::int16_t) {}
 
 void frmAfdrukken::BeforePageChange(std::int16_t& page) {
   // The empty page at the document's end is never shown.
-  if (page == controls_->vsPrint->GetPageCount()) {
-    page = SubtractIntegers(controls_->vsPrint->GetPageCount(), 1);
+  if (page == vsPrint_->GetPageCount()) {
+    page = SubtractIntegers(vsPrint_->GetPageCount(), 1);
   }
 }
 

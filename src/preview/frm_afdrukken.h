@@ -21,7 +21,10 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   explicit frmAfdrukken(Platform platform);
   ~frmAfdrukken() override;
 
-  const std::shared_ptr<PrintEngine>& vsPrint();
+  const std::shared_ptr<PrintEngine>& vsPrint() {
+    Load();
+    return vsPrint_;
+  }
   PdfExporter& Exporter();
   Toolbar& tbAfdrukken();
   // Watermark picture 0, 1 or 2; raises Error outside.
@@ -41,7 +44,8 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   Controls& Reach();
 
   Platform platform_;
-  std::unique_ptr<Controls> controls_;
+  std::shared_ptr<PrintEngine> vsPrint_;
+  std::unique_ptr<Controls> controls_;  // the others
 };
 
 }  // namespace pagivo

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "state/module_state.h"
 #include "values/conversions.h"
@@ -13,12 +14,6 @@ namespace {
 
 // What a maximised host is larger than its preview, in twips.
 constexpr double kSmallerThanHost = 100;
-
-std::shared_ptr<frmAfdrukken>& Instance() {
-  // Never destroyed: its windows' toolkit is gone before the process's statics are.
-  static auto& instance = *new std::shared_ptr<frmAfdrukken>;
-  return instance;
-}
 
 Variant HostMember(std::string_view name) {
   const ObjectRef host = State().HostForm;
@@ -52,14 +47,18 @@ void PlaceOverHost() {
 
 }  // namespace
 
-frmAfdrukken& PreviewForm() {
-  std::shared_ptr<frmAfdrukken>& instance = Instance();
-  if (!instance) instance = std::make_shared<frmAfdrukken>(CurrentPlatform());
-  return *instance;
+// A plain pointer, so that it is never destroyed: the windows' toolkit is gone before the process's
+// statics are.
+constinit std::shared_ptr<frmAfdrukken>* previewForm = nullptr;
+
+frmAfdrukken& CreatePreviewForm() {
+  previewForm =
+      new std::shared_ptr<frmAfdrukken>(std::make_shared<frmAfdrukken>(CurrentPlatform()));
+  return **previewForm;
 }
 
 void ReleasePreviewForm() {
-  Instance().reset();
+  delete std::exchange(previewForm, nullptr);
 }
 
 void ToonVoorbeeld() {

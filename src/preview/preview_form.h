@@ -1,12 +1,20 @@
 // The one preview window of the process.
 #pragma once
 
+#include <memory>
+
 #include "preview/frm_afdrukken.h"
 
 namespace pagivo {
 
+// What PreviewForm() refers to; null: there is none. For PreviewForm() alone.
+extern std::shared_ptr<frmAfdrukken>* previewForm;
+frmAfdrukken& CreatePreviewForm();
+
 // Created, not loaded, on the platform in use when there is none.
-frmAfdrukken& PreviewForm();
+inline frmAfdrukken& PreviewForm() {
+  return previewForm == nullptr ? CreatePreviewForm() : **previewForm;
+}
 
 // Sets the reference to none: the next use creates a new window.
 void ReleasePreviewForm();

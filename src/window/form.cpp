@@ -13,8 +13,7 @@ Form::Form(std::shared_ptr<WindowSystem> windows, const FormDesign& design)
 
 Form::~Form() = default;
 
-void Form::Load() {
-  if (loaded_) return;
+void Form::LoadNow() {
   const auto self = shared_from_this();
   // Set first: handlers reach controls, which would load the form again.
   loaded_ = true;

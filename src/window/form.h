@@ -40,7 +40,9 @@ class Form : public std::enable_shared_from_this<Form> {
   // Makes the controls and runs the load handler without showing the form; nothing when it is
   // loaded already. When a step fails the form is unloaded again and the error passed on; a load
   // handler that unloads the form counts as failing.
-  void Load();
+  void Load() {
+    if (!loaded_) LoadNow();
+  }
   bool IsLoaded() const noexcept { return loaded_; }
   // Loads the form, shows it and returns when it has been hidden or unloaded. Raises Error when it
   // is visible already.
@@ -78,6 +80,7 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void OnUnload();
 
  private:
+  void LoadNow();
   void TakeDesign(const Extent& frame);
   void Discard();
   // Changes one property of the loaded form and shows it.
