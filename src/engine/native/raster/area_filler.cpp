@@ -30,6 +30,15 @@ std::int32_t UnitsOf(double pixels) {
   return Rounded(std::clamp(pixels, -kFarthestPixel, kFarthestPixel) * kOne);
 }
 
+// Most cells hold nothing, so four are looked at together.
+std::int32_t FirstFilled(const std::int32_t* cells, std::int32_t from, std::int32_t end) {
+  for (; end - from >= 4; from += 4) {
+    if ((cells[from] | cells[from + 1] | cells[from + 2] | cells[from + 3]) != 0) break;
+  }
+  while (from < end && cells[from] == 0) ++from;
+  return from;
+}
+
 std::uint32_t CoverageOf(std::int32_t sum, FillRule rule) {
   std::int32_t area = std::abs(sum);
   if (rule == FillRule::EvenOdd) {
@@ -85,17 +94,18 @@ void AreaFiller::Fill(Canvas& canvas, FillRule rule, const Ink& ink) {
 // Pixels between two cells that hold something are covered alike.
 void AreaFiller::DrawRow(const Row& row, FillRule rule, const Ink& ink,
                          std::uint32_t* pixels) const {
+  const auto [cells, begin, end] = row;
+  const std::int32_t width = width_;
   std::int32_t sum = 0;
-  for (std::int32_t x = row.begin; x < width_;) {
-    sum += std::exchange(row.cells[x], 0);
-    std::int32_t next = x + 1;
-    while (next < row.end && row.cells[next] == 0) ++next;
-    if (next >= row.end) next = width_;
+  for (std::int32_t x = begin; x < width;) {
+    sum += std::exchange(cells[x], 0);
+    const std::int32_t filled = FirstFilled(cells, x + 1, end);
+    const std::int32_t next = filled < end ? filled : width;
     const std::uint32_t coverage = CoverageOf(sum, rule);
     if (coverage > 0) ink.BlendRun(pixels + x, pixels + next, coverage);
     x = next;
   }
-  row.cells[width_] = 0;
+  cells[width] = 0;
 }
 
 // A row has a cell more than pixels, for what the last one gives to its right.
