@@ -31,6 +31,7 @@ inline constexpr std::int32_t kMaximumBitmapSide = 32767;
 struct PixelSize {
   std::int32_t width = 0;
   std::int32_t height = 0;
+  friend bool operator==(const PixelSize&, const PixelSize&) = default;
 };
 PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip);
 

@@ -33,6 +33,7 @@ struct PixelRectangle {
   double top = 0;
   double right = 0;
   double bottom = 0;
+  friend bool operator==(const PixelRectangle&, const PixelRectangle&) = default;
 };
 
 // A glyph's shape: one byte a pixel, how much of it is covered. What a row holds beyond the width

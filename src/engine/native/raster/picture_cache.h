@@ -9,8 +9,12 @@
 #include <vector>
 
 #include "engine/native/pictures/picture_image.h"
+#include "engine/native/raster/canvas.h"
 
 namespace pagivo::native {
+
+// Draws a picture so that its corners fall onto those of the target.
+void PaintPicture(cairo_t* cairo, cairo_surface_t* picture, const PixelRectangle& target);
 
 // Keeps what was used last, up to a bound. Does not keep the pictures themselves alive.
 class PictureCache {
@@ -23,29 +27,29 @@ class PictureCache {
   // call. The picture must not be empty.
   cairo_surface_t* Find(const PictureImageRef& picture, double width, double height);
 
+  // The picture as it looks on a transparent ground of that many pixels when it fills `place`
+  // there; null where that would take much of the bound. Holds and demands like Find.
+  cairo_surface_t* FindDrawn(const PictureImageRef& picture, const PixelRectangle& place,
+                             const PixelSize& ground);
+
   std::size_t Bytes() const noexcept { return bytes_; }
 
  private:
-  struct Size {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-    bool operator==(const Size&) const = default;
-    std::size_t Bytes() const {
-      return 4 * static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    }
-  };
   struct Release {
     void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
   };
   struct Entry {
     std::weak_ptr<const PictureImage> picture;
-    Size size;
+    PixelSize size;
+    PixelRectangle place;  // empty for a picture that is just scaled
     std::vector<std::uint32_t> pixels;
     std::unique_ptr<cairo_surface_t, Release> surface;
   };
 
-  Size SizeFor(const PictureImage& picture, double width, double height) const;
-  static Entry Make(const PictureImageRef& picture, Size size);
+  PixelSize SizeFor(const PictureImage& picture, double width, double height) const;
+  cairo_surface_t* Look(const PictureImageRef& picture, const PixelSize& size,
+                        const PixelRectangle& place);
+  cairo_surface_t* Keep(Entry entry);
   void MakeRoom(std::size_t bytes);
   void DropLast();
 

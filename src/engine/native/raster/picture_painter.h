@@ -16,8 +16,6 @@ class PicturePainter {
   void Draw(const Rectangle& rectangle, const PictureImageRef& picture);
 
  private:
-  bool IsOutsideClip(const PixelRectangle& target) const;
-
   Canvas& canvas_;
   const PageScale& scale_;
 };

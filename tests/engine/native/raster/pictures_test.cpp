@@ -163,5 +163,40 @@ TEST(PictureCache, LetsGoOfPicturesThatNobodyHolds) {
   EXPECT_EQ(cache.Bytes(), 4U * 10 * 10);
 }
 
+constexpr PixelRectangle kPlace{0.25, 0.5, 19.75, 9.5};
+
+TEST(PictureCache, DrawsAPictureOncePerPlace) {
+  PictureCache cache;
+  const auto picture = Quarters(50);
+  cairo_surface_t* first = cache.FindDrawn(picture, kPlace, {20, 10});
+  EXPECT_EQ(cairo_image_surface_get_width(first), 20);
+  EXPECT_EQ(cairo_image_surface_get_height(first), 10);
+  EXPECT_EQ(cache.FindDrawn(picture, kPlace, {20, 10}), first);
+  EXPECT_NE(cache.FindDrawn(picture, {0.5, 0.5, 20, 9.5}, {20, 10}), first);
+  EXPECT_NE(cache.FindDrawn(Quarters(50), kPlace, {20, 10}), first);
+}
+
+TEST(PictureCache, DrawsNoPictureThatWouldTakeMuchOfTheBound) {
+  PictureCache cache(std::size_t{1} << 20);
+  const auto picture = Quarters(5);
+  EXPECT_NE(cache.FindDrawn(picture, {0, 0, 128, 128}, {128, 128}), nullptr);
+  EXPECT_EQ(cache.FindDrawn(picture, {0, 0, 128, 129}, {128, 129}), nullptr);
+  EXPECT_EQ(cache.FindDrawn(picture, {0, 0, 40000, 0.1}, {40000, 1}), nullptr);
+}
+
+TEST_F(DrawnPicture, LooksTheSameWhereverItIsDrawnFrom) {
+  const auto picture = Quarters(7);
+  Page().DrawPicture(Pixels(20.3F, 20.6F, 90.7F, 77.1F), picture);
+  const Bitmap first = Draw();
+  EXPECT_EQ(Draw().pixels, first.pixels);
+  Page().DrawPicture(Pixels(120.3F, 20.6F, 190.7F, 77.1F), picture);
+  const Bitmap second = Draw();
+  for (std::int32_t y = 0; y < 100; ++y) {
+    for (std::int32_t x = 0; x < 100; ++x) {
+      ASSERT_NEAR(InkAt(second, x + 100, y), InkAt(first, x, y), 1) << x << ", " << y;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace pagivo::native
