@@ -3,14 +3,9 @@
 #include <new>
 
 namespace pagivo::native {
-namespace {
 
-// Four fifths of an export's time goes into compression. Higher levels take longer for a percent.
-constexpr int kLevel = 6;
-
-}  // namespace
-
-Deflater::Deflater() : compressor_(libdeflate_alloc_compressor(kLevel)) {
+Deflater::Deflater(Effort effort)
+    : compressor_(libdeflate_alloc_compressor(static_cast<int>(effort))) {
   if (!compressor_) throw std::bad_alloc();
 }
 

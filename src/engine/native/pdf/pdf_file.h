@@ -30,7 +30,8 @@ class PdfFile {
   // An object that is no stream; it is packed with others into a compressed stream of objects.
   void WriteObject(ObjectNumber number, std::string_view value);
 
-  // A stream, compressed here. `entries` are those of its dictionary but for length and filter.
+  // A stream that the file has once, made small here. `entries` are those of its dictionary but for
+  // length and filter.
   void WriteStream(ObjectNumber number, std::string_view entries, std::string_view data);
 
   // A stream whose data are in their final form already; `entries` name the filter.
@@ -50,7 +51,7 @@ class PdfFile {
   void SetEntry(ObjectNumber number, std::uint64_t entry);
 
   const ByteSink& sink_;
-  Deflater deflater_;
+  Deflater deflater_{Effort::Small};
   std::string output_;        // not yet given to the sink
   std::uint64_t offset_ = 0;  // bytes emitted
 

@@ -44,6 +44,7 @@ class DocumentWriter {
 
   const Document& document_;
   PdfFile file_;
+  Deflater contentDeflater_{Effort::Fast};
   PageTree tree_{file_};
   FontEmbedder fonts_;
   ImageEmbedder images_{file_};
@@ -74,7 +75,7 @@ void DocumentWriter::WritePage(std::int32_t page) {
   }
   if (!content.empty()) {
     const ObjectNumber stream = file_.Reserve();
-    file_.WriteStream(stream, {}, content);
+    file_.WriteEncodedStream(stream, "/Filter/FlateDecode", contentDeflater_.Compress(content));
     value += "/Contents ";
     AppendReference(value, stream);
   }
