@@ -58,11 +58,15 @@ class GlyphCodes {
 
   // `text` is UTF-8 and may be empty. The reference holds until the next call.
   const GlyphCode& CodeOf(std::uint32_t glyph, std::string_view text) {
+    const GlyphCode* known = Find(glyph, text);
+    return known != nullptr ? *known : FindOrAdd(glyph, text, ShortKey(text));
+  }
+
+  // The same for pairs that are found at once; null for others, which may have a code, too.
+  const GlyphCode* Find(std::uint32_t glyph, std::string_view text) const {
     const std::uint32_t key = ShortKey(text);
-    if (key != 0 && glyph < entries_.size() && entries_[glyph].key == key) {
-      return entries_[glyph].code;
-    }
-    return FindOrAdd(glyph, text, key);
+    const bool found = key != 0 && glyph < entries_.size() && entries_[glyph].key == key;
+    return found ? &entries_[glyph].code : nullptr;
   }
 
   const Face& FaceUsed() const noexcept { return face_; }
@@ -89,6 +93,8 @@ class GlyphCodes {
 
   // Up to four bytes as one number, which is not zero; zero for other texts.
   static std::uint32_t ShortKey(std::string_view text) {
+    if (text.size() == 1) [[likely]]
+      return static_cast<unsigned char>(text[0]);
     std::uint32_t key = 0;
     if (text.size() > sizeof key) return 0;
     for (const char byte : text) key = key << 8 | static_cast<unsigned char>(byte);

@@ -1,6 +1,7 @@
 #include "engine/native/pdf/text_writer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "engine/native/fonts/utf8.h"
@@ -29,6 +30,23 @@ bool IsRightToLeft(char32_t codePoint) {
 
 bool BeginsRightToLeft(std::string_view text) {
   return !text.empty() && IsRightToLeft(DecodeUtf8(text, 0).codePoint);
+}
+
+// The part of a line's text that a glyph stands for.
+std::string_view TextOf(const ShapedGlyph& glyph, std::string_view text) {
+  return {text.data() + glyph.textBegin, glyph.textEnd - glyph.textBegin};
+}
+
+// Whether every glyph stands where its pen is and for a piece of text of its own, in the text's
+// order.
+bool IsPlain(const ShapedLine& line) {
+  bool plain = true;
+  std::int64_t before = -1;
+  for (const ShapedGlyph& glyph : line.glyphs) {
+    plain &= (glyph.xOffset | glyph.yOffset) == 0 && glyph.textBegin > before;
+    before = glyph.textBegin;
+  }
+  return plain;
 }
 
 std::size_t CountCodePoints(std::string_view text) {
@@ -60,9 +78,7 @@ void TextWriter::End() {
   inText_ = false;
 }
 
-// Runs for every glyph of a document, so it looks whether there is anything to change before it
-// calls what changes it.
-inline void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
+void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
   const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
   if (font_ != code.font || fontSize_ != size_) SelectFont(code.font);
   if (glyph.xOffset != 0) pen.x += glyph.xOffset * unitsToPage_;
@@ -101,14 +117,66 @@ double TextWriter::VisitClusters(const ShapedLine& line, const TextPlacement& pl
 
 double TextWriter::Draw(const ShapedLine& line, std::string_view text,
                         const TextPlacement& placement) {
+  return IsPlain(line) ? DrawPlain(line, text, placement) : DrawClusters(line, text, placement);
+}
+
+double TextWriter::DrawPlain(const ShapedLine& line, std::string_view text,
+                             const TextPlacement& placement) {
+  double runBegin = placement.x;
+  for (const ShapedRun& run : line.runs) {
+    SetStyle(run, placement);
+    const std::span glyphs(line.glyphs.data() + run.glyphBegin, run.glyphEnd - run.glyphBegin);
+    runBegin = DrawPlainRun(glyphs, text, {runBegin, placement.baseline});
+  }
+  return runBegin;
+}
+
+// Most glyphs of a document pass through the inner loop: those that go on with the string of the
+// one before, because the reader's pen is where they stand. DrawGlyph does all the rest.
+double TextWriter::DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string_view text,
+                                Pen start) {
+  std::array<char, 256> string;
+  const double unitsToPage = unitsToPage_;
+  const double thousandthToPage = thousandthToPage_;
+  std::int64_t advances = 0;
+  double x = start.x;
+  for (std::size_t i = 0; i < glyphs.size();) {
+    DrawGlyph(glyphs[i], TextOf(glyphs[i], text), {x, start.y});
+    const std::size_t stop =
+        std::min(glyphs.size(), i + std::min(string.size(), RoomInString()) + 1);
+    char* end = string.data();
+    double readerPen = readerPen_;
+    for (;;) {
+      advances += glyphs[i].advance;
+      x = start.x + static_cast<double>(advances) * unitsToPage;
+      if (++i == stop) break;
+      const GlyphCode* code = codes_->Find(glyphs[i].glyph, TextOf(glyphs[i], text));
+      if (code == nullptr || code->font != font_ || code->bytes != 1) break;
+      if (std::abs(x - readerPen) > kTolerance) break;
+      *end++ = static_cast<char>(code->code);
+      readerPen += code->advance * thousandthToPage;
+    }
+    stream_.Raw().append(string.data(), end);
+    readerPen_ = readerPen;
+  }
+  return x;
+}
+
+// How many bytes the open string takes until it is closed for its length.
+std::size_t TextWriter::RoomInString() {
+  const std::size_t length = stream_.Raw().size() - stringBegin_;
+  return length <= kLongestString ? kLongestString + 1 - length : 0;
+}
+
+double TextWriter::DrawClusters(const ShapedLine& line, std::string_view text,
+                                const TextPlacement& placement) {
   const ShapedRun* styled = nullptr;
   const auto draw = [&](const ShapedRun& run, std::span<const ShapedGlyph> glyphs, double x) {
     if (&run != styled) SetStyle(run, placement);
     styled = &run;
-    const ShapedGlyph& first = glyphs.front();
-    const std::string_view part(text.data() + first.textBegin, first.textEnd - first.textBegin);
+    const std::string_view part = TextOf(glyphs.front(), text);
     const Pen pen{x, placement.baseline};
-    glyphs.size() == 1 ? DrawGlyph(first, part, pen) : DrawCluster(glyphs, part, pen);
+    glyphs.size() == 1 ? DrawGlyph(glyphs.front(), part, pen) : DrawCluster(glyphs, part, pen);
   };
   if (std::ranges::is_sorted(line.glyphs, {}, &ShapedGlyph::textBegin)) {
     return VisitClusters(line, placement, draw);
@@ -130,13 +198,19 @@ void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) 
     CloseString();
     stream_.SetFillColor(placement.color);
   }
-  size_ = std::llround(placement.size * 1000);
   if (const double slant = run.slanted ? kSlant : 0; slant != slant_) {
     CloseString();
     slant_ = slant;
   }
-  codes_ = &fonts_.CodesOf(*run.face);
-  unitsToPage_ = placement.size / run.face->UnitsPerEm();
+  if (run.face != face_ || placement.size != exactSize_) SetFont(*run.face, placement.size);
+}
+
+void TextWriter::SetFont(const Face& face, double size) {
+  face_ = &face;
+  exactSize_ = size;
+  size_ = std::llround(size * 1000);
+  codes_ = &fonts_.CodesOf(face);
+  unitsToPage_ = size / face.UnitsPerEm();
   thousandthToPage_ = static_cast<double>(size_) / 1e6;
 }
 

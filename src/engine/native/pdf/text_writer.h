@@ -55,9 +55,15 @@ class TextWriter {
     std::uint32_t TextBegin() const { return glyphs.front().textBegin; }
   };
 
+  double DrawPlain(const ShapedLine& line, std::string_view text, const TextPlacement& placement);
+  double DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string_view text, Pen start);
+  std::size_t RoomInString();
+  double DrawClusters(const ShapedLine& line, std::string_view text,
+                      const TextPlacement& placement);
   template <typename Visit>
   static double VisitClusters(const ShapedLine& line, const TextPlacement& placement, Visit visit);
   void SetStyle(const ShapedRun& run, const TextPlacement& placement);
+  void SetFont(const Face& face, double size);
   void SetEmboldened(bool emboldened, const TextPlacement& placement);
   void SelectFont(std::uint16_t font);
   void DrawCluster(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen);
@@ -77,7 +83,9 @@ class TextWriter {
   bool emboldened_ = false;
 
   // How the next glyphs are to be drawn.
-  GlyphCodes* codes_ = nullptr;
+  const Face* face_ = nullptr;
+  GlyphCodes* codes_ = nullptr;  // of the face
+  double exactSize_ = 0;
   std::int64_t size_ = 0;  // thousandths, as it is written and as readers therefore take it
   double slant_ = 0;
   double unitsToPage_ = 0;       // of a design unit of the face

@@ -1,0 +1,88 @@
+// The two ways in which lines are written: the quick one of plain lines and the general one.
+#include "engine/native/pdf/text_writer.h"
+
+#include <gmock/gmock.h>
+
+namespace pagivo::native::testing {
+namespace {
+
+using ::testing::EndsWith;
+using ::testing::StartsWith;
+
+constexpr std::string_view kEnd = ")]TJ\nET\n";
+
+std::string Repeated(std::string_view text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
+// More glyphs than there are one-byte codes.
+std::string ManyLetters() {
+  std::string letters;
+  for (char32_t letter = 0x100; letter < 0x240; ++letter) {
+    letters.push_back(static_cast<char>(0xC0 | letter >> 6));
+    letters.push_back(static_cast<char>(0x80 | (letter & 0x3F)));
+  }
+  return letters;
+}
+
+struct PlainText {
+  const char* face;
+  float size;
+  std::string text;
+};
+
+void PrintTo(const PlainText& plain, std::ostream* stream) {
+  *stream << plain.face << ' ' << plain.size;
+}
+
+const PlainText kPlainTexts[] = {
+    {"Arial", 9, "a"},
+    {"Arial", 10, "AVATAR Te Wo 1.234,56 fluweel: rillerig illiquide WAVE Yp"},
+    {"Arial", 7.3333F, "caf\u00E9 \u20AC 5 \u2013 co\u00F6peratie en (haakjes) en \\"},
+    {"Arial", 33.3F, "AVATAR To Wa LT. Vr. Yo"},
+    {"Courier New", 10, Repeated("0123456789", 2000)},
+    {"Arial", 8, Repeated("0123456789 AVO-waarde ", 2000)},
+    {"P052", 16.25F, "office affluent figuur"},
+    {"DejaVu Sans", 10, ManyLetters() + ManyLetters()},
+    {"Arial", 10, "Liberation \u2206 en dan \u2603 en weer terug"},
+    {"Standard Symbols PS", 12, "abc"},
+};
+
+class TextWays : public ::testing::TestWithParam<PlainText> {
+ protected:
+  static std::string Written(const ShapedLine& line, std::string_view text) {
+    ContentStream stream;
+    FontEmbedder fonts;
+    TextWriter writer(stream, fonts);
+    stream.Begin();
+    writer.BeginPage();
+    const double end = writer.Draw(line, text, {12.345, 700.01, GetParam().size, 0});
+    EXPECT_GT(end, 12.345);
+    writer.End();
+    return std::string(stream.Bytes());
+  }
+};
+
+TEST_P(TextWays, WriteTheSameBytes) {
+  const std::string text = GetParam().text + "x";
+  Font& font = FontLibrary::Instance().Find(GetParam().face, true, true);
+  ShapedLine line;
+  font.Shape(text, line);
+  line.glyphs.back().yOffset = 3000;  // a line with a glyph beside the baseline is not plain
+  const std::string general = Written(line, text);
+
+  line.glyphs.pop_back();
+  if (--line.runs.back().glyphEnd == line.runs.back().glyphBegin) line.runs.pop_back();
+  std::string plain = Written(line, text);
+  ASSERT_THAT(plain, EndsWith(kEnd));
+  plain.resize(plain.size() - kEnd.size());
+  EXPECT_GE(plain.size(), GetParam().text.size() / 2);
+  EXPECT_THAT(general, StartsWith(plain + ")]TJ\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(PlainTexts, TextWays, ::testing::ValuesIn(kPlainTexts));
+
+}  // namespace
+}  // namespace pagivo::native::testing
