@@ -2,40 +2,36 @@
 
 #include <array>
 #include <cassert>
-#include <charconv>
 
 namespace pagivo::native {
-namespace {
-
-constexpr std::array<std::int64_t, 10> kPowersOfTen = {
-    1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
-
-}  // namespace
 
 void AppendInteger(std::string& out, std::int64_t number) {
-  std::array<char, 20> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  out.append(digits.data(), end);
+  AppendDecimal(out, number, 0);
 }
 
+// From the last digit to the first, for that is how they come out of a number.
 void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
   assert(decimals >= 0 && decimals <= 9);
-  const std::int64_t one = kPowersOfTen[static_cast<std::size_t>(decimals)];
-  const std::int64_t whole = value / one;
-  std::int64_t fraction = value % one;
-  if (fraction == 0) return AppendInteger(out, whole);
+  std::uint64_t rest =
+      value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+  for (; decimals > 0 && rest % 10 == 0; rest /= 10) --decimals;
 
-  if (whole != 0) {
-    AppendInteger(out, whole);
-  } else if (value < 0) {
-    out.push_back('-');
+  std::array<char, 24> characters;
+  char* const end = characters.data() + characters.size();
+  char* begin = end;
+  const auto putDigit = [&] {
+    *--begin = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  };
+  if (decimals > 0) {
+    for (; decimals > 0; --decimals) putDigit();
+    *--begin = '.';
+  } else {
+    putDigit();
   }
-  if (fraction < 0) fraction = -fraction;
-  out.push_back('.');
-  for (std::int64_t unit = one / 10; fraction != 0; unit /= 10) {
-    out.push_back(static_cast<char>('0' + fraction / unit));
-    fraction %= unit;
-  }
+  while (rest != 0) putDigit();
+  if (value < 0) *--begin = '-';
+  out.append(begin, end);
 }
 
 }  // namespace pagivo::native
