@@ -1,6 +1,7 @@
 #include "engine/native/raster/area_filler.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -30,13 +31,12 @@ std::int32_t UnitsOf(double pixels) {
   return Rounded(std::clamp(pixels, -kFarthestPixel, kFarthestPixel) * kOne);
 }
 
-// Most cells hold nothing, so four are looked at together.
-std::int32_t FirstFilled(const std::int32_t* cells, std::int32_t from, std::int32_t end) {
-  for (; end - from >= 4; from += 4) {
-    if ((cells[from] | cells[from + 1] | cells[from + 2] | cells[from + 3]) != 0) break;
-  }
-  while (from < end && cells[from] == 0) ++from;
-  return from;
+// Cells are looked at and drawn four at a time: where one of them is filled, its neighbours mostly
+// are, too, and deciding on each would cost more than drawing it.
+constexpr std::int32_t kGroup = 4;
+
+bool IsBlankGroup(const std::int32_t* cells) {
+  return (cells[0] | cells[1] | cells[2] | cells[3]) == 0;
 }
 
 std::uint32_t CoverageOf(std::int32_t sum, FillRule rule) {
@@ -91,26 +91,35 @@ void AreaFiller::Fill(Canvas& canvas, FillRule rule, const Ink& ink) {
   edges_.clear();
 }
 
-// Pixels between two cells that hold something are covered alike.
 void AreaFiller::DrawRow(const Row& row, FillRule rule, const Ink& ink,
                          std::uint32_t* pixels) const {
   const auto [cells, begin, end] = row;
   const std::int32_t width = width_;
   std::int32_t sum = 0;
   for (std::int32_t x = begin; x < width;) {
-    sum += std::exchange(cells[x], 0);
-    const std::int32_t filled = FirstFilled(cells, x + 1, end);
-    const std::int32_t next = filled < end ? filled : width;
-    const std::uint32_t coverage = CoverageOf(sum, rule);
-    if (coverage > 0) ink.BlendRun(pixels + x, pixels + next, coverage);
+    std::int32_t next = x;
+    while (next < end && IsBlankGroup(cells + next)) next += kGroup;
+    next = next < end ? next : width;
+    if (next > x) {
+      const std::uint32_t coverage = CoverageOf(sum, rule);
+      if (coverage > 0) ink.BlendRun(pixels + x, pixels + next, coverage);
+    } else {
+      std::array<std::uint8_t, kGroup> coverages{};
+      for (std::uint8_t& coverage : coverages) {
+        sum += std::exchange(cells[next++], 0);
+        coverage = static_cast<std::uint8_t>(CoverageOf(sum, rule));
+      }
+      ink.BlendRow(pixels + x, coverages.data(), std::min(kGroup, width - x));
+    }
     x = next;
   }
   cells[width] = 0;
 }
 
-// A row has a cell more than pixels, for what the last one gives to its right.
+// A row has a cell more than pixels, for what the last one gives to its right, and blank ones to
+// fill up the last group.
 void AreaFiller::BeginBand(std::int32_t rows) {
-  const auto pitch = static_cast<std::size_t>(width_) + 1;
+  const auto pitch = static_cast<std::size_t>(width_) + kGroup;
   const auto count = static_cast<std::size_t>(rows);
   if (cells_.size() < pitch * count) cells_.resize(pitch * count);
   rows_.resize(count);
