@@ -8,10 +8,10 @@ target_compile_options(pagivo_options INTERFACE
 # GCC 12's -Wrestrict sees overlaps in std::string that cannot be (GCC bug 105329).
 target_compile_options(pagivo_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(PAGIVO_SANITIZE)
-  # -Wnull-dereference sees ghosts in instrumented code.
+  # These two see ghosts in instrumented code.
   target_compile_options(pagivo_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-    -Wno-null-dereference)
+    -Wno-null-dereference -Wno-maybe-uninitialized)
   target_link_options(pagivo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
