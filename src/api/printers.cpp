@@ -10,7 +10,7 @@ namespace {
 bool ShowEngineDialog(std::int32_t dialog) {
   return ReadOrZero([&] {
     // Held: a host may discard the preview window while the dialog is open.
-    const std::shared_ptr<PrintEngine> engine = PreviewForm().vsPrint();
+    const std::shared_ptr<PrintEngine> engine = PreviewEngine();
     return engine->GetPrintDialog(dialog);
   });
 }
@@ -34,7 +34,7 @@ Variant PgPrint::VsPPPrinterDialog(std::string& DeviceName, std::int16_t& Copies
   State().PrintCopies = Copies >= 2 ? Copies : std::int16_t{1};
   State().PrintFromPage = FromPage >= 1 ? FromPage : std::int16_t{0};
   State().PrintToPage = ToPage >= 1 ? ToPage : std::int16_t{0};
-  IgnoringErrors([] { PrinterSetupDialog().ShowModal(); });
+  IgnoringErrors([] { PrinterSetupDialog(PreviewEngine).ShowModal(); });
   DeviceName = State().PrintDevice;
   Copies = State().PrintCopies;
   FromPage = State().PrintFromPage;

@@ -1,23 +1,54 @@
+// The window itself: its parts, life and layout.
 #include "preview/frm_afdrukken.h"
 
+#include <array>
 #include <utility>
 
+#include "preview/preview_form.h"
 #include "preview/toolbar_design.h"
 #include "preview/watermark_files.h"
-#include "values/integer_arithmetic.h"
+#include "values/conversions.h"
+#include "values/errors_ignored.h"
+#include "window/key_codes.h"
 
 namespace pagivo {
 
 namespace {
 
-constexpr FormDesign kDesign{
-    .caption = "Afdrukvoorbeeld", .client = {.width = 9315, .height = 4215}, .sizable = true};
+// Twips left free beside the engine.
+constexpr float kEngineMargin = 20;
+
+constexpr std::int16_t kLowestZoomPercent = 30;
+constexpr std::int16_t kHighestZoomPercent = 250;
+
+constexpr std::array<ControlDesign, 3> kControls{{
+    {.name = "tbAfdrukken",
+     .kind = ControlKind::Toolbar,
+     .placement = {.width = 9315, .height = 420},
+     .buttons = kToolbarButtons,
+     .images = &kImageList2},
+    {.name = "txtPaginanummer",
+     .kind = ControlKind::TextBox,
+     .caption = "Text1",
+     .placement = {1080, 60, 600, 330},
+     .container = "tbAfdrukken",
+     .tabIndex = 1},
+    {.name = "vsPrint",
+     .kind = ControlKind::Surface,
+     .placement = {kEngineMargin, 420, 9295, 3795},
+     .tabIndex = 0},
+}};
+
+constexpr FormDesign kDesign{.caption = "Afdrukvoorbeeld",
+                             .client = {.width = 9315, .height = 4215},
+                             .sizable = true,
+                             .keyPreview = true,
+                             .controls = kControls};
 
 }  // namespace
 
-struct frmAfdrukken::Controls {
+struct frmAfdrukken::Parts {
   std::shared_ptr<PdfExporter> exporter;
-  Toolbar tbAfdrukken{kToolbarButtons};
   Array<PictureBox> imageWatermerk{0, static_cast<std::int32_t>(kWatermarkFiles.size()) - 1};
 };
 
@@ -32,8 +63,16 @@ PdfExporter& frmAfdrukken::Exporter() {
   return *Reach().exporter;
 }
 
+Control& frmAfdrukken::Surface() {
+  return Get("vsPrint");
+}
+
 Toolbar& frmAfdrukken::tbAfdrukken() {
-  return Reach().tbAfdrukken;
+  return Get<Toolbar>("tbAfdrukken");
+}
+
+TextBox& frmAfdrukken::txtPaginanummer() {
+  return Get<TextBox>("txtPaginanummer");
 }
 
 PictureBox& frmAfdrukken::imageWatermerk(std::int16_t index) {
@@ -45,22 +84,49 @@ PictureBox& frmAfdrukken::imageWatermerk(std::int16_t index) {
   return box;
 }
 
-void frmAfdrukken::CreateControls(WindowSystem& windows, FormPeer& peer) {
-  auto controls = std::make_unique<Controls>();
+void frmAfdrukken::CreateControls() {
+  auto parts = std::make_unique<Parts>();
   std::shared_ptr<PrintEngine> engine = platform_.makeEngine();
-  controls->exporter = platform_.makePdfExporter();
-  controls->tbAfdrukken.Attach(windows.MakeToolbarPeer(peer, controls->tbAfdrukken));
+  parts->exporter = platform_.makePdfExporter();
+  tbAfdrukken().WhenButtonClicked([this](std::string_view key) { tbAfdrukken_ButtonClick(key); });
+  tbAfdrukken().WhenMenuClicked([this](std::string_view key) { tbAfdrukken_ButtonMenuClick(key); });
+  txtPaginanummer().WhenClicked([this] { GaNaarPagina(); });
   engine->SetEvents(this);
   vsPrint_ = std::move(engine);
-  controls_ = std::move(controls);
+  parts_ = std::move(parts);
 }
 
 void frmAfdrukken::DestroyControls() {
-  if (!controls_) return;
+  if (!parts_) return;
   // A caller in the middle of an operation may hold the engine for a moment longer.
   vsPrint_->SetEvents(nullptr);
-  controls_.reset();
+  parts_.reset();
   vsPrint_.reset();
+}
+
+// Every resize works on the process's one preview window, whichever window it reaches.
+void frmAfdrukken::OnResize() {
+  IgnoringErrors([] { PreviewForm().PlaceParts(); });
+}
+
+void frmAfdrukken::PlaceParts() {
+  IgnoringErrors([this] { txtPaginanummer().PutLeft(tbAfdrukken().LeftOf("Paginanummer")); });
+  IgnoringErrors([this] { Surface().PutTop(tbAfdrukken().Height()); });
+  IgnoringErrors([this] { Surface().PutLeft(kEngineMargin); });
+  IgnoringErrors([this] { Surface().PutWidth(ClientWidth() - kEngineMargin); });
+  IgnoringErrors([this] { Surface().PutHeight(ClientHeight() - Surface().Top()); });
+  IgnoringErrors([this] { vsPrint()->PutZoomMode(kZoomWholePage); });
+  IgnoringErrors([this] { zoomPercent_ = ToInteger(vsPrint()->GetZoom()); });
+  if (zoomPercent_ < kLowestZoomPercent) zoomPercent_ = kLowestZoomPercent;
+  if (zoomPercent_ > kHighestZoomPercent) zoomPercent_ = kHighestZoomPercent;
+}
+
+void frmAfdrukken::OnPaint() {
+  ZetPaginaNummer();
+}
+
+void frmAfdrukken::OnKeyDown(std::int16_t& keyCode, std::int16_t) {
+  if (keyCode == kKeyEscape) HideWithFocusOnEngine();
 }
 
 void frmAfdrukken::OnQueryUnload(bool& cancel, UnloadMode mode) {
@@ -70,20 +136,14 @@ void frmAfdrukken::OnQueryUnload(bool& cancel, UnloadMode mode) {
   Hide();
 }
 
-void frmAfdrukken::KeyDown(std::int16_t&, std::int16_t) {}
-
-void frmAfdrukken::BeforePageChange(std::int16_t& page) {
-  // The empty page at the document's end is never shown.
-  if (page == vsPrint_->GetPageCount()) {
-    page = SubtractIntegers(vsPrint_->GetPageCount(), 1);
-  }
+void frmAfdrukken::HideWithFocusOnEngine() {
+  Surface().Focus();
+  Hide();
 }
 
-void frmAfdrukken::AfterPageChange() {}
-
-frmAfdrukken::Controls& frmAfdrukken::Reach() {
+frmAfdrukken::Parts& frmAfdrukken::Reach() {
   Load();
-  return *controls_;
+  return *parts_;
 }
 
 }  // namespace pagivo

@@ -3,18 +3,21 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
 #include "platform/platform.h"
 #include "window/form.h"
 #include "window/picture_box.h"
+#include "window/text_box.h"
 #include "window/toolbar.h"
 
 namespace pagivo {
 
 // The engine's document lives as long as the window is loaded: closing the window by its close box
-// only hides it. Reaching any of its controls loads the window.
+// only hides it. Reaching any of its controls loads the window. The engine's last page is empty and
+// is never shown, counted or printed.
 class frmAfdrukken : public Form, private PrintEngineEvents {
  public:
   // Takes engine, exporter and pictures from `platform`.
@@ -26,26 +29,53 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
     return vsPrint_;
   }
   PdfExporter& Exporter();
+  // Where the engine draws.
+  Control& Surface();
   Toolbar& tbAfdrukken();
+  // Shows the page and the page total; a click asks for another page.
+  TextBox& txtPaginanummer();
   // Watermark picture 0, 1 or 2; raises Error outside.
   PictureBox& imageWatermerk(std::int16_t index);
+  // The engine's zoom at the last resize, held between 30 and 250.
+  std::int16_t ZoomPercent() const noexcept { return zoomPercent_; }
+
+  // Refreshes the page box. In the two-page view a last page without a partner returns to the
+  // whole-page view.
+  void ZetPaginaNummer();
+  // 0 first, 1 previous, 2 next, 3 last; any other value changes no page. Raises Error when a page
+  // number goes beyond 16 bits.
+  void BladerNaar(std::int16_t richting);
+  // Asks for a page and shows it.
+  void GaNaarPagina();
+  // Asks for range and copies and prints, a job for each copy. Errors are ignored.
+  void DrukAf();
 
  private:
-  struct Controls;
+  struct Parts;
 
-  void CreateControls(WindowSystem& windows, FormPeer& peer) override;
+  void CreateControls() override;
   void DestroyControls() override;
+  void OnResize() override;
+  void OnPaint() override;
+  void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override;
   void OnQueryUnload(bool& cancel, UnloadMode mode) override;
+
+  void tbAfdrukken_ButtonClick(std::string_view key);
+  void tbAfdrukken_ButtonMenuClick(std::string_view key);
 
   void KeyDown(std::int16_t& keyCode, std::int16_t shift) override;
   void BeforePageChange(std::int16_t& page) override;
   void AfterPageChange() override;
 
-  Controls& Reach();
+  Parts& Reach();
+  void PlaceParts();
+  void HideWithFocusOnEngine();
+  void ToggleZoom();
 
   Platform platform_;
   std::shared_ptr<PrintEngine> vsPrint_;
-  std::unique_ptr<Controls> controls_;  // the others
+  std::unique_ptr<Parts> parts_;  // the others
+  std::int16_t zoomPercent_ = 0;
 };
 
 }  // namespace pagivo

@@ -57,6 +57,10 @@ frmAfdrukken& CreatePreviewForm() {
   return **previewForm;
 }
 
+std::shared_ptr<PrintEngine> PreviewEngine() {
+  return PreviewForm().vsPrint();
+}
+
 void ReleasePreviewForm() {
   delete std::exchange(previewForm, nullptr);
 }

@@ -16,6 +16,9 @@ inline frmAfdrukken& PreviewForm() {
   return previewForm == nullptr ? CreatePreviewForm() : **previewForm;
 }
 
+// The engine of that window, which is created and loaded if need be.
+std::shared_ptr<PrintEngine> PreviewEngine();
+
 // Sets the reference to none: the next use creates a new window.
 void ReleasePreviewForm();
 

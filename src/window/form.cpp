@@ -20,7 +20,8 @@ void Form::LoadNow() {
   try {
     peer_ = windows_->MakeFormPeer(*this);
     TakeDesign(peer_->FrameExtent());
-    CreateControls(*windows_, *peer_);
+    MakeControls();
+    CreateControls();
     OnLoad();
     if (!loaded_) {
       throw Error(ErrorNumber::InvalidArgument,
@@ -40,15 +41,22 @@ void Form::ShowModal() {
     throw Error(ErrorNumber::InvalidArgument,
                 "Het venster \"" + caption_ + "\" is al zichtbaar en kan niet nog eens open");
   }
-  // Held on its own: the form gives it up when it is unloaded during the showing.
-  const std::shared_ptr<FormPeer> peer = peer_;
   visible_ = true;
   try {
-    peer->ShowModal();
+    Show();
   } catch (...) {
     Hide();
+    OnShowingFailed();
     throw;
   }
+}
+
+void Form::Show() {
+  // Held on its own: the form gives it up when it is unloaded during the showing.
+  const std::shared_ptr<FormPeer> peer = peer_;
+  if (!std::exchange(displayed_, true)) OnResize();
+  if (visible_ && controls_->Focused() == nullptr) MoveFocus(false);
+  if (visible_) peer->ShowModal();
 }
 
 void Form::Hide() {
@@ -84,24 +92,55 @@ void Form::PutTop(float top) {
 }
 
 void Form::PutWidth(float width) {
-  Put(&Form::width_, width);
+  Load();
+  PutSize({.width = width, .height = height_});
 }
 
 void Form::PutHeight(float height) {
-  Put(&Form::height_, height);
+  Load();
+  PutSize({.width = width_, .height = height});
 }
 
-void Form::CreateControls(WindowSystem&, FormPeer&) {}
+void Form::PutSize(const Extent& size) {
+  Load();
+  if (size.width == width_ && size.height == height_) return;
+  const auto self = shared_from_this();
+  width_ = size.width;
+  height_ = size.height;
+  peer_->Update();
+  OnResize();
+}
+
+ControlSet& Form::Controls() {
+  Load();
+  return *controls_;
+}
+
+void Form::Paint() {
+  const auto self = shared_from_this();
+  if (loaded_) OnPaint();
+}
+
+void Form::CreateControls() {}
 
 void Form::DestroyControls() {}
 
 void Form::OnLoad() {}
+
+void Form::OnResize() {}
+
+void Form::OnPaint() {}
+
+void Form::OnKeyDown(std::int16_t&, std::int16_t) {}
+
+void Form::OnShowingFailed() {}
 
 void Form::OnQueryUnload(bool&, UnloadMode) {}
 
 void Form::OnUnload() {}
 
 void Form::TakeDesign(const Extent& frame) {
+  frame_ = frame;
   caption_ = design_.caption;
   windowState_ = WindowState::Normal;
   left_ = 0;
@@ -110,11 +149,20 @@ void Form::TakeDesign(const Extent& frame) {
   height_ = design_.client.height + frame.height;
 }
 
+void Form::MakeControls() {
+  displayed_ = false;
+  controls_ = std::make_unique<ControlSet>(design_.controls);
+  for (const auto& control : controls_->All()) {
+    control->Attach(windows_->MakeControlPeer(*peer_, *control));
+  }
+}
+
 void Form::Discard() {
   Hide();
   loaded_ = false;
   OnUnload();
   DestroyControls();
+  controls_.reset();
   peer_.reset();
 }
 

@@ -3,9 +3,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "pagivo/error.h"
+#include "window/control_set.h"
 #include "window/window_system.h"
 
 namespace pagivo {
@@ -24,6 +27,8 @@ struct FormDesign {
   std::string_view caption;
   Extent client;
   bool sizable = false;
+  bool keyPreview = false;  // sees keys before its controls do
+  std::span<const ControlDesign> controls = {};
 };
 
 // Life: created (state only), loaded (with controls and a peer, load handler run, hidden), shown,
@@ -44,8 +49,9 @@ class Form : public std::enable_shared_from_this<Form> {
     if (!loaded_) LoadNow();
   }
   bool IsLoaded() const noexcept { return loaded_; }
-  // Loads the form, shows it and returns when it has been hidden or unloaded. Raises Error when it
-  // is visible already.
+  // Loads the form, shows it with the focus on its first control and returns when it has been
+  // hidden or unloaded. The first showing after a load raises resize. Raises Error when it is
+  // visible already; passes on the error of a handler, with the form hidden.
   void ShowModal();
   void Hide();
   // Asks the query-unload handler, which may refuse, hides the form and gives up its controls.
@@ -66,22 +72,57 @@ class Form : public std::enable_shared_from_this<Form> {
   float Height() const noexcept { return height_; }
   void PutLeft(float left);
   void PutTop(float top);
+  // A size that differs from the present one raises resize.
   void PutWidth(float width);
   void PutHeight(float height);
+  // Both at once, as the user does by dragging an edge.
+  void PutSize(const Extent& size);
+  // The window without its frame.
+  float ClientWidth() const noexcept { return width_ - frame_.width; }
+  float ClientHeight() const noexcept { return height_ - frame_.height; }
+
+  // The controls of the design's table, loading the form first. Until the form is unloaded.
+  ControlSet& Controls();
+  // One of them. Raises Error when there is none of this name and kind.
+  template <typename Kind = Control>
+  Kind& Get(std::string_view name) {
+    auto* control = dynamic_cast<Kind*>(&Controls().Find(name));
+    if (control == nullptr) ThrowTypeMismatch();
+    return *control;
+  }
+
+  // A key of the user: goes to the form's key-down handler when it previews keys, then Enter
+  // presses the default button (or the one with the focus), Esc the cancel button, Tab moves the
+  // focus, and any other key goes to the control with the focus.
+  void PressKey(std::int16_t keyCode, std::int16_t shift = 0);
+  // A letter with Alt: presses the control whose caption has it, or gives it the focus; a label or
+  // frame gives the focus to what follows it in the tab order.
+  void PressAccessKey(char letter);
+  // The window is drawn: raises paint.
+  void Paint();
 
  protected:
-  // Makes the controls at loading, on the form's peer, and gives them up at unloading.
-  virtual void CreateControls(WindowSystem& windows, FormPeer& peer);
+  // Makes what the form has beside the controls of its table, and connects their handlers.
+  virtual void CreateControls();
   virtual void DestroyControls();
 
   // The form's own handlers.
   virtual void OnLoad();
+  virtual void OnResize();
+  virtual void OnPaint();
+  // Sets keyCode to 0 when it consumes the key.
+  virtual void OnKeyDown(std::int16_t& keyCode, std::int16_t shift);
+  // A handler failed during the showing; the form is hidden.
+  virtual void OnShowingFailed();
   virtual void OnQueryUnload(bool& cancel, UnloadMode mode);
   virtual void OnUnload();
 
  private:
   void LoadNow();
   void TakeDesign(const Extent& frame);
+  void MakeControls();
+  void Show();
+  void MoveFocus(bool backwards);
   void Discard();
   // Changes one property of the loaded form and shows it.
   template <typename Value>
@@ -90,7 +131,10 @@ class Form : public std::enable_shared_from_this<Form> {
   std::shared_ptr<WindowSystem> windows_;
   FormDesign design_;
   std::shared_ptr<FormPeer> peer_;
+  std::unique_ptr<ControlSet> controls_;
+  Extent frame_;
   bool loaded_ = false;
+  bool displayed_ = false;  // since it was loaded
   bool visible_ = false;
   std::string caption_;
   WindowState windowState_ = WindowState::Normal;

@@ -1,44 +1,43 @@
 // A toolbar: a row of buttons that are reached by key.
 #pragma once
 
-#include <memory>
+#include <functional>
 #include <span>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "window/window_system.h"
+#include "window/control.h"
 
 namespace pagivo {
 
-// A button as designed. Its image is the one with the same key.
-struct ToolbarButton {
-  enum class Style { Button, Separator, Placeholder, DropDown };
-
-  std::string_view key;  // empty when nobody reaches it
-  Style style = Style::Button;
-  std::string_view toolTip = {};
-  float width = 0;  // twips, of a placeholder
-  bool enabled = true;
-  bool visible = true;
-};
-
 // A change of a button shows at the next Refresh.
-class Toolbar {
+class Toolbar : public Control {
  public:
-  explicit Toolbar(std::span<const ToolbarButton> design);
+  using KeyHandler = std::function<void(std::string_view key)>;
 
-  // The toolbar's appearance on a form.
-  void Attach(std::unique_ptr<ToolbarPeer> peer) { peer_ = std::move(peer); }
+  Toolbar(ControlSet& controls, const ControlDesign& design);
 
   std::span<const ToolbarButton> Buttons() const noexcept { return buttons_; }
   // Raises Error when no button has this key (exactly).
   ToolbarButton& Button(std::string_view key);
-  void Refresh();
+  // Where a button begins, in twips from the toolbar's left edge: the visible buttons stand in a
+  // row. Raises Error when no button has this key.
+  float LeftOf(std::string_view key);
+
+  void WhenButtonClicked(KeyHandler handler) { buttonClicked_ = std::move(handler); }
+  void WhenMenuClicked(KeyHandler handler) { menuClicked_ = std::move(handler); }
+
+  // What the user's click on a button does: nothing on one that is hidden, disabled or a separator.
+  void ClickButton(std::string_view key);
+  // The same for an entry of a button's drop-down menu. Raises Error when no menu has this key.
+  void ClickMenu(std::string_view key);
 
  private:
+  void Raise(const KeyHandler& handler, std::string_view key);
+
   std::vector<ToolbarButton> buttons_;
-  std::unique_ptr<ToolbarPeer> peer_;
+  KeyHandler buttonClicked_;
+  KeyHandler menuClicked_;
 };
 
 }  // namespace pagivo

@@ -4,7 +4,7 @@ namespace pagivo {
 
 FormPeer::~FormPeer() = default;
 
-ToolbarPeer::~ToolbarPeer() = default;
+ControlPeer::~ControlPeer() = default;
 
 WindowSystem::~WindowSystem() = default;
 

@@ -8,8 +8,8 @@
 
 namespace pagivo {
 
+class Control;
 class Form;
-class Toolbar;
 
 // A length in two directions, in twips.
 struct Extent {
@@ -33,12 +33,15 @@ class FormPeer {
   virtual void Hide() = 0;
 };
 
-class ToolbarPeer {
+// The appearance of one control. It is destroyed when the form is unloaded.
+class ControlPeer {
  public:
-  virtual ~ToolbarPeer();
+  virtual ~ControlPeer();
 
-  // Shows the buttons as they now are.
-  virtual void Refresh() = 0;
+  // Shows the control as it now is.
+  virtual void Update() = 0;
+  // The control has got the focus.
+  virtual void Focus() = 0;
 };
 
 class WindowSystem {
@@ -47,7 +50,8 @@ class WindowSystem {
 
   // Peers refer to what they show, which outlives them. Raise Error when there is no display.
   virtual std::shared_ptr<FormPeer> MakeFormPeer(Form& form) = 0;
-  virtual std::unique_ptr<ToolbarPeer> MakeToolbarPeer(FormPeer& form, Toolbar& toolbar) = 0;
+  // A container's peer is made before the peers of the controls in it.
+  virtual std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) = 0;
 };
 
 }  // namespace pagivo

@@ -88,33 +88,41 @@ TEST_F(Preview, ReadsTheZoomModeAndThenThePageCount) {
 
 TEST_F(Preview, APageBelowOneNeedsNoPageCount) {
   Lines beforeShowing;
-  platform.Windows().AddScript(
-      [&](Form&) { beforeShowing = platform.Log().LinesBeginning("get PageCount"); });
+  platform.Windows().AddScript([&](Form&) { beforeShowing = platform.Log().Lines(); });
   std::int16_t page = 0;
   print.VsPreviewFile(page);
-  EXPECT_THAT(beforeShowing, IsEmpty());
+  beforeShowing.resize(2);
+  EXPECT_THAT(beforeShowing, ElementsAre("get ZoomMode", "put PreviewPage Integer 1"));
 }
 
 TEST_F(Preview, AnUnknownPageCountCountsAsNone) {
-  Engine().FailOn("get PageCount");
+  Engine().FailOn("get PageCount", 1);
   std::int16_t page = 3;
   EXPECT_EQ(PageShown(page), "put PreviewPage Integer 0");
 }
 
 TEST_F(Preview, APageCountThatOverflowsCountsAsNone) {
-  Engine().Answer("PageCount", Integer(-32768));
+  Engine().AnswerInTurn("PageCount", {Integer(-32768), Integer(6)});
   std::int16_t page = 3;
   EXPECT_EQ(PageShown(page), "put PreviewPage Integer 0");
 }
 
 TEST_F(Preview, AnEngineThatRefusesThePageIsShownAllTheSame) {
   Engine().FailOn("put PreviewPage");
-  Engine().FailOn("get ZoomMode");
+  Engine().FailOn("get ZoomMode", 1);
   bool shown = false;
   platform.Windows().AddScript([&](Form&) { shown = true; });
   std::int16_t page = 3;
   print.VsPreviewFile(page);
   EXPECT_TRUE(shown);
+}
+
+TEST_F(Preview, AWindowThatCannotBePaintedEndsItsShowing) {
+  Engine().FailOn("get PageCount");
+  std::int16_t page = 0;
+  print.VsPreviewFile(page);
+  EXPECT_FALSE(PreviewForm().Visible());
+  EXPECT_TRUE(PreviewForm().IsLoaded());
 }
 
 TEST_F(Preview, ReturnsWhenTheWindowIsHiddenAndKeepsTheDocument) {

@@ -12,16 +12,20 @@ namespace {
 // Windows whose toolbars report their refreshes.
 class WatchedWindows : public HeadlessWindows {
  public:
-  std::unique_ptr<ToolbarPeer> MakeToolbarPeer(FormPeer&, Toolbar&) override {
+  std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) override {
+    if (control.Kind() != ControlKind::Toolbar) {
+      return HeadlessWindows::MakeControlPeer(form, control);
+    }
     return std::make_unique<Peer>(*this);
   }
   std::function<void()> atRefresh = [] {};
 
  private:
-  class Peer : public ToolbarPeer {
+  class Peer : public ControlPeer {
    public:
     explicit Peer(WatchedWindows& windows) : windows_(windows) {}
-    void Refresh() override { windows_.atRefresh(); }
+    void Update() override { windows_.atRefresh(); }
+    void Focus() override {}
 
    private:
     WatchedWindows& windows_;

@@ -1,8 +1,8 @@
 #include <functional>
 
 #include "api/api_test.h"
-#include "dialogs/frm_afdruk_setup.h"
 #include "platform/platform.h"
+#include "window/headless/headless_user.h"
 
 namespace pagivo::testing {
 namespace {
@@ -118,7 +118,7 @@ class PrinterDialog : public ApiTest {
     form.Unload();
   }
 
-  static void Cancel(Form& form) { dynamic_cast<frmAfdrukSetup&>(form).cmdAnnuleren_Click(); }
+  static void Cancel(Form& form) { HeadlessUser(form).Click("cmdAnnuleren"); }
 
   void User(HeadlessWindows::Script does) { platform.Windows().AddScript(std::move(does)); }
 
@@ -136,7 +136,7 @@ TEST_F(PrinterDialog, ShowsTheHostsChoicesWithinTheirRange) {
   for (const Row& row :
        {Row{0, 0, 0, 1, 0, 0}, Row{1, 1, 1, 1, 1, 1}, Row{2, 2, 2, 2, 2, 2}, Row{5, 3, 0, 5, 3, 0},
         Row{-4, -3, 7, 1, 0, 7}, Row{9, 7, -1, 9, 7, 0}, Row{-32768, -32768, -32768, 1, 0, 0},
-        Row{32767, 32767, 32767, 32767, 32767, 32767}}) {
+        Row{999, 32767, 32767, 999, 32767, 32767}}) {
     Request shown;
     User([&](Form& form) {
       shown = RequestInState();
@@ -149,6 +149,34 @@ TEST_F(PrinterDialog, ShowsTheHostsChoicesWithinTheirRange) {
     EXPECT_EQ(shown.to, row.shownTo);
     EXPECT_EQ(request, shown);
   }
+}
+
+// The dialog counts to 999.
+TEST_F(PrinterDialog, WithMoreCopiesThanItCanShowItGivesTheRequestBackUnseen) {
+  for (const int copies : {1000, 32767}) {
+    Request request{"Inkt", Integer(copies), 2, 3};
+    EXPECT_EQ(Show(request), Variant(true));
+    EXPECT_EQ(request, (Request{"", Integer(copies), 2, 3}));
+  }
+}
+
+TEST_F(PrinterDialog, TheChoicesMadeInTheDialogReachTheHost) {
+  platform.Engine().Answer("NDevices", Integer(2));
+  platform.Engine().AnswerFor("Devices", Integer(0), "Inkt");
+  platform.Engine().AnswerFor("Devices", Integer(1), "Laser");
+  User([](Form& form) {
+    HeadlessUser user(form);
+    user.Pick("cboPrinters", 1);
+    user.Click("optSelectie");
+    user.Replace("txtVan", "2");
+    user.Replace("txtTm", "9");
+    user.Replace("txtAantal", "4");
+    user.Click("cmdOK");
+  });
+  Request request{"Inkt", 1, 0, 0};
+  EXPECT_EQ(Show(request), Variant(true));
+  EXPECT_EQ(request, (Request{"Laser", 4, 2, 9}));
+  EXPECT_EQ(print.VsPPGetDevice(), "Laser");
 }
 
 TEST_F(PrinterDialog, ConfirmingGivesTheHostTheChoices) {
@@ -217,7 +245,7 @@ TEST_F(PrinterDialog, EveryShowingIsANewDialog) {
 class NoWindows : public WindowSystem {
  public:
   std::shared_ptr<FormPeer> MakeFormPeer(Form&) override { Fail(); }
-  std::unique_ptr<ToolbarPeer> MakeToolbarPeer(FormPeer&, Toolbar&) override { Fail(); }
+  std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer&, Control&) override { Fail(); }
 
  private:
   [[noreturn]] static void Fail() {

@@ -1,83 +1,428 @@
 #include "dialogs/frm_afdruk_setup.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
-
-#include "state/module_state.h"
-#include "support/recording_platform.h"
+#include "dialogs/dialog_test.h"
+#include "pagivo/error.h"
+#include "values/errors_ignored.h"
 
 namespace pagivo::testing {
 namespace {
 
-class PrinterSetup : public ::testing::Test {
+class PrinterSetup : public DialogTest {
  protected:
+  PrinterSetup() {
+    PutPrinters({"Inkt", "Laser", "Plotter"});
+    engine->Answer("Device", "Laser");
+    engine->Answer("Port", "USB001");
+    State().PrintCopies = 1;
+  }
+  // Loading and unloading releases the instance, and so does a load that fails.
   ~PrinterSetup() override {
-    PrinterSetupDialog().Load();
-    PrinterSetupDialog().Unload();
-    State() = ModuleState{};
+    IgnoringErrors([this] {
+      Dialog().Load();
+      Dialog().Unload();
+    });
   }
 
-  RecordingPlatform platform;
+  void PutPrinters(const std::vector<std::string>& names) {
+    engine->Answer("NDevices", static_cast<std::int16_t>(names.size()));
+    std::int16_t index = 0;
+    for (const std::string& name : names) engine->AnswerFor("Devices", index++, name);
+  }
+
+  Form& Dialog() { return PrinterSetupDialog(source); }
+  void Show() { Dialog().ShowModal(); }
+  template <typename Kind = Control>
+  Kind& Get(std::string_view name) {
+    return Dialog().Get<Kind>(name);
+  }
+  std::string Text(std::string_view box) { return Get<TextBox>(box).Text(); }
 };
 
-TEST_F(PrinterSetup, IsDesignedFixedWithItsCaption) {
-  EXPECT_EQ(PrinterSetupDialog().Caption(), "Printerinstelling");
-  EXPECT_FALSE(PrinterSetupDialog().Design().sizable);
-  EXPECT_EQ(PrinterSetupDialog().Design().client.width, 6645);
-  EXPECT_EQ(PrinterSetupDialog().Design().client.height, 3975);
+// --- The window -------------------------------------------------------------------------------
+
+TEST_F(PrinterSetup, HasItsCaptionAndFixedSize) {
+  EXPECT_EQ(Dialog().Caption(), "Printerinstelling");
+  EXPECT_FALSE(Dialog().Design().sizable);
+  EXPECT_EQ(Dialog().Design().client.width, 6645);
+  EXPECT_EQ(Dialog().Design().client.height, 3975);
 }
 
-TEST_F(PrinterSetup, AnnulerenCancelsTheRequestAndUnloads) {
-  platform.Windows().AddScript([](Form&) { PrinterSetupDialog().cmdAnnuleren_Click(); });
-  PrinterSetupDialog().ShowModal();
-  EXPECT_TRUE(State().PrintCancelled);
-  EXPECT_FALSE(PrinterSetupDialog().IsLoaded());
+TEST_F(PrinterSetup, HasItsControls) {
+  using enum ControlKind;
+  engine->Answer("Device", "Weg");
+  const ExpectedControl rows[] = {
+      {"Frame1", Frame, "Printer", {120, 120, 6372, 1932}, ""},
+      {"Label1", Label, "Naam:", {120, 360, 900}, "Frame1"},
+      {"cboPrinters", ComboBox, "", {1080, 320, 5052}, "Frame1"},
+      {"Label2", Label, "Status:", {120, 720, 900}, "Frame1"},
+      {"lblStatus", Label, "", {1080, 720, 4332}, "Frame1"},
+      {"Label6", Label, "Type:", {120, 1020, 900}, "Frame1"},
+      {"lblType", Label, "", {1080, 1020, 4332}, "Frame1"},
+      {"Label3", Label, "Waar:", {120, 1320, 900}, "Frame1"},
+      {"lblWaar", Label, "LPT1:", {1080, 1320, 4332}, "Frame1"},
+      {"Label4", Label, "Opmerking:", {120, 1620, 900}, "Frame1"},
+      {"Frame2", Frame, "Afdrukbereik", {120, 2160, 3372, 1212}, ""},
+      {"Picture1", PictureBox, "", {120, 240, 3135, 855}, "Frame2"},
+      {"optAlles", OptionButton, "&Alles", {0, 120, 1812}, "Picture1"},
+      {"optSelectie", OptionButton, "&Pagina's", {0, 480, 972}, "Picture1"},
+      {"lblVan", Label, "&van:", {1080, 495, 375}, "Picture1"},
+      {"txtVan", TextBox, "1", {1440, 480, 612, 288}, "Picture1"},
+      {"lblTm", Label, "&t/m:", {2160, 495, 375}, "Picture1"},
+      {"txtTm", TextBox, "", {2520, 480, 612, 288}, "Picture1"},
+      {"Frame3", Frame, "Aantal", {3720, 2160, 2772, 1212}, ""},
+      {"Label5", Label, "Aantal e&xemplaren:", {120, 520, 1572}, "Frame3"},
+      {"txtAantal", TextBox, "1", {1680, 480, 612, 288}, "Frame3"},
+      {"vsbAantal", ScrollBar, "", {2280, 480, 180, 288}, "Frame3"},
+      {"cmdOK", Button, "OK", {4065, 3540, 1200, 330}, ""},
+      {"cmdAnnuleren", Button, "Annuleren", {5340, 3540, 1200, 330}, ""},
+  };
+  ExpectControls(Dialog(), rows);
+  EXPECT_EQ(Get("cmdOK").Design().placement, (Placement{3840, 3600, 1200, 330}));
+  EXPECT_EQ(Get("cmdAnnuleren").Design().placement, (Placement{5160, 3600, 1200, 330}));
 }
 
-TEST_F(PrinterSetup, TheCloseBoxActsAsAnnuleren) {
-  platform.Windows().AddScript([](Form& dialog) {
-    dialog.Unload(UnloadMode::ControlMenu);
-    EXPECT_FALSE(dialog.IsLoaded());
+TEST_F(PrinterSetup, ItsTabOrderFollowsTheEye) {
+  std::int16_t expected = 0;
+  for (const auto& control : Dialog().Controls().All()) {
+    EXPECT_EQ(control->Design().tabIndex, expected++) << control->Name();
+  }
+}
+
+TEST_F(PrinterSetup, EveryControlIsInTahoma8) {
+  for (const auto& control : Dialog().Controls().All()) {
+    EXPECT_EQ(control->FontName(), "Tahoma");
+    EXPECT_EQ(control->FontSize(), 8);
+  }
+}
+
+TEST_F(PrinterSetup, OpensWithTheFocusOnThePrinters) {
+  User([this](HeadlessUser&) { EXPECT_EQ(Dialog().Controls().Focused(), &Get("cboPrinters")); });
+  Show();
+}
+
+// --- Printers ---------------------------------------------------------------------------------
+
+TEST_F(PrinterSetup, ListsThePrintersInTheEnginesOrder) {
+  auto& list = Get<ComboBox>("cboPrinters");
+  ASSERT_EQ(list.Count(), 3);
+  EXPECT_EQ(list.Item(0), "Inkt");
+  EXPECT_EQ(list.Item(1), "Laser");
+  EXPECT_EQ(list.Item(2), "Plotter");
+}
+
+TEST_F(PrinterSetup, SelectsTheEnginesCurrentPrinter) {
+  EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), 1);
+  EXPECT_EQ(Get("lblType").Caption(), "Laser");
+  EXPECT_EQ(Get("lblWaar").Caption(), "USB001");
+}
+
+TEST_F(PrinterSetup, SelectsTheFirstOfTwoPrintersOfOneName) {
+  PutPrinters({"Inkt", "Laser", "Laser"});
+  EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), 1);
+}
+
+TEST_F(PrinterSetup, APrinterNotInTheListSelectsNothingAndOkGivesNoName) {
+  engine->Answer("Device", "laser");
+  State().PrintDevice = "Vorige";
+  User([this](HeadlessUser& user) {
+    EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), -1);
+    EXPECT_EQ(Get("lblType").Caption(), "");
+    EXPECT_EQ(Get("lblWaar").Caption(), "LPT1:");
+    user.Click("cmdOK");
   });
-  PrinterSetupDialog().ShowModal();
-  EXPECT_TRUE(State().PrintCancelled);
+  Show();
+  EXPECT_EQ(State().PrintDevice, "");
 }
 
-TEST_F(PrinterSetup, UnloadingForAnyOtherReasonLeavesTheRequestAlone) {
-  for (const UnloadMode mode : {UnloadMode::Code, UnloadMode::SystemShutdown}) {
-    PrinterSetupDialog().Load();
-    PrinterSetupDialog().Unload(mode);
-    EXPECT_FALSE(PrinterSetupDialog().IsLoaded());
+TEST_F(PrinterSetup, LooksOnePastTheLastItemAndSelectsNothingThere) {
+  for (const auto& printers : {std::vector<std::string>{}, {"Inkt", "Laser"}}) {
+    PutPrinters(printers);
+    engine->Answer("Device", "");
+    engine->ClearLog();
+    EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), -1);
+    EXPECT_EQ(std::ranges::count(engine->Log(), "get Device"),
+              static_cast<std::ptrdiff_t>(printers.size()) + 1);
+    EXPECT_TRUE(Dialog().IsLoaded());
+    Dialog().Unload();
+  }
+}
+
+TEST_F(PrinterSetup, PickingAPrinterSwitchesTheEngineAtOnce) {
+  User([this](HeadlessUser& user) {
+    engine->ClearLog();
+    user.Pick("cboPrinters", 2);
+    EXPECT_THAT(engine->Log(), ElementsAre("put Device String \"Plotter\"", "get Port"));
+    EXPECT_EQ(Get("lblType").Caption(), "Plotter");
+    user.Click("cmdAnnuleren");
+  });
+  Show();
+  EXPECT_EQ(engine->GetDevice(), "Plotter");
+}
+
+TEST_F(PrinterSetup, OnlyPickingTheDefaultPrinterShowsThatItIsReady) {
+  platform.PutDefaultPrinter("Plotter");
+  User([this](HeadlessUser& user) {
+    EXPECT_EQ(Get("lblStatus").Caption(), "");
+    user.Pick("cboPrinters", 0);
+    EXPECT_EQ(Get("lblStatus").Caption(), "");
+    user.Pick("cboPrinters", 2);
+    EXPECT_EQ(Get("lblStatus").Caption(), "Gereed");
+    user.Pick("cboPrinters", 0);
+    EXPECT_EQ(Get("lblStatus").Caption(), "Gereed");
+  });
+  Show();
+}
+
+TEST_F(PrinterSetup, ShowsThePortOfThePickedPrinter) {
+  engine->AnswerInTurn("Port", {"USB001", "LPT2:"});
+  User([this](HeadlessUser& user) {
+    EXPECT_EQ(Get("lblWaar").Caption(), "USB001");
+    user.Pick("cboPrinters", 0);
+    EXPECT_EQ(Get("lblWaar").Caption(), "LPT2:");
+  });
+  Show();
+}
+
+TEST_F(PrinterSetup, APrinterThatTheEngineRefusesFailsAndLeavesNoDialog) {
+  engine->FailOn("put Device String \"Inkt\"");
+  User([](HeadlessUser& user) { user.Pick("cboPrinters", 0); });
+  const std::weak_ptr<Form> shown = Dialog().weak_from_this();
+  EXPECT_THROW(Show(), Error);
+  EXPECT_TRUE(shown.expired());
+}
+
+// --- Range ------------------------------------------------------------------------------------
+
+TEST_F(PrinterSetup, OpensWithTheRangeOfTheRequest) {
+  struct Row {
+    std::int16_t from, to;
+    bool whole;
+    std::string_view van, tm;
+  };
+  for (const Row& row :
+       {Row{0, 0, true, "1", ""}, Row{-3, 7, true, "1", ""}, Row{0, 7, true, "1", ""},
+        Row{3, 0, false, "3", ""}, Row{3, -1, false, "3", ""}, Row{3, 12, false, "3", "12"},
+        Row{1234, 32767, false, "1234", "32767"}}) {
+    State().PrintFromPage = row.from;
+    State().PrintToPage = row.to;
+    EXPECT_EQ(Get<OptionButton>("optAlles").Value(), row.whole);
+    EXPECT_EQ(Get<OptionButton>("optSelectie").Value(), !row.whole);
+    EXPECT_EQ(Text("txtVan"), row.van);
+    EXPECT_EQ(Text("txtTm"), row.tm);
+    for (const auto* name : {"lblVan", "txtVan", "lblTm", "txtTm"}) {
+      EXPECT_EQ(Get(name).Enabled(), !row.whole) << name;
+    }
+    Dialog().Unload();
+  }
+}
+
+TEST_F(PrinterSetup, TheOptionsSwitchTheRangeBoxesAndLeaveTextsAndFocus) {
+  User([this](HeadlessUser& user) {
+    user.Click("optSelectie");
+    user.Replace("txtVan", "4");
+    user.Click("optAlles");
+    for (const auto* name : {"lblVan", "txtVan", "lblTm", "txtTm"}) {
+      EXPECT_FALSE(Get(name).Enabled()) << name;
+    }
+    EXPECT_EQ(Text("txtVan"), "4");
+    user.Click("optSelectie");
+    for (const auto* name : {"lblVan", "txtVan", "lblTm", "txtTm"}) {
+      EXPECT_TRUE(Get(name).Enabled()) << name;
+    }
+    EXPECT_EQ(Dialog().Controls().Focused(), &Get("optSelectie"));
+  });
+  Show();
+}
+
+TEST_F(PrinterSetup, OkTakesTheRangeAsTyped) {
+  struct Row {
+    bool whole;
+    std::string_view van, tm;
+    int from, to;
+  };
+  for (const Row& row :
+       {Row{true, "3", "5", 0, 0}, Row{false, "3", "", 3, 0}, Row{false, "", "5", 0, 5},
+        Row{false, "7", "4", 7, 4}, Row{false, "2.5", "3.5", 2, 4}, Row{false, "x", "8blz", 0, 8},
+        Row{false, "-2", "32767", -2, 32767}}) {
+    User([&](HeadlessUser& user) {
+      user.Click("optSelectie");
+      user.Replace("txtVan", row.van);
+      user.Replace("txtTm", row.tm);
+      if (row.whole) user.Click("optAlles");
+      user.Click("cmdOK");
+    });
+    Show();
+    EXPECT_EQ(State().PrintFromPage, row.from);
+    EXPECT_EQ(State().PrintToPage, row.to);
     EXPECT_FALSE(State().PrintCancelled);
   }
 }
 
-TEST_F(PrinterSetup, CancellingChangesNothingElseOfTheRequest) {
-  State().PrintDevice = "Laser";
-  State().PrintCopies = 2;
-  State().PrintFromPage = 3;
-  State().PrintToPage = 4;
-  PrinterSetupDialog().ShowModal();
-  EXPECT_TRUE(State().PrintCancelled);
+TEST_F(PrinterSetup, APageBeyond16BitsFailsOkAndLeavesNoDialog) {
+  for (const auto* box : {"txtVan", "txtTm"}) {
+    User([&](HeadlessUser& user) {
+      user.Click("optSelectie");
+      user.Replace(box, "40000");
+      user.Click("cmdOK");
+    });
+    const std::weak_ptr<Form> shown = Dialog().weak_from_this();
+    EXPECT_THROW(Show(), Error);
+    EXPECT_TRUE(shown.expired());
+  }
+}
+
+// --- Copies -----------------------------------------------------------------------------------
+
+TEST_F(PrinterSetup, OpensWithTheCopiesOfTheRequestUpsideDownInTheBar) {
+  for (const int copies : {1, 5, 999}) {
+    State().PrintCopies = static_cast<std::int16_t>(copies);
+    EXPECT_EQ(Text("txtAantal"), std::to_string(copies));
+    EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1000 - copies);
+    Dialog().Unload();
+  }
+}
+
+TEST_F(PrinterSetup, CopiesThatTheBarCannotHoldFailTheLoad) {
+  for (const int copies : {0, -1, 1000}) {
+    State().PrintCopies = static_cast<std::int16_t>(copies);
+    EXPECT_THROW(Show(), Error) << copies;
+    EXPECT_FALSE(Dialog().IsLoaded());
+  }
+}
+
+TEST_F(PrinterSetup, TheBarsUpperArrowRaisesTheCopies) {
+  State().PrintCopies = 5;
+  User([this](HeadlessUser& user) {
+    user.ClickUpArrow("vsbAantal");
+    EXPECT_EQ(Text("txtAantal"), "6");
+    user.ClickDownArrow("vsbAantal");
+    user.ClickDownArrow("vsbAantal");
+    EXPECT_EQ(Text("txtAantal"), "4");
+    user.Scroll("vsbAantal", 1);
+    EXPECT_EQ(Text("txtAantal"), "999");
+    user.ClickUpArrow("vsbAantal");
+    EXPECT_EQ(Text("txtAantal"), "999");
+  });
+  Show();
+}
+
+TEST_F(PrinterSetup, TypedCopiesAreHeldBetween1And999) {
+  User([this](HeadlessUser& user) {
+    user.Replace("txtAantal", "7");
+    EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 993);
+    user.Erase("txtAantal");
+    EXPECT_EQ(Text("txtAantal"), "1");
+    EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 999);
+    Get("cmdOK").Focus();
+    user.Type("txtAantal", "1500");
+    EXPECT_EQ(Text("txtAantal"), "999");
+    EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1);
+    user.Replace("txtAantal", "-4");
+    EXPECT_EQ(Text("txtAantal"), "1");
+  });
+  Show();
+}
+
+TEST_F(PrinterSetup, LettersBehindTheTypedCopiesStay) {
+  User([this](HeadlessUser& user) {
+    user.Type("txtAantal", "12abc");
+    EXPECT_EQ(Text("txtAantal"), "12abc");
+    user.Click("cmdOK");
+  });
+  Show();
+  EXPECT_EQ(State().PrintCopies, 12);
+}
+
+TEST_F(PrinterSetup, OkTakesUpTo99CopiesAndFallsBackTo1) {
+  struct Row {
+    std::string_view typed;
+    int copies;
+  };
+  for (const Row& row : {Row{"1", 1}, Row{"99", 99}, Row{"100", 1}, Row{"999", 1}, Row{"0", 1}}) {
+    User([&](HeadlessUser& user) {
+      user.Replace("txtAantal", row.typed);
+      user.Click("cmdOK");
+    });
+    Show();
+    EXPECT_EQ(State().PrintCopies, row.copies) << row.typed;
+  }
+}
+
+TEST_F(PrinterSetup, ABoxThatGetsTheFocusIsSelectedWhole) {
+  State().PrintFromPage = 12;
+  State().PrintToPage = 345;
+  User([this](HeadlessUser&) {
+    for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
+      auto& box = Get<TextBox>(name);
+      box.Focus();
+      EXPECT_EQ(box.SelectionStart(), 0U);
+      EXPECT_EQ(box.SelectionLength(), box.Text().size());
+    }
+  });
+  Show();
+}
+
+// --- Ending -----------------------------------------------------------------------------------
+
+TEST_F(PrinterSetup, EnterConfirms) {
+  State().PrintCancelled = true;
+  User([](HeadlessUser& user) { user.Press(13); });
+  Show();
+  EXPECT_FALSE(State().PrintCancelled);
   EXPECT_EQ(State().PrintDevice, "Laser");
-  EXPECT_EQ(State().PrintCopies, 2);
-  EXPECT_EQ(State().PrintFromPage, 3);
-  EXPECT_EQ(State().PrintToPage, 4);
+}
+
+TEST_F(PrinterSetup, AnnulerenEscAndTheCloseBoxCancelAndChangeNothingElse) {
+  const std::function<void(HeadlessUser&)> ways[] = {
+      [](HeadlessUser& user) { user.Click("cmdAnnuleren"); },
+      [](HeadlessUser& user) { user.Press(27); },
+      [](HeadlessUser& user) { user.Close(); },
+  };
+  for (const auto& cancel : ways) {
+    State().PrintCancelled = false;
+    State().PrintDevice = "Vorige";
+    State().PrintCopies = 2;
+    State().PrintFromPage = 3;
+    State().PrintToPage = 4;
+    User([&](HeadlessUser& user) {
+      user.Replace("txtAantal", "9");
+      user.Replace("txtVan", "9");
+      cancel(user);
+      EXPECT_FALSE(Dialog().IsLoaded());
+    });
+    Show();
+    EXPECT_TRUE(State().PrintCancelled);
+    EXPECT_EQ(State().PrintDevice, "Vorige");
+    EXPECT_EQ(State().PrintCopies, 2);
+    EXPECT_EQ(State().PrintFromPage, 3);
+    EXPECT_EQ(State().PrintToPage, 4);
+  }
+}
+
+TEST_F(PrinterSetup, UnloadingForAnyOtherReasonLeavesTheRequestAlone) {
+  for (const UnloadMode mode : {UnloadMode::Code, UnloadMode::SystemShutdown}) {
+    Form& dialog = Dialog();
+    dialog.Load();
+    const std::shared_ptr<Form> held = dialog.shared_from_this();
+    dialog.Unload(mode);
+    EXPECT_FALSE(held->IsLoaded());
+    EXPECT_FALSE(State().PrintCancelled);
+  }
 }
 
 TEST_F(PrinterSetup, EachShowingIsAFreshDialog) {
-  PrinterSetupDialog().Load();
-  const std::weak_ptr<Form> first = PrinterSetupDialog().weak_from_this();
-  PrinterSetupDialog().PutCaption("Veranderd");
-  PrinterSetupDialog().ShowModal();
+  Dialog().Load();
+  const std::weak_ptr<Form> first = Dialog().weak_from_this();
+  Dialog().PutCaption("Veranderd");
+  Show();
   EXPECT_TRUE(first.expired());
-  EXPECT_EQ(PrinterSetupDialog().Caption(), "Printerinstelling");
+  EXPECT_EQ(Dialog().Caption(), "Printerinstelling");
 }
 
 TEST_F(PrinterSetup, ADialogThatIsOpenIsTheSameOne) {
-  platform.Windows().AddScript([](Form& dialog) { EXPECT_EQ(&PrinterSetupDialog(), &dialog); });
-  PrinterSetupDialog().ShowModal();
+  platform.Windows().AddScript(
+      [this](Form& dialog) { EXPECT_EQ(&PrinterSetupDialog(source), &dialog); });
+  Show();
 }
 
 }  // namespace

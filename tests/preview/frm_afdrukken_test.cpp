@@ -1,33 +1,24 @@
 #include "preview/frm_afdrukken.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "platform/platform.h"
+#include "preview/preview_test.h"
+#include "preview/toolbar_design.h"
 #include "preview/watermark_files.h"
-#include "support/recording_platform.h"
+#include "window/key_codes.h"
 
 namespace pagivo::testing {
 namespace {
 
-class PreviewWindow : public ::testing::Test {
- protected:
-  PrintEngineEvents& Events() {
-    form->Load();
-    return *platform.Engine().Events();
-  }
-
-  RecordingPlatform platform;
-  std::shared_ptr<frmAfdrukken> form = std::make_shared<frmAfdrukken>(CurrentPlatform());
-};
+class PreviewWindow : public PreviewTest {};
 
 TEST_F(PreviewWindow, IsDesignedSizableWithItsCaption) {
   EXPECT_EQ(form->Caption(), "Afdrukvoorbeeld");
@@ -37,15 +28,17 @@ TEST_F(PreviewWindow, IsDesignedSizableWithItsCaption) {
 }
 
 TEST_F(PreviewWindow, MakesItsEngineWhenItIsLoaded) {
-  EXPECT_EQ(platform.EnginesMade(), 0);
-  form->Load();
+  form->Unload();
   EXPECT_EQ(platform.EnginesMade(), 1);
+  form->Load();
+  EXPECT_EQ(platform.EnginesMade(), 2);
 }
 
 TEST_F(PreviewWindow, ReachingAnyControlLoadsIt) {
-  const std::function<void()> reaches[] = {[&] { form->vsPrint(); }, [&] { form->Exporter(); },
-                                           [&] { form->tbAfdrukken(); },
-                                           [&] { form->imageWatermerk(0); }};
+  const std::function<void()> reaches[] = {
+      [&] { form->vsPrint(); },     [&] { form->Exporter(); },
+      [&] { form->tbAfdrukken(); }, [&] { form->imageWatermerk(0); },
+      [&] { form->Surface(); },     [&] { form->txtPaginanummer(); }};
   for (const auto& reach : reaches) {
     form->Unload();
     reach();
@@ -63,8 +56,10 @@ TEST_F(PreviewWindow, UnloadingGivesUpEngineAndEvents) {
 }
 
 TEST_F(PreviewWindow, ReleasingItLoadedGivesUpItsEvents) {
-  form->Load();
-  form.reset();
+  auto other = std::make_shared<frmAfdrukken>(CurrentPlatform());
+  other->Load();
+  EXPECT_NE(platform.Engine().Events(), nullptr);
+  other.reset();
   EXPECT_EQ(platform.Engine().Events(), nullptr);
 }
 
@@ -85,31 +80,6 @@ TEST_F(PreviewWindow, EveryOtherUnloadingGoesAhead) {
     form->Unload(mode);
     EXPECT_FALSE(form->IsLoaded());
   }
-}
-
-// --- The engine's page turning ----------------------------------------------------------------
-
-TEST_F(PreviewWindow, TurnsTheEnginesLastPageBackToTheDocuments) {
-  struct Turn {
-    std::int16_t asked;
-    std::int16_t shown;
-  };
-  PrintEngineEvents& events = Events();
-  platform.Engine().Answer("PageCount", std::int16_t{6});
-  for (const Turn turn : {Turn{1, 1}, Turn{5, 5}, Turn{6, 5}, Turn{7, 7}, Turn{0, 0}}) {
-    std::int16_t page = turn.asked;
-    events.BeforePageChange(page);
-    EXPECT_EQ(page, turn.shown);
-  }
-}
-
-TEST_F(PreviewWindow, LeavesThePageWhenTheTurningOverflows) {
-  PrintEngineEvents& events = Events();
-  constexpr std::int16_t kLowest = std::numeric_limits<std::int16_t>::min();
-  platform.Engine().Answer("PageCount", kLowest);
-  std::int16_t page = kLowest;
-  EXPECT_THROW(events.BeforePageChange(page), Error);
-  EXPECT_EQ(page, kLowest);
 }
 
 // --- The toolbar ------------------------------------------------------------------------------
@@ -146,6 +116,176 @@ TEST_F(PreviewWindow, HasElevenToolbarButtons) {
     EXPECT_EQ(buttons[i].enabled, expected[i].enabled) << buttons[i].key;
     EXPECT_TRUE(buttons[i].visible) << buttons[i].key;
   }
+}
+
+TEST_F(PreviewWindow, HasTheZoomMenuBehindItsButton) {
+  struct Row {
+    std::string_view text, key;
+    bool visible = true;
+  };
+  const Row rows[] = {
+      {"&Hele pagina", "Heel"},
+      {"&Paginabreedte", "Breedte"},
+      {"&Twee pagina's", "Twee"},
+      {"&Overzicht", "Overzicht", false},
+      {"-", "Streep"},
+      {"15&0%", "P150"},
+      {"&100%", "P100"},
+      {"&75%", "P75"},
+      {"&50%", "P50"},
+      {"&25%", "P25"},
+  };
+  for (const ToolbarButton& button : form->tbAfdrukken().Buttons()) {
+    EXPECT_EQ(button.menu.empty(), button.key != "Zoom") << button.key;
+  }
+  const auto menu = form->tbAfdrukken().Button("Zoom").menu;
+  ASSERT_EQ(menu.size(), std::size(rows));
+  for (std::size_t i = 0; i < menu.size(); ++i) {
+    EXPECT_EQ(menu[i].text, rows[i].text);
+    EXPECT_EQ(menu[i].key, rows[i].key);
+    EXPECT_EQ(menu[i].visible, rows[i].visible) << rows[i].key;
+  }
+}
+
+TEST_F(PreviewWindow, TakesItsImagesFromTheSecondOfTwoLists) {
+  for (const ImageList* list : {&kImageList1, &kImageList2}) {
+    EXPECT_EQ(list->size, 16);
+    EXPECT_THAT(list->keys, ElementsAre("Sluiten", "Eerste", "Vorige", "Volgende", "Laatste",
+                                        "Zoom", "Afdrukken"));
+  }
+  EXPECT_EQ(form->tbAfdrukken().Design().images, &kImageList2);
+  EXPECT_EQ(kImageList2.name, "ImageList2");
+}
+
+TEST_F(PreviewWindow, HasAnImageForEveryButtonThatShowsOne) {
+  for (const ToolbarButton& button : form->tbAfdrukken().Buttons()) {
+    const bool shows = button.style == ToolbarButton::Style::Button ||
+                       button.style == ToolbarButton::Style::DropDown;
+    EXPECT_EQ(std::ranges::count(kImageKeys, button.key), shows ? 1 : 0) << button.key;
+  }
+}
+
+// --- The page box -----------------------------------------------------------------------------
+
+TEST_F(PreviewWindow, HasItsPageBoxInTheToolbar) {
+  const TextBox& box = form->txtPaginanummer();
+  EXPECT_EQ(box.Container(), &form->tbAfdrukken());
+  EXPECT_EQ(box.Design().placement, (Placement{1080, 60, 600, 330}));
+  EXPECT_EQ(box.FontName(), "Tahoma");
+  EXPECT_EQ(box.FontSize(), 8.25F);
+  EXPECT_EQ(box.Text(), "Text1");
+  EXPECT_EQ(box.Left(), form->tbAfdrukken().LeftOf("Paginanummer"));
+}
+
+TEST_F(PreviewWindow, PaintingRefreshesThePageBox) {
+  Show(12, 3);
+  form->Paint();
+  EXPECT_EQ(PageBox(), "3/12");
+}
+
+TEST_F(PreviewWindow, ThePageBoxIsCurrentWhenTheWindowAppears) {
+  Show(12, 4);
+  User([this](HeadlessUser&) { EXPECT_EQ(PageBox(), "4/12"); });
+  form->ShowModal();
+}
+
+// --- Layout -----------------------------------------------------------------------------------
+
+TEST_F(PreviewWindow, ResizingLaysOutTheEngineUnderTheToolbar) {
+  form->PutSize({.width = 6000, .height = 5000});
+  EXPECT_EQ(form->Surface().Left(), 20);
+  EXPECT_EQ(form->Surface().Top(), form->tbAfdrukken().Height());
+  EXPECT_EQ(form->Surface().Width(), 5980);
+  EXPECT_EQ(form->Surface().Height(), 5000 - form->tbAfdrukken().Height());
+}
+
+TEST_F(PreviewWindow, ThePageBoxFollowsItsPlaceholderSidewaysOnly) {
+  form->tbAfdrukken().Button("Sluiten").visible = false;
+  form->PutWidth(6000);
+  const TextBox& box = form->txtPaginanummer();
+  EXPECT_EQ(box.Left(), 750);
+  EXPECT_EQ(box.Top(), 60);
+  EXPECT_EQ(box.Width(), 600);
+  EXPECT_EQ(box.Height(), 330);
+}
+
+TEST_F(PreviewWindow, WithoutThePlaceholderThePageBoxStaysAndTheRestIsLaidOut) {
+  form->tbAfdrukken().Button("Paginanummer").key = "Anders";
+  form->PutWidth(6000);
+  EXPECT_EQ(form->txtPaginanummer().Left(), 1080);
+  EXPECT_EQ(form->Surface().Width(), 5980);
+}
+
+TEST_F(PreviewWindow, EveryResizeReturnsToTheWholePage) {
+  form->tbAfdrukken().ClickMenu("P150");
+  EXPECT_THAT(DoingsOf([this] { form->PutWidth(6000); }), ElementsAre("put ZoomMode Long 3"));
+}
+
+TEST_F(PreviewWindow, RemembersTheZoomOfTheResizeWithinItsLimits) {
+  struct Row {
+    double zoom;
+    int remembered;
+  };
+  float width = 5000;
+  for (const Row& row : {Row{29, 30}, Row{30, 30}, Row{62.5, 62}, Row{63.5, 64}, Row{250, 250},
+                         Row{251, 250}, Row{0, 30}}) {
+    Engine().Answer("Zoom", row.zoom);
+    form->PutWidth(++width);
+    EXPECT_EQ(form->ZoomPercent(), row.remembered) << row.zoom;
+  }
+}
+
+TEST_F(PreviewWindow, AFailingEngineDoesNotStopTheLayout) {
+  Engine().FailOn("put ZoomMode");
+  Engine().FailOn("get Zoom");
+  form->PutSize({.width = 6000, .height = 5000});
+  EXPECT_EQ(form->Surface().Width(), 5980);
+  EXPECT_EQ(form->ZoomPercent(), 30);
+}
+
+TEST_F(PreviewWindow, AResizeWorksOnTheProcessesWindowWhicheverWindowItReaches) {
+  const auto other = std::make_shared<frmAfdrukken>(CurrentPlatform());
+  other->Load();
+  form->Surface().PutLeft(1);
+  other->Surface().PutLeft(2);
+  other->PutWidth(6000);
+  EXPECT_EQ(form->Surface().Left(), 20);
+  EXPECT_EQ(other->Surface().Left(), 2);
+}
+
+// --- Keys -------------------------------------------------------------------------------------
+
+TEST_F(PreviewWindow, EscHidesItWhicheverControlHasTheFocus) {
+  for (const auto* name : {"txtPaginanummer", "vsPrint"}) {
+    User([&](HeadlessUser& user) {
+      form->Get(name).Focus();
+      user.Press(27);
+      EXPECT_FALSE(form->Visible());
+      EXPECT_TRUE(EngineHasFocus());
+    });
+    form->ShowModal();
+  }
+  EXPECT_TRUE(form->IsLoaded());
+}
+
+TEST_F(PreviewWindow, OtherKeysLeaveItOpen) {
+  User([this](HeadlessUser& user) {
+    for (const std::int16_t key : {kKeyEnter, kKeyUp, kKeyDown}) user.Press(key);
+    EXPECT_TRUE(form->Visible());
+  });
+  form->ShowModal();
+}
+
+TEST_F(PreviewWindow, ClosingAndShowingAgainShowsTheSameDocument) {
+  Show(12, 3);
+  const std::shared_ptr<PrintEngine> engine = form->vsPrint();
+  User([](HeadlessUser& user) { user.Close(); });
+  form->ShowModal();
+  User([&](HeadlessUser&) {
+    EXPECT_EQ(form->vsPrint(), engine);
+    EXPECT_EQ(PageBox(), "3/12");
+  });
+  form->ShowModal();
 }
 
 // --- Watermark pictures -----------------------------------------------------------------------

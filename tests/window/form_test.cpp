@@ -34,7 +34,7 @@ class NotingForm : public Form {
   std::function<void(bool& cancel, UnloadMode mode)> atQueryUnload = [](bool&, UnloadMode) {};
 
  private:
-  void CreateControls(WindowSystem&, FormPeer&) override {
+  void CreateControls() override {
     notes.emplace_back("create controls");
     control_ = std::make_unique<int>(1);
   }

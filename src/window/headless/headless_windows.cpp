@@ -6,9 +6,10 @@ namespace pagivo {
 
 namespace {
 
-class HeadlessToolbar : public ToolbarPeer {
+class HeadlessControl : public ControlPeer {
  public:
-  void Refresh() override {}
+  void Update() override {}
+  void Focus() override {}
 };
 
 }  // namespace
@@ -32,11 +33,12 @@ std::shared_ptr<FormPeer> HeadlessWindows::MakeFormPeer(Form& form) {
   return std::make_shared<Window>(*this, form);
 }
 
-std::unique_ptr<ToolbarPeer> HeadlessWindows::MakeToolbarPeer(FormPeer&, Toolbar&) {
-  return std::make_unique<HeadlessToolbar>();
+std::unique_ptr<ControlPeer> HeadlessWindows::MakeControlPeer(FormPeer&, Control&) {
+  return std::make_unique<HeadlessControl>();
 }
 
 void HeadlessWindows::PlayUser(Form& form) {
+  form.Paint();
   if (!scripts_.empty()) {
     const Script script = std::move(scripts_.front());
     scripts_.pop_front();

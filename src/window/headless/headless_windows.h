@@ -23,7 +23,7 @@ class HeadlessWindows : public WindowSystem {
   std::size_t ScriptsLeft() const noexcept { return scripts_.size(); }
 
   std::shared_ptr<FormPeer> MakeFormPeer(Form& form) override;
-  std::unique_ptr<ToolbarPeer> MakeToolbarPeer(FormPeer& form, Toolbar& toolbar) override;
+  std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) override;
 
  private:
   class Window;

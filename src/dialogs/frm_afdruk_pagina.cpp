@@ -1,0 +1,218 @@
+#include "dialogs/frm_afdruk_pagina.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "dialogs/zet_lettertype.h"
+#include "state/module_state.h"
+
+namespace pagivo {
+
+namespace {
+
+constexpr std::int16_t kHighestCopies = 1000;
+
+constexpr std::array<ControlDesign, 16> kControls{{
+    {.name = "Frame2",
+     .kind = ControlKind::Frame,
+     .caption = "Afdrukbereik",
+     .placement = {120, 120, 3372, 1572},
+     .tabIndex = 0},
+    {.name = "Picture1",
+     .kind = ControlKind::PictureBox,
+     .placement = {120, 240, 3135, 1215},
+     .container = "Frame2",
+     .tabIndex = 1},
+    {.name = "optAlles",
+     .kind = ControlKind::OptionButton,
+     .caption = "&Alles",
+     .placement = {0, 120, 1812, 252},
+     .container = "Picture1",
+     .tabIndex = 2},
+    {.name = "optHuidig",
+     .kind = ControlKind::OptionButton,
+     .caption = "&Huidige pagina",
+     .placement = {0, 480, 2115, 252},
+     .container = "Picture1",
+     .tabIndex = 3},
+    {.name = "optSelectie",
+     .kind = ControlKind::OptionButton,
+     .caption = "&Pagina's",
+     .placement = {0, 840, 972, 252},
+     .container = "Picture1",
+     .tabIndex = 4},
+    {.name = "lblVan",
+     .kind = ControlKind::Label,
+     .caption = "&van:",
+     .placement = {1080, 870, 375, 255},
+     .container = "Picture1",
+     .tabIndex = 5},
+    {.name = "txtVan",
+     .kind = ControlKind::TextBox,
+     .placement = {1440, 840, 612, 288},
+     .container = "Picture1",
+     .tabIndex = 6,
+     .maximumLength = 3},
+    {.name = "lblTm",
+     .kind = ControlKind::Label,
+     .caption = "&t/m:",
+     .placement = {2160, 870, 375, 255},
+     .container = "Picture1",
+     .tabIndex = 7},
+    {.name = "txtTm",
+     .kind = ControlKind::TextBox,
+     .placement = {2520, 840, 612, 288},
+     .container = "Picture1",
+     .tabIndex = 8,
+     .maximumLength = 3},
+    {.name = "Frame3",
+     .kind = ControlKind::Frame,
+     .caption = "Aantal",
+     .placement = {3600, 120, 2772, 1572},
+     .tabIndex = 9},
+    {.name = "Label5",
+     .kind = ControlKind::Label,
+     .caption = "Aantal e&xemplaren:",
+     .placement = {120, 620, 1572, 252},
+     .container = "Frame3",
+     .tabIndex = 10},
+    {.name = "txtAantal",
+     .kind = ControlKind::TextBox,
+     .placement = {1680, 600, 612, 288},
+     .container = "Frame3",
+     .tabIndex = 11},
+    {.name = "vsbAantal",
+     .kind = ControlKind::ScrollBar,
+     .placement = {2280, 600, 180, 288},
+     .container = "Frame3",
+     .tabIndex = 12,
+     .minimum = 1,
+     .maximum = kHighestCopies},
+    {.name = "cmdOK",
+     .kind = ControlKind::Button,
+     .caption = "OK",
+     .placement = {.width = 1200, .height = 330},
+     .tabIndex = 13,
+     .role = ButtonRole::Default},
+    {.name = "cmdAnnuleren",
+     .kind = ControlKind::Button,
+     .caption = "Annuleren",
+     .placement = {.width = 1200, .height = 330},
+     .tabIndex = 14,
+     .role = ButtonRole::Cancel},
+    {.name = "cmdPrinter",
+     .kind = ControlKind::Button,
+     .caption = "Pagi&na...",
+     .placement = {.width = 1200, .height = 330},
+     .tabIndex = 15},
+}};
+
+constexpr FormDesign kDesign{
+    .caption = "Afdrukken", .client = {.width = 6510, .height = 2295}, .controls = kControls};
+
+std::shared_ptr<frmAfdrukPagina>& Instance() {
+  // Never destroyed: its window's toolkit is gone before the process's statics are.
+  static auto& instance = *new std::shared_ptr<frmAfdrukPagina>;
+  return instance;
+}
+
+// Puts the range of the print request within the document's pages.
+void ValidateRange() {
+  ModuleState& request = State();
+  const std::int16_t last = request.PrintLastPage;
+  if (request.PrintFromPage < 1 || request.PrintFromPage > last) request.PrintFromPage = 1;
+  // Long-standing behaviour that hosts know: a last page outside the document moves the first one.
+  if (request.PrintToPage < 1 || request.PrintToPage > last) request.PrintFromPage = last;
+  if (request.PrintFromPage > request.PrintToPage) {
+    std::swap(request.PrintFromPage, request.PrintToPage);
+  }
+}
+
+}  // namespace
+
+frmAfdrukPagina::frmAfdrukPagina(const Platform& platform, EngineSource engine)
+    : PrintRequestForm(platform.windows, kDesign, kHighestCopies), engine_(std::move(engine)) {}
+
+void frmAfdrukPagina::CreateControls() {
+  PrintRequestForm::CreateControls();
+  optHuidig().WhenClicked([this] { EnableRange(false); });
+  Get("cmdOK").WhenClicked([this] { cmdOK_Click(); });
+  Get("cmdAnnuleren").WhenClicked([this] { cmdAnnuleren_Click(); });
+  Get("cmdPrinter").WhenClicked([this] { cmdPrinter_Click(); });
+}
+
+void frmAfdrukPagina::OnLoad() {
+  ZetLettertype(*this);
+  ShowRange();
+  if (State().PrintCopies == 0) State().PrintCopies = 1;
+  ShowCopies(State().PrintCopies);
+  PlaceButtons();
+}
+
+void frmAfdrukPagina::ShowRange() {
+  if (State().PrintRange == kPrintShownPage) {
+    optHuidig().PutValue(true);
+  } else if (State().PrintRange == kPrintPageRange) {
+    optSelectie().PutValue(true);
+  } else {
+    optAlles().PutValue(true);
+  }
+  txtVan().PutText(std::to_string(State().PrintFromPage));
+  txtTm().PutText(std::to_string(State().PrintToPage));
+  // Number and word run together, as users of the dialog know it.
+  if (State().PrintLastPage > 1) {
+    optAlles().PutCaption("Alle " + std::to_string(State().PrintLastPage) + "pagina's");
+  }
+}
+
+void frmAfdrukPagina::PlaceButtons() {
+  Control& ok = Get("cmdOK");
+  Control& annuleren = Get("cmdAnnuleren");
+  Control& printer = Get("cmdPrinter");
+  printer.PutTop(ClientHeight() - annuleren.Height() - 105);
+  printer.PutLeft(ClientWidth() - annuleren.Width() - 105);
+  annuleren.PutTop(printer.Top());
+  annuleren.PutLeft(printer.Left() - annuleren.Width() - 105);
+  ok.PutTop(printer.Top());
+  ok.PutLeft(annuleren.Left() - ok.Width() - 75);
+}
+
+void frmAfdrukPagina::cmdOK_Click() {
+  State().PrintCopies = NumberIn(txtAantal());
+  if (State().PrintCopies == 0) State().PrintCopies = 1;
+  if (optSelectie().Value()) {
+    State().PrintRange = kPrintPageRange;
+  } else {
+    State().PrintRange = optHuidig().Value() ? kPrintShownPage : kPrintAllPages;
+  }
+  State().PrintFromPage = NumberIn(txtVan());
+  State().PrintToPage = NumberIn(txtTm());
+  ValidateRange();
+  State().PrintCancelled = false;
+  Unload();
+}
+
+void frmAfdrukPagina::cmdAnnuleren_Click() {
+  State().PrintCancelled = true;
+  Unload();
+}
+
+void frmAfdrukPagina::cmdPrinter_Click() {
+  // Held: a host may discard the preview window while the dialog is open.
+  const auto engine = engine_();
+  engine->GetPrintDialog(kPageSetupDialog);
+}
+
+frmAfdrukPagina& PrintRangeDialog(const EngineSource& engine) {
+  std::shared_ptr<frmAfdrukPagina>& instance = Instance();
+  if (!instance) instance = std::make_shared<frmAfdrukPagina>(CurrentPlatform(), engine);
+  return *instance;
+}
+
+void ReleasePrintRangeDialog() {
+  Instance().reset();
+}
+
+}  // namespace pagivo

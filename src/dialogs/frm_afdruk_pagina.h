@@ -1,0 +1,36 @@
+// The print range dialog of the preview window.
+#pragma once
+
+#include "dialogs/engine_source.h"
+#include "dialogs/print_request_form.h"
+#include "platform/platform.h"
+
+namespace pagivo {
+
+// Reads the print request when it is loaded and leaves the user's choices there. Closing it by its
+// close box runs no handler: PrintCancelled keeps the value of the use before.
+class frmAfdrukPagina : public PrintRequestForm {
+ public:
+  frmAfdrukPagina(const Platform& platform, EngineSource engine);
+
+ private:
+  void CreateControls() override;
+  void OnLoad() override;
+
+  void cmdOK_Click();
+  void cmdAnnuleren_Click();
+  void cmdPrinter_Click();
+
+  OptionButton& optHuidig() { return Get<OptionButton>("optHuidig"); }
+  void ShowRange();
+  void PlaceButtons();
+
+  EngineSource engine_;
+};
+
+// The shared instance, created on first use; `engine` serves it as long as it lives. Whoever showed
+// it releases it, so that each showing starts fresh.
+frmAfdrukPagina& PrintRangeDialog(const EngineSource& engine);
+void ReleasePrintRangeDialog();
+
+}  // namespace pagivo

@@ -1,0 +1,126 @@
+#include "preview/frm_ga_naar.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "dialogs/zet_lettertype.h"
+#include "state/module_state.h"
+#include "values/conversions.h"
+
+namespace pagivo {
+
+namespace {
+
+// The highest page that can be typed.
+constexpr std::int16_t kHighestTypedPage = 999;
+
+constexpr std::array<ControlDesign, 5> kControls{{
+    {.name = "Frame1",
+     .kind = ControlKind::Frame,
+     .placement = {120, 120, 3972, 1092},
+     .tabIndex = 0},
+    {.name = "Label1",
+     .kind = ControlKind::Label,
+     .caption = "&Pagina:",
+     .placement = {120, 240, 1812, 252},
+     .container = "Frame1",
+     .tabIndex = 1},
+    {.name = "cboGaNaar",
+     .kind = ControlKind::ComboBox,
+     .placement = {120, 600, 3732, 288},
+     .container = "Frame1",
+     .tabIndex = 2,
+     .editable = true},
+    {.name = "cmdOK",
+     .kind = ControlKind::Button,
+     .caption = "OK",
+     .placement = {.width = 1200, .height = 330},
+     .tabIndex = 3,
+     .role = ButtonRole::Default},
+    {.name = "cmdAnnuleren",
+     .kind = ControlKind::Button,
+     .caption = "Annuleren",
+     .placement = {.width = 1200, .height = 330},
+     .tabIndex = 4,
+     .role = ButtonRole::Cancel},
+}};
+
+constexpr FormDesign kDesign{
+    .caption = "Ga naar", .client = {.width = 5610, .height = 1365}, .controls = kControls};
+
+std::shared_ptr<frmGaNaar>& Instance() {
+  // Never destroyed: its window's toolkit is gone before the process's statics are.
+  static auto& instance = *new std::shared_ptr<frmGaNaar>;
+  return instance;
+}
+
+std::int16_t TypedPage(const std::string& text) {
+  if (Trim(text).empty()) return 0;
+  const double page = LeadingNumber(text);
+  return page <= kHighestTypedPage ? ToInteger(page) : kHighestTypedPage;
+}
+
+// The page of the first contents entry with this title, else `page`.
+std::int16_t PageOfTitle(std::string_view title, std::int16_t page) {
+  for (std::int16_t i = 1; i <= State().ContentsCount; ++i) {
+    if (Trim(State().ContentsTitle(i)) == Trim(title)) return State().ContentsPage(i);
+  }
+  return page;
+}
+
+}  // namespace
+
+frmGaNaar::frmGaNaar(const Platform& platform) : Form(platform.windows, kDesign) {}
+
+void frmGaNaar::CreateControls() {
+  Get("cmdOK").WhenClicked([this] { cmdOK_Click(); });
+  Get("cmdAnnuleren").WhenClicked([this] { cmdAnnuleren_Click(); });
+}
+
+void frmGaNaar::OnLoad() {
+  ZetLettertype(*this);
+  State().GoToPageResult = 0;
+  const std::int16_t entries = State().ContentsCount;
+  for (std::int16_t i = 1; i <= entries; ++i) cboGaNaar().AddItem(State().ContentsTitle(i));
+  PlaceButtons();
+}
+
+void frmGaNaar::PlaceButtons() {
+  Control& ok = Get("cmdOK");
+  Control& annuleren = Get("cmdAnnuleren");
+  ok.PutLeft(ClientWidth() - ok.Width() - 105);
+  annuleren.PutLeft(ok.Left());
+  ok.PutTop(105);
+  annuleren.PutTop(ok.Top() + ok.Height() + 75);
+}
+
+void frmGaNaar::cmdOK_Click() {
+  const std::string text = cboGaNaar().Text();
+  State().GoToPageResult = TypedPage(text);
+  State().GoToPageResult = PageOfTitle(text, State().GoToPageResult);
+  Unload();
+}
+
+void frmGaNaar::cmdAnnuleren_Click() {
+  State().GoToPageResult = 0;
+  Unload();
+}
+
+void frmGaNaar::OnUnload() {
+  Instance().reset();
+}
+
+void frmGaNaar::OnShowingFailed() {
+  Unload();
+}
+
+frmGaNaar& GoToDialog() {
+  std::shared_ptr<frmGaNaar>& instance = Instance();
+  if (!instance) instance = std::make_shared<frmGaNaar>(CurrentPlatform());
+  return *instance;
+}
+
+}  // namespace pagivo

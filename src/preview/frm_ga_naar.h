@@ -1,0 +1,33 @@
+// The go-to-page dialog of the preview.
+#pragma once
+
+#include "platform/platform.h"
+#include "window/combo_box.h"
+#include "window/form.h"
+
+namespace pagivo {
+
+// Lists the contents table and leaves the page that the user asks for in GoToPageResult, 0 for
+// none; closing it by its close box leaves the 0 of its load. A dialog whose handler fails is
+// unloaded.
+class frmGaNaar : public Form {
+ public:
+  explicit frmGaNaar(const Platform& platform);
+
+ private:
+  void CreateControls() override;
+  void OnLoad() override;
+  void OnUnload() override;
+  void OnShowingFailed() override;
+
+  void cmdOK_Click();
+  void cmdAnnuleren_Click();
+
+  ComboBox& cboGaNaar() { return Get<ComboBox>("cboGaNaar"); }
+  void PlaceButtons();
+};
+
+// The shared instance, created on first use and released when the dialog unloads.
+frmGaNaar& GoToDialog();
+
+}  // namespace pagivo

@@ -1,0 +1,53 @@
+#include "window/combo_box.h"
+
+#include <utility>
+
+#include "pagivo/error.h"
+#include "window/key_codes.h"
+
+namespace pagivo {
+
+ComboBox::ComboBox(ControlSet& controls, const ControlDesign& design)
+    : Control(controls, design), text_(design.caption) {}
+
+std::string_view ComboBox::Item(std::int32_t index) const noexcept {
+  if (index < 0 || index >= Count()) return {};
+  return items_[static_cast<std::size_t>(index)];
+}
+
+void ComboBox::AddItem(std::string item) {
+  items_.push_back(std::move(item));
+  Refresh();
+}
+
+void ComboBox::Clear() {
+  items_.clear();
+  PutListIndex(-1);
+}
+
+void ComboBox::PutListIndex(std::int32_t index) {
+  if (index < -1 || index >= Count()) ThrowInvalidPropertyValue("ListIndex");
+  listIndex_ = index;
+  text_ = Item(index);
+  Refresh();
+  if (index >= 0) RaiseClick();
+}
+
+void ComboBox::PutText(std::string_view text) {
+  if (!Design().editable) ThrowInvalidPropertyValue("Text");
+  listIndex_ = -1;
+  if (text == text_) return;
+  text_ = text;
+  Refresh();
+  RaiseChange();
+}
+
+void ComboBox::PressKey(std::int16_t keyCode) {
+  if (keyCode == kKeyUp && listIndex_ > 0) {
+    PutListIndex(listIndex_ - 1);
+  } else if (keyCode == kKeyDown && listIndex_ + 1 < Count()) {
+    PutListIndex(listIndex_ + 1);
+  }
+}
+
+}  // namespace pagivo

@@ -1,0 +1,19 @@
+// The key codes and shift states that windows report.
+#pragma once
+
+#include <cstdint>
+
+namespace pagivo {
+
+inline constexpr std::int16_t kKeyTab = 9;
+inline constexpr std::int16_t kKeyEnter = 13;
+inline constexpr std::int16_t kKeyEscape = 27;
+inline constexpr std::int16_t kKeyUp = 38;
+inline constexpr std::int16_t kKeyDown = 40;
+
+// Bits of the shift state.
+inline constexpr std::int16_t kShiftKey = 1;
+inline constexpr std::int16_t kControlKey = 2;
+inline constexpr std::int16_t kAltKey = 4;
+
+}  // namespace pagivo

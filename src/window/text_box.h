@@ -1,0 +1,43 @@
+// A box with one line of text.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "window/control.h"
+
+namespace pagivo {
+
+// Lengths and positions count characters, not bytes of the UTF-8.
+class TextBox : public Control {
+ public:
+  TextBox(ControlSet& controls, const ControlDesign& design);
+
+  const std::string& Text() const noexcept { return text_; }
+  // Cut to the maximum length. A text that differs takes away the selection, with the insertion
+  // point at its start, and raises change; the same text does nothing.
+  void PutText(std::string_view text);
+
+  std::size_t SelectionStart() const noexcept { return selectionStart_; }
+  std::size_t SelectionLength() const noexcept { return selectionLength_; }
+  // Both cut to what the text has.
+  void PutSelection(std::size_t start, std::size_t length);
+  void SelectAll();
+
+  // Replaces the selection as typing does: what goes beyond the maximum length is lost. Raises
+  // change when the text differs.
+  void Type(std::string_view text);
+  // Takes away the selection, or the character before the insertion point. Raises change.
+  void Backspace();
+
+ private:
+  std::string Cut(std::string_view text, std::size_t taken) const;
+  void Take(std::string text, std::size_t insertionPoint);
+
+  std::string text_;
+  std::size_t selectionStart_ = 0;
+  std::size_t selectionLength_ = 0;
+};
+
+}  // namespace pagivo

@@ -1,0 +1,201 @@
+#include "preview/frm_ga_naar.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "pagivo/error.h"
+#include "state/module_state.h"
+#include "support/recording_platform.h"
+#include "window/headless/headless_user.h"
+
+namespace pagivo::testing {
+namespace {
+
+class GoToPage : public ::testing::Test {
+ protected:
+  ~GoToPage() override {
+    State() = ModuleState{};
+    // Releases the instance.
+    GoToDialog().Load();
+    GoToDialog().Unload();
+  }
+
+  static void AddContents(std::string title, int page) {
+    const std::int16_t entry = ++State().ContentsCount;
+    State().ContentsTitle(entry) = std::move(title);
+    State().ContentsPage(entry) = static_cast<std::int16_t>(page);
+  }
+
+  void User(std::function<void(HeadlessUser& user)> acts) {
+    platform.Windows().AddScript([acts = std::move(acts)](Form& form) {
+      HeadlessUser user(form);
+      acts(user);
+    });
+  }
+
+  // The result when `text` is typed and confirmed.
+  int ResultOf(std::string_view text) {
+    User([text](HeadlessUser& user) {
+      user.Replace("cboGaNaar", text);
+      user.Click("cmdOK");
+    });
+    GoToDialog().ShowModal();
+    return State().GoToPageResult;
+  }
+
+  RecordingPlatform platform;
+};
+
+TEST_F(GoToPage, HasItsCaptionAndFixedSize) {
+  EXPECT_EQ(GoToDialog().Caption(), "Ga naar");
+  EXPECT_FALSE(GoToDialog().Design().sizable);
+  EXPECT_EQ(GoToDialog().Design().client.width, 5610);
+  EXPECT_EQ(GoToDialog().Design().client.height, 1365);
+}
+
+TEST_F(GoToPage, HasItsControls) {
+  struct Row {
+    std::string_view name;
+    ControlKind kind;
+    std::string_view caption;
+    Placement placement;
+    std::string_view container;
+    ButtonRole role = ButtonRole::None;
+  };
+  const Row rows[] = {
+      {"Frame1", ControlKind::Frame, "", {120, 120, 3972, 1092}, ""},
+      {"Label1", ControlKind::Label, "&Pagina:", {120, 240, 1812, 252}, "Frame1"},
+      {"cboGaNaar", ControlKind::ComboBox, "", {120, 600, 3732, 288}, "Frame1"},
+      {"cmdOK", ControlKind::Button, "OK", {4305, 105, 1200, 330}, "", ButtonRole::Default},
+      {"cmdAnnuleren",
+       ControlKind::Button,
+       "Annuleren",
+       {4305, 510, 1200, 330},
+       "",
+       ButtonRole::Cancel},
+  };
+  EXPECT_EQ(GoToDialog().Controls().All().size(), std::size(rows));
+  int tabIndex = 0;
+  for (const Row& row : rows) {
+    const Control& control = GoToDialog().Get(row.name);
+    const Placement placement{control.Left(), control.Top(), control.Width(), control.Height()};
+    EXPECT_EQ(control.Kind(), row.kind) << row.name;
+    EXPECT_EQ(control.Caption(), row.caption) << row.name;
+    EXPECT_EQ(placement, row.placement) << row.name;
+    EXPECT_EQ(control.Design().container, row.container) << row.name;
+    EXPECT_EQ(control.Design().role, row.role) << row.name;
+    EXPECT_EQ(control.Design().tabIndex, tabIndex++) << row.name;
+    EXPECT_EQ(control.FontName(), "Tahoma") << row.name;
+    EXPECT_EQ(control.FontSize(), 8) << row.name;
+  }
+  EXPECT_TRUE(GoToDialog().Get("cboGaNaar").Design().editable);
+}
+
+TEST_F(GoToPage, ListsTheContentsInTheirOrder) {
+  AddContents("Inleiding", 1);
+  AddContents("Berekening", 3);
+  State().ContentsTitle(3) = "Oud";
+  const auto& list = GoToDialog().Get<ComboBox>("cboGaNaar");
+  ASSERT_EQ(list.Count(), 2);
+  EXPECT_EQ(list.Item(0), "Inleiding");
+  EXPECT_EQ(list.Item(1), "Berekening");
+  EXPECT_EQ(list.Text(), "");
+}
+
+TEST_F(GoToPage, LoadingForgetsTheLastResult) {
+  State().GoToPageResult = 7;
+  GoToDialog().Load();
+  EXPECT_EQ(State().GoToPageResult, 0);
+}
+
+TEST_F(GoToPage, MoreContentsThanTheTableHoldsFailTheLoad) {
+  State().ContentsCount = 51;
+  EXPECT_THROW(GoToDialog().ShowModal(), Error);
+  EXPECT_FALSE(GoToDialog().IsLoaded());
+}
+
+TEST_F(GoToPage, MoreContentsThanTheTableHoldsFailTheSearch) {
+  User([](HeadlessUser& user) {
+    State().ContentsCount = 51;
+    user.Replace("cboGaNaar", "nergens");
+    user.Click("cmdOK");
+  });
+  const std::weak_ptr<Form> shown = GoToDialog().weak_from_this();
+  EXPECT_THROW(GoToDialog().ShowModal(), Error);
+  EXPECT_TRUE(shown.expired());
+}
+
+TEST_F(GoToPage, ReadsTheTypedNumber) {
+  struct Row {
+    std::string_view text;
+    int result;
+  };
+  for (const Row& row : {Row{"", 0}, Row{"   ", 0}, Row{"12", 12}, Row{"12abc", 12}, Row{"2.5", 2},
+                         Row{"3.5", 4}, Row{"999", 999}, Row{"999.4", 999}, Row{"5000", 999},
+                         Row{"99999", 999}, Row{"abc", 0}, Row{"-4", -4}, Row{"  8 ", 8}}) {
+    EXPECT_EQ(ResultOf(row.text), row.result) << '"' << row.text << '"';
+  }
+}
+
+TEST_F(GoToPage, ANumberBelow16BitsFailsAndLeavesNoDialog) {
+  EXPECT_THROW(ResultOf("-40000"), Error);
+  EXPECT_FALSE(GoToDialog().IsLoaded());
+}
+
+TEST_F(GoToPage, ATitleWinsOverTheNumberItStartsWith) {
+  AddContents("2 Berekening", 9);
+  User([](HeadlessUser& user) {
+    user.Pick("cboGaNaar", 0);
+    user.Press(13);
+  });
+  GoToDialog().ShowModal();
+  EXPECT_EQ(State().GoToPageResult, 9);
+}
+
+TEST_F(GoToPage, TitlesAreComparedTrimmedAndWithTheirCase) {
+  AddContents("  Bijlage ", 9);
+  EXPECT_EQ(ResultOf(" Bijlage  "), 9);
+  EXPECT_EQ(ResultOf("bijlage"), 0);
+}
+
+TEST_F(GoToPage, OfTwoEqualTitlesTheFirstCounts) {
+  AddContents("Bijlage", 4);
+  AddContents("Bijlage", 8);
+  EXPECT_EQ(ResultOf("Bijlage"), 4);
+}
+
+TEST_F(GoToPage, AnEmptyTextFindsAnEmptyTitle) {
+  AddContents("", 6);
+  EXPECT_EQ(ResultOf(""), 6);
+}
+
+TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {
+  const std::function<void(HeadlessUser&)> ways[] = {
+      [](HeadlessUser& user) { user.Click("cmdAnnuleren"); },
+      [](HeadlessUser& user) { user.Press(27); },
+      [](HeadlessUser& user) { user.Close(); },
+  };
+  for (const auto& leave : ways) {
+    State().GoToPageResult = 5;
+    User([&](HeadlessUser& user) {
+      user.Replace("cboGaNaar", "3");
+      leave(user);
+    });
+    GoToDialog().ShowModal();
+    EXPECT_EQ(State().GoToPageResult, 0);
+  }
+}
+
+TEST_F(GoToPage, EachShowingIsAFreshDialog) {
+  GoToDialog().Load();
+  const std::weak_ptr<Form> first = GoToDialog().weak_from_this();
+  ResultOf("3");
+  EXPECT_TRUE(first.expired());
+  EXPECT_EQ(GoToDialog().Get<ComboBox>("cboGaNaar").Text(), "");
+}
+
+}  // namespace
+}  // namespace pagivo::testing

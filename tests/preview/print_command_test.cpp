@@ -1,0 +1,167 @@
+#include "preview/preview_test.h"
+#include "window/option_button.h"
+
+namespace pagivo::testing {
+namespace {
+
+class PreviewPrinting : public PreviewTest {
+ protected:
+  PreviewPrinting() { Show(10, 4); }
+
+  std::vector<std::string> Print(std::function<void(HeadlessUser& user)> acts) {
+    User(std::move(acts));
+    return DoingsOf([this] { form->DrukAf(); });
+  }
+  std::vector<std::string> Confirm() {
+    return Print([](HeadlessUser& user) { user.Click("cmdOK"); });
+  }
+
+  const std::string kOneCopyEach = "put Copies Integer 1";
+  const std::string kBackToPage = "put PreviewPage Integer 4";
+};
+
+TEST_F(PreviewPrinting, PreparesTheRangeOfTheDocumentAndKeepsTheRest) {
+  State().PrintRange = 2;
+  State().PrintCopies = 3;
+  State().PrintFromPage = 7;
+  State().PrintToPage = 8;
+  Print([](HeadlessUser& user) {
+    EXPECT_EQ(State().PrintFromPage, 1);
+    EXPECT_EQ(State().PrintToPage, 10);
+    EXPECT_EQ(State().PrintLastPage, 10);
+    EXPECT_EQ(State().PrintRange, 2);
+    EXPECT_EQ(State().PrintCopies, 3);
+    user.Click("cmdAnnuleren");
+  });
+}
+
+TEST_F(PreviewPrinting, CancelledItPrintsNothingAndLeavesPageAndFocus) {
+  form->txtPaginanummer().Focus();
+  EXPECT_THAT(Print([](HeadlessUser& user) { user.Click("cmdAnnuleren"); }), IsEmpty());
+  EXPECT_FALSE(EngineHasFocus());
+}
+
+TEST_F(PreviewPrinting, PrintsAllPagesButTheEmptyLastOne) {
+  EXPECT_THAT(
+      Confirm(),
+      ElementsAre(kOneCopyEach, "call PrintDoc Boolean False, Integer 1, Integer 10", kBackToPage));
+}
+
+TEST_F(PreviewPrinting, PrintsTheShownPageThreeTimesAsThreeJobs) {
+  const std::string job = "call PrintDoc Boolean False, Integer 4, Integer 4";
+  EXPECT_THAT(Print([](HeadlessUser& user) {
+                user.Click("optHuidig");
+                user.Replace("txtAantal", "3");
+                user.Click("cmdOK");
+              }),
+              ElementsAre(kOneCopyEach, job, job, job, kBackToPage));
+}
+
+TEST_F(PreviewPrinting, PrintsTheRangeAsTheDialogValidatedIt) {
+  struct Row {
+    std::string_view van, tm;
+    std::string job;
+  };
+  for (const Row& row : {Row{"7", "4", "call PrintDoc Boolean False, Integer 4, Integer 7"},
+                         Row{"3", "", "call PrintDoc Boolean False, Integer 0, Integer 10"},
+                         Row{"0", "20", "call PrintDoc Boolean False, Integer 10, Integer 20"}}) {
+    EXPECT_THAT(Print([&](HeadlessUser& user) {
+                  user.Click("optSelectie");
+                  user.Replace("txtVan", row.van);
+                  user.Replace("txtTm", row.tm);
+                  user.Click("cmdOK");
+                }),
+                ElementsAre(kOneCopyEach, row.job, kBackToPage));
+  }
+}
+
+TEST_F(PreviewPrinting, AnUnknownRangeIsTheWholeDocument) {
+  EXPECT_THAT(
+      Print([](HeadlessUser& user) {
+        State().PrintRange = 7;
+        State().PrintCopies = 1;
+        user.Close();
+      }),
+      ElementsAre(kOneCopyEach, "call PrintDoc Boolean False, Integer 1, Integer 10", kBackToPage));
+}
+
+TEST_F(PreviewPrinting, TheCloseBoxPrintsWhenTheLastUseWasNotCancelled) {
+  State().PrintCopies = 2;
+  const std::string job = "call PrintDoc Boolean False, Integer 1, Integer 10";
+  const auto close = [](HeadlessUser& user) { user.Close(); };
+  EXPECT_THAT(Print(close), ElementsAre(kOneCopyEach, job, job, kBackToPage));
+  State().PrintCancelled = true;
+  EXPECT_THAT(Print(close), IsEmpty());
+}
+
+TEST_F(PreviewPrinting, ReturnsToTheShownPageWithTheEngineVisibleAndFocused) {
+  form->txtPaginanummer().Focus();
+  form->Surface().PutVisible(false);
+  Engine().AnswerInTurn("PreviewPage", {std::int16_t{4}, std::int16_t{9}});
+  EXPECT_EQ(Confirm().back(), kBackToPage);
+  EXPECT_TRUE(form->Surface().Visible());
+  EXPECT_TRUE(EngineHasFocus());
+}
+
+TEST_F(PreviewPrinting, EachUseShowsAFreshDialogWithTheLastChoice) {
+  std::weak_ptr<Form> first;
+  platform.Windows().AddScript([&](Form& dialog) {
+    first = dialog.weak_from_this();
+    HeadlessUser user(dialog);
+    user.Click("optHuidig");
+    user.Click("cmdOK");
+  });
+  form->DrukAf();
+  EXPECT_TRUE(first.expired());
+  platform.Windows().AddScript(
+      [](Form& dialog) { EXPECT_TRUE(dialog.Get<OptionButton>("optHuidig").Value()); });
+  form->DrukAf();
+}
+
+TEST_F(PreviewPrinting, FailingStepsAreSkipped) {
+  for (const auto* line : {"get PreviewPage", "get PageCount", "put Copies", "call PrintDoc"}) {
+    Engine().FailNothing();
+    Engine().FailOn(line);
+    const std::vector<std::string> doings = Confirm();
+    EXPECT_TRUE(doings.back().starts_with("put PreviewPage")) << line;
+    EXPECT_TRUE(EngineHasFocus()) << line;
+  }
+}
+
+TEST_F(PreviewPrinting, ADialogThatCannotOpenLeavesTheRequestAsItStands) {
+  // Fewer copies than none cannot be shown.
+  State().PrintCopies = -1;
+  EXPECT_THAT(DoingsOf([this] { form->DrukAf(); }), ElementsAre(kOneCopyEach, kBackToPage));
+}
+
+TEST_F(PreviewPrinting, AFailingHandlerOfTheDialogLeavesNoneBehind) {
+  Engine().FailOn("get PrintDialog");
+  std::weak_ptr<Form> dialog;
+  platform.Windows().AddScript([&](Form& shown) {
+    dialog = shown.weak_from_this();
+    HeadlessUser(shown).Click("cmdPrinter");
+  });
+  form->DrukAf();
+  EXPECT_TRUE(dialog.expired());
+}
+
+TEST_F(PreviewPrinting, PaginaOpensThePageSetupOfThePreviewsEngine) {
+  Print([](HeadlessUser& user) {
+    user.Click("cmdPrinter");
+    user.Click("cmdAnnuleren");
+  });
+  EXPECT_THAT(platform.Log().LinesBeginning("get PrintDialog"),
+              ElementsAre("get PrintDialog Long 1"));
+}
+
+TEST_F(PreviewPrinting, ADocumentDiscardedMeanwhileIsNotPrinted) {
+  EXPECT_THAT(Print([this](HeadlessUser& user) {
+                form->Unload();
+                user.Click("cmdOK");
+              }),
+              IsEmpty());
+  EXPECT_FALSE(form->IsLoaded());
+}
+
+}  // namespace
+}  // namespace pagivo::testing
