@@ -37,7 +37,5 @@ function(pagivo_test name folder)
     pagivo_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_compile_definitions(pagivo_tests_${name} PRIVATE
     PAGIVO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-  # GCC 12 sees null buffers in std::ifstream, which only tests read files with.
-  target_compile_options(pagivo_tests_${name} PRIVATE -Wno-null-dereference)
   gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST)
 endfunction()
