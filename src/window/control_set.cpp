@@ -61,9 +61,9 @@ Control* ControlSet::ButtonWith(ButtonRole role) const {
 
 Control* ControlSet::NextInTabOrder(const Control* from, bool backwards) const {
   std::vector<Control*> order = TabOrder();
-  if (backwards) std::ranges::reverse(order);
+  if (backwards) std::reverse(order.begin(), order.end());
   const auto here = std::ranges::find(order, from);
-  if (here != order.end()) std::ranges::rotate(order, here + 1);
+  if (here != order.end()) std::rotate(order.begin(), here + 1, order.end());
   const auto next = std::ranges::find_if(order, [](const Control* control) {
     return control->CanTakeFocus() && !IsPassedOver(*control);
   });
@@ -75,7 +75,9 @@ std::vector<Control*> ControlSet::TabOrder() const {
   for (const auto& control : controls_) {
     if (control->Design().tabIndex >= 0) order.push_back(control.get());
   }
-  std::ranges::stable_sort(order, {}, [](const Control* c) { return c->Design().tabIndex; });
+  std::stable_sort(order.begin(), order.end(), [](const Control* left, const Control* right) {
+    return left->Design().tabIndex < right->Design().tabIndex;
+  });
   return order;
 }
 

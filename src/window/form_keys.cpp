@@ -48,11 +48,11 @@ void Form::PressAccessKey(char letter) {
     return control->AccessKey() == letter && control->IsReachable();
   });
   if (found == controls.end()) return;
-  const std::shared_ptr<Control> control = *found;
+  // Held: the focus handler may unload the form.
+  const auto control = (*found)->shared_from_this();
   Control* target =
       control->CanTakeFocus() ? control.get() : controls_->NextInTabOrder(control.get());
   if (target != nullptr) target->Focus();
-  // A focus handler may have unloaded the form.
   if (loaded_ && IsPressedByItsAccessKey(*control)) control->Click();
 }
 
