@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 
 #include "pagivo/pg_print.h"
+#include "support/read_file.h"
 
 namespace pagivo {
 namespace {
@@ -100,9 +100,7 @@ TEST_F(PageImageTest, APictureOfTooManyPixelsIsAnError) {
 TEST_F(PageImageTest, IsWrittenAsPng) {
   const std::string path = folder / "blad.png";
   WritePagePng(1, 72, path);
-  std::ifstream stream(path, std::ios::binary);
-  const std::string content{std::istreambuf_iterator<char>(stream), {}};
-  EXPECT_TRUE(content.starts_with("\x89PNG\r\n\x1A\n"));
+  EXPECT_TRUE(ReadFile(path).starts_with("\x89PNG\r\n\x1A\n"));
 }
 
 TEST_F(PageImageTest, AFileThatCannotBeWrittenIsAnError) {

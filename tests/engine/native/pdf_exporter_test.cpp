@@ -3,10 +3,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "engine/native/engine_test.h"
 #include "engine/native/native_pdf_exporter.h"
+#include "support/read_file.h"
 
 namespace pagivo::native {
 namespace {
@@ -47,10 +47,7 @@ class PdfExporterTest : public EngineTest {
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder));
   }
-  std::string Content() {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  std::string Content() { return ReadFile(file); }
 
   NativePdfExporter exporter;
   std::filesystem::path folder;

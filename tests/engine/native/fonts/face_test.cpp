@@ -7,6 +7,7 @@
 #include <string>
 
 #include "engine/native/fonts/face_support.h"
+#include "support/read_file.h"
 
 namespace pagivo::native {
 namespace {
@@ -17,10 +18,7 @@ class FaceFileTest : public testing::Test {
 
   // Writes the bytes of a face with CFF outlines, its table of outlines under another tag.
   void WriteWithOutlinesTagged(const std::string& tag) {
-    const std::string original = FileFor("Nimbus Sans").path;
-    std::string bytes(std::filesystem::file_size(original), '\0');
-    std::ifstream(original, std::ios::binary)
-        .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::string bytes = ReadFile(FileFor("Nimbus Sans").path);
     const std::size_t place = bytes.find("CFF ");
     ASSERT_NE(place, std::string::npos);
     std::ofstream(path_, std::ios::binary) << bytes.replace(place, tag.size(), tag);
