@@ -34,7 +34,7 @@ function(pagivo_test name folder)
   target_include_directories(pagivo_tests_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   list(TRANSFORM ARG_USES PREPEND pagivo_)
   target_link_libraries(pagivo_tests_${name} PRIVATE
-    pagivo_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
+    pagivo_options pagivo_test_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_compile_definitions(pagivo_tests_${name} PRIVATE
     PAGIVO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST)
