@@ -19,6 +19,7 @@
 #include "equality/grey_image.h"
 #include "pagivo/page_image.h"
 #include "pagivo/pg_print.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::test {
 namespace {
@@ -29,15 +30,8 @@ constexpr double kQuarterPixel = 0.25;
 
 // The scratch folder lives as long as the process.
 const std::string& Scratch() {
-  static const struct Folder {
-    Folder() {
-      std::string name = std::filesystem::temp_directory_path() / "pagivo_equality_XXXXXX";
-      path = mkdtemp(name.data());
-    }
-    ~Folder() { std::filesystem::remove_all(path); }
-    std::string path;
-  } folder;
-  return folder.path;
+  static const ScratchFolder folder;
+  return folder.Path();
 }
 
 void RunCommand(const std::string& command) {

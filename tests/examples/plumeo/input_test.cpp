@@ -5,10 +5,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+
+#include "support/scratch_folder.h"
 
 namespace plumeo {
 namespace {
@@ -49,10 +50,8 @@ class Input : public testing::Test {
     return path_ + ":" + std::to_string(lineOfChange_ + linesOn) + ": ";
   }
 
-  void TearDown() override { std::filesystem::remove(path_); }
-
-  std::string path_ = testing::TempDir() + "plumeo_" +
-                      testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt";
+  const pagivo::ScratchFolder folder_;
+  std::string path_ = folder_.FileNamed("invoer.txt");
   int lineOfChange_ = 0;
 };
 

@@ -10,9 +10,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <regex>
 #include <string>
 #include <vector>
+
+#include "support/scratch_folder.h"
 
 namespace plumeo {
 namespace {
@@ -56,14 +59,15 @@ class ReportProgram : public testing::Test {
  protected:
   // The report on the example's input, made once for all tests.
   static void SetUpTestSuite() {
-    std::filesystem::create_directories(Folder());
+    folder_ = std::make_unique<pagivo::ScratchFolder>();
     outcome_ = RunPlumeo("--pdf '" + Folder() + "/rapport.pdf'");
     pages_ = PagesOf(Folder() + "/rapport.pdf");
   }
-  static void TearDownTestSuite() { std::filesystem::remove_all(Folder()); }
+  static void TearDownTestSuite() { folder_.reset(); }
 
-  static std::string Folder() { return testing::TempDir() + "plumeo_report"; }
+  static std::string Folder() { return folder_->Path(); }
 
+  static inline std::unique_ptr<pagivo::ScratchFolder> folder_;
   static inline Outcome outcome_;
   static inline std::vector<std::string> pages_;
 };

@@ -2,20 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "engine/native/fonts/face_support.h"
 #include "support/read_file.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 namespace {
 
 class FaceFileTest : public testing::Test {
  protected:
-  ~FaceFileTest() override { std::filesystem::remove(path_); }
-
   // Writes the bytes of a face with CFF outlines, its table of outlines under another tag.
   void WriteWithOutlinesTagged(const std::string& tag) {
     std::string bytes = ReadFile(FileFor("Nimbus Sans").path);
@@ -24,7 +22,8 @@ class FaceFileTest : public testing::Test {
     std::ofstream(path_, std::ios::binary) << bytes.replace(place, tag.size(), tag);
   }
 
-  const std::string path_ = testing::TempDir() + "pagivo_face_test.otf";
+  const ScratchFolder folder_;
+  const std::string path_ = folder_.FileNamed("face.otf");
 };
 
 TEST_F(FaceFileTest, WithCffOutlinesIsOpened) {

@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <fstream>
 #include <string>
 
 #include "engine/native/fonts/face_support.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 namespace {
@@ -119,9 +119,9 @@ class BrokenFontFile : public testing::Test {
     whole.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     std::ofstream(path_, std::ios::binary) << bytes;
   }
-  ~BrokenFontFile() override { std::remove(path_.c_str()); }
 
-  const std::string path_ = testing::TempDir() + "broken_face.ttf";
+  const ScratchFolder folder_;
+  const std::string path_ = folder_.FileNamed("broken.ttf");
 };
 
 TEST_F(BrokenFontFile, IsPassedOverForTheNextFace) {

@@ -3,13 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <functional>
 #include <random>
 #include <string>
 
 #include "engine/native/fonts/both_ways.h"
 #include "engine/native/fonts/layout_builder.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 namespace {
@@ -181,8 +181,6 @@ std::vector<RuleCase> RuleCases() {
 
 class MadeFont : public testing::Test {
  protected:
-  ~MadeFont() override { std::remove(path_.c_str()); }
-
   FaceFile Make(const char* table, const std::string& bytes) const {
     const FaceFile outlines = FileFor("Liberation Sans");
     WriteFont(path_, Face(outlines.path, outlines.index), table, bytes);
@@ -192,7 +190,8 @@ class MadeFont : public testing::Test {
     return Make(table, LayoutTable(std::string(table) == "GSUB" ? "calt" : "kern", lookups));
   }
 
-  const std::string path_ = testing::TempDir() + "made_font.ttf";
+  const ScratchFolder folder_;
+  const std::string path_ = folder_.FileNamed("made.ttf");
 };
 
 bool Changes(BothWays& face, const std::string& text) {

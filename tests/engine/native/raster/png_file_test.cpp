@@ -7,6 +7,7 @@
 
 #include "engine/native/pictures/picture_loader.h"
 #include "pagivo/error.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 namespace {
@@ -26,10 +27,10 @@ void ExpectFileAccessError(const std::string& path) {
 }
 
 TEST(PngFile, HoldsThePixels) {
-  const std::string path = testing::TempDir() + "pagivo_two_pixels.png";
+  const ScratchFolder folder;
+  const std::string path = folder.FileNamed("two_pixels.png");
   WritePng(kTwoPixels, path);
   const auto picture = LoadPictureFile(path);
-  std::filesystem::remove(path);
   EXPECT_EQ(picture->GetPixels().width, 2);
   EXPECT_EQ(picture->GetPixels().data, (std::vector<std::uint8_t>{255, 0, 0, 0, 0, 255}));
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "engine/native/fonts/face_finder.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 namespace {
@@ -72,7 +73,8 @@ TEST(FontconfigFaceFinder, KeepsItsOrderWhateverTheLanguageOfTheEnvironment) {
 }
 
 TEST(FontconfigFaceFinder, FindsNothingOnAMachineWithoutFonts) {
-  const std::string path = testing::TempDir() + "no_fonts.conf";
+  const ScratchFolder folder;
+  const std::string path = folder.FileNamed("no_fonts.conf");
   std::ofstream(path) << "<?xml version=\"1.0\"?><fontconfig></fontconfig>";
   setenv("FONTCONFIG_FILE", path.c_str(), 1);
   const auto finder = MakeFaceFinder();
