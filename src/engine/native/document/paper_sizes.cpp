@@ -6,9 +6,7 @@ namespace pagivo::native {
 namespace {
 
 constexpr std::int32_t Inches(double inches) {
-  // Sizes are positive: cutting off after adding a half rounds, also at compile time.
-  const double half = 0.5;
-  return static_cast<std::int32_t>(inches * 1440 + half);
+  return static_cast<std::int32_t>(inches * 1440 + 0.5);
 }
 constexpr std::int32_t Millimetres(double millimetres) {
   return Inches(millimetres / 25.4);
