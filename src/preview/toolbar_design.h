@@ -4,14 +4,21 @@
 #include <array>
 #include <string_view>
 
+#include "preview/toolbar_images.h"
 #include "window/toolbar.h"
 
 namespace pagivo {
 
 inline constexpr std::array<std::string_view, 7> kImageKeys{
     "Sluiten", "Eerste", "Vorige", "Volgende", "Laatste", "Zoom", "Afdrukken"};
-inline constexpr ImageList kImageList1{.name = "ImageList1", .keys = kImageKeys};
-inline constexpr ImageList kImageList2{.name = "ImageList2", .keys = kImageKeys};
+inline constexpr ImageList kImageList1{.name = "ImageList1",
+                                       .keys = kImageKeys,
+                                       .files = kToolbarImages16,
+                                       .doubleFiles = kToolbarImages32};
+inline constexpr ImageList kImageList2{.name = "ImageList2",
+                                       .keys = kImageKeys,
+                                       .files = kToolbarImages16,
+                                       .doubleFiles = kToolbarImages32};
 
 inline constexpr std::array<MenuItem, 10> kZoomMenu{{
     {.text = "&Hele pagina", .key = "Heel"},

@@ -1,6 +1,7 @@
 // How the controls of a form are designed: the rows of a form's control table.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -57,11 +58,27 @@ struct ToolbarButton {
   std::span<const MenuItem> menu = {};  // of a drop-down button
 };
 
-// Pictures that are reached by key.
+// A picture file in memory.
+using FileBytes = std::span<const std::uint8_t>;
+
+// Pictures that are reached by key, each drawn for two sizes.
 struct ImageList {
   std::string_view name;
   int size = 16;  // pixels, in both directions
   std::span<const std::string_view> keys;
+  // PNG files in the order of the keys: of that size, and of twice that size for dense screens.
+  std::span<const FileBytes> files = {};
+  std::span<const FileBytes> doubleFiles = {};
+
+  // The file to show `pixels` wide and high: the double one for more than the list's size. Empty
+  // when no image has this key (exactly).
+  constexpr FileBytes Png(std::string_view key, int pixels) const {
+    const std::span<const FileBytes> sized = pixels > size ? doubleFiles : files;
+    for (std::size_t i = 0; i < sized.size(); ++i) {
+      if (keys[i] == key) return sized[i];
+    }
+    return {};
+  }
 };
 
 // One control. What is designed stays in the table; a control of a loaded form starts from it.
