@@ -9,7 +9,11 @@ namespace pagivo {
 Platform NativePlatform() {
   return {
       .windows = std::make_shared<HeadlessWindows>(),
-      .makeEngine = [] { return std::make_shared<native::NativeEngine>(); },
+      .makeEngine =
+          [](const Platform& platform) {
+            return std::make_shared<native::NativeEngine>(
+                native::EngineServices{.windows = platform.windows});
+          },
       .makePdfExporter = [] { return std::make_shared<native::NativePdfExporter>(); },
       .loadPicture = native::LoadPictureFile,
       .decodePicture = native::DecodePicture,

@@ -13,14 +13,19 @@
 
 namespace pagivo {
 
+class SurfaceContent;
 class WindowSystem;
 
 struct Platform {
   // Shows the windows; lives as long as it is in use.
   std::shared_ptr<WindowSystem> windows;
-  // A new, empty engine and exporter for a new preview window.
-  std::function<std::shared_ptr<PrintEngine>()> makeEngine;
+  // A new, empty engine and exporter for a new preview window. The engine's own dialogs are shown
+  // by the windows of the platform that it is made for.
+  std::function<std::shared_ptr<PrintEngine>(const Platform& platform)> makeEngine;
   std::function<std::shared_ptr<PdfExporter>()> makePdfExporter;
+  // What draws such an engine's preview on a surface; null for an engine that draws none.
+  std::function<std::shared_ptr<SurfaceContent>(const std::shared_ptr<PrintEngine>& engine)>
+      makeSurfaceContent = nullptr;
   // A picture object from a file; an empty path gives an empty picture. Raises Error.
   std::function<ObjectRef(const std::string& path)> loadPicture;
   // The same from a picture file's bytes in memory.

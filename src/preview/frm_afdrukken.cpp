@@ -63,8 +63,8 @@ PdfExporter& frmAfdrukken::Exporter() {
   return *Reach().exporter;
 }
 
-Control& frmAfdrukken::Surface() {
-  return Get("vsPrint");
+Surface& frmAfdrukken::PreviewSurface() {
+  return Get<Surface>("vsPrint");
 }
 
 Toolbar& frmAfdrukken::tbAfdrukken() {
@@ -86,12 +86,15 @@ PictureBox& frmAfdrukken::imageWatermerk(std::int16_t index) {
 
 void frmAfdrukken::CreateControls() {
   auto parts = std::make_unique<Parts>();
-  std::shared_ptr<PrintEngine> engine = platform_.makeEngine();
+  std::shared_ptr<PrintEngine> engine = platform_.makeEngine(platform_);
   parts->exporter = platform_.makePdfExporter();
   tbAfdrukken().WhenButtonClicked([this](std::string_view key) { tbAfdrukken_ButtonClick(key); });
   tbAfdrukken().WhenMenuClicked([this](std::string_view key) { tbAfdrukken_ButtonMenuClick(key); });
   txtPaginanummer().WhenClicked([this] { GaNaarPagina(); });
   engine->SetEvents(this);
+  if (platform_.makeSurfaceContent) {
+    PreviewSurface().PutContent(platform_.makeSurfaceContent(engine));
+  }
   vsPrint_ = std::move(engine);
   parts_ = std::move(parts);
 }
@@ -111,10 +114,10 @@ void frmAfdrukken::OnResize() {
 
 void frmAfdrukken::PlaceParts() {
   IgnoringErrors([this] { txtPaginanummer().PutLeft(tbAfdrukken().LeftOf("Paginanummer")); });
-  IgnoringErrors([this] { Surface().PutTop(tbAfdrukken().Height()); });
-  IgnoringErrors([this] { Surface().PutLeft(kEngineMargin); });
-  IgnoringErrors([this] { Surface().PutWidth(ClientWidth() - kEngineMargin); });
-  IgnoringErrors([this] { Surface().PutHeight(ClientHeight() - Surface().Top()); });
+  IgnoringErrors([this] { PreviewSurface().PutTop(tbAfdrukken().Height()); });
+  IgnoringErrors([this] { PreviewSurface().PutLeft(kEngineMargin); });
+  IgnoringErrors([this] { PreviewSurface().PutWidth(ClientWidth() - kEngineMargin); });
+  IgnoringErrors([this] { PreviewSurface().PutHeight(ClientHeight() - PreviewSurface().Top()); });
   IgnoringErrors([this] { vsPrint()->PutZoomMode(kZoomWholePage); });
   IgnoringErrors([this] { zoomPercent_ = ToInteger(vsPrint()->GetZoom()); });
   if (zoomPercent_ < kLowestZoomPercent) zoomPercent_ = kLowestZoomPercent;
@@ -137,7 +140,7 @@ void frmAfdrukken::OnQueryUnload(bool& cancel, UnloadMode mode) {
 }
 
 void frmAfdrukken::HideWithFocusOnEngine() {
-  Surface().Focus();
+  PreviewSurface().Focus();
   Hide();
 }
 

@@ -10,6 +10,7 @@
 #include "platform/platform.h"
 #include "window/form.h"
 #include "window/picture_box.h"
+#include "window/surface.h"
 #include "window/text_box.h"
 #include "window/toolbar.h"
 
@@ -30,7 +31,7 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   }
   PdfExporter& Exporter();
   // Where the engine draws.
-  Control& Surface();
+  Surface& PreviewSurface();
   Toolbar& tbAfdrukken();
   // Shows the page and the page total; a click asks for another page.
   TextBox& txtPaginanummer();

@@ -108,7 +108,7 @@ void frmAfdrukken::BladerNaar(std::int16_t richting) {
       break;
   }
   ZetPaginaNummer();
-  Surface().Focus();
+  PreviewSurface().Focus();
 }
 
 void frmAfdrukken::GaNaarPagina() {
@@ -120,7 +120,7 @@ void frmAfdrukken::GaNaarPagina() {
   const std::int32_t page = State().GoToPageResult;
   if (page > 0) ShowAskedPage(*engine, page);
   ZetPaginaNummer();
-  Surface().Focus();
+  PreviewSurface().Focus();
 }
 
 void frmAfdrukken::KeyDown(std::int16_t& keyCode, std::int16_t) {

@@ -61,8 +61,8 @@ void frmAfdrukken::DrukAf() {
   if (State().PrintCancelled || !IsLoaded()) return;
   PrintCopiesOf(*engine, ChosenRange(*engine));
   IgnoringErrors([&] { engine->PutPreviewPage(shown); });
-  IgnoringErrors([this] { Surface().PutVisible(true); });
-  IgnoringErrors([this] { Surface().Focus(); });
+  IgnoringErrors([this] { PreviewSurface().PutVisible(true); });
+  IgnoringErrors([this] { PreviewSurface().Focus(); });
 }
 
 }  // namespace pagivo

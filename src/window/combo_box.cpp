@@ -42,12 +42,11 @@ void ComboBox::PutText(std::string_view text) {
   RaiseChange();
 }
 
-void ComboBox::PressKey(std::int16_t keyCode) {
-  if (keyCode == kKeyUp && listIndex_ > 0) {
-    PutListIndex(listIndex_ - 1);
-  } else if (keyCode == kKeyDown && listIndex_ + 1 < Count()) {
-    PutListIndex(listIndex_ + 1);
-  }
+bool ComboBox::PressKey(std::int16_t keyCode, std::int16_t) {
+  if (keyCode != kKeyUp && keyCode != kKeyDown) return false;
+  const std::int32_t next = listIndex_ + (keyCode == kKeyUp ? -1 : 1);
+  if (next >= 0 && next < Count()) PutListIndex(next);
+  return true;
 }
 
 }  // namespace pagivo

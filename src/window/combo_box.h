@@ -34,7 +34,7 @@ class ComboBox : public Control {
   void PutText(std::string_view text);
 
   // The arrows up and down select the item above and below.
-  void PressKey(std::int16_t keyCode) override;
+  bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
 
  private:
   std::vector<std::string> items_;

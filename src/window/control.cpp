@@ -101,7 +101,9 @@ void Control::Click() {
   RaiseClick();
 }
 
-void Control::PressKey(std::int16_t) {}
+bool Control::PressKey(std::int16_t, std::int16_t) {
+  return false;
+}
 
 void Control::Focus() {
   if (!CanTakeFocus()) {

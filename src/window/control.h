@@ -67,8 +67,9 @@ class Control : public std::enable_shared_from_this<Control> {
 
   // What a click of the user does: raises click, unless a kind has more to it.
   virtual void Click();
-  // A key that the form has no use for itself.
-  virtual void PressKey(std::int16_t keyCode);
+  // A key that the form has no use for itself. Whether the control had one; a peer whose own widget
+  // edits text leaves the other keys to it.
+  virtual bool PressKey(std::int16_t keyCode, std::int16_t shift);
   // Gives it the focus and raises focus gained when it did not have it. Raises Error when it cannot
   // take it.
   void Focus();

@@ -7,6 +7,7 @@
 #include "window/combo_box.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
+#include "window/surface.h"
 #include "window/text_box.h"
 #include "window/toolbar.h"
 
@@ -24,6 +25,8 @@ std::shared_ptr<Control> Make(ControlSet& controls, const ControlDesign& design)
       return std::make_shared<OptionButton>(controls, design);
     case ControlKind::ScrollBar:
       return std::make_shared<ScrollBar>(controls, design);
+    case ControlKind::Surface:
+      return std::make_shared<Surface>(controls, design);
     case ControlKind::Toolbar:
       return std::make_shared<Toolbar>(controls, design);
     default:

@@ -93,8 +93,9 @@ class Form : public std::enable_shared_from_this<Form> {
 
   // A key of the user: goes to the form's key-down handler when it previews keys, then Enter
   // presses the default button (or the one with the focus), Esc the cancel button, Tab moves the
-  // focus, and any other key goes to the control with the focus.
-  void PressKey(std::int16_t keyCode, std::int16_t shift = 0);
+  // focus, and any other key goes to the control with the focus, as Enter and Esc do in a form
+  // without such buttons. Whether anybody had a use for the key.
+  bool PressKey(std::int16_t keyCode, std::int16_t shift = 0);
   // A letter with Alt: presses the control whose caption has it, or gives it the focus; a label or
   // frame gives the focus to what follows it in the tab order.
   void PressAccessKey(char letter);

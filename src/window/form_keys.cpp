@@ -8,8 +8,8 @@ namespace pagivo {
 
 namespace {
 
-void ClickIfReachable(Control* button) {
-  if (button != nullptr && button->IsReachable()) button->Click();
+void ClickIfReachable(Control& button) {
+  if (button.IsReachable()) button.Click();
 }
 
 // The control that Enter presses; null when there is none.
@@ -19,26 +19,39 @@ Control* EnterButton(const ControlSet& controls) {
   return controls.ButtonWith(ButtonRole::Default);
 }
 
+// The button that a key presses; null when there is none.
+Control* ButtonFor(std::int16_t keyCode, const ControlSet& controls) {
+  switch (keyCode) {
+    case kKeyEnter:
+      return EnterButton(controls);
+    case kKeyEscape:
+      return controls.ButtonWith(ButtonRole::Cancel);
+    default:
+      return nullptr;
+  }
+}
+
 bool IsPressedByItsAccessKey(const Control& control) {
   return control.Kind() == ControlKind::Button || control.Kind() == ControlKind::OptionButton;
 }
 
 }  // namespace
 
-void Form::PressKey(std::int16_t keyCode, std::int16_t shift) {
+bool Form::PressKey(std::int16_t keyCode, std::int16_t shift) {
   const auto self = shared_from_this();
   if (design_.keyPreview) OnKeyDown(keyCode, shift);
   // The handler may have hidden or unloaded the form.
-  if (keyCode == 0 || !visible_) return;
-  if (keyCode == kKeyEnter) {
-    ClickIfReachable(EnterButton(*controls_));
-  } else if (keyCode == kKeyEscape) {
-    ClickIfReachable(controls_->ButtonWith(ButtonRole::Cancel));
-  } else if (keyCode == kKeyTab) {
+  if (keyCode == 0 || !visible_) return true;
+  if (keyCode == kKeyTab) {
     MoveFocus((shift & kShiftKey) != 0);
-  } else if (Control* focused = controls_->Focused(); focused != nullptr) {
-    if (focused->IsReachable()) focused->PressKey(keyCode);
+    return true;
   }
+  if (Control* button = ButtonFor(keyCode, *controls_); button != nullptr) {
+    ClickIfReachable(*button);
+    return true;
+  }
+  Control* focused = controls_->Focused();
+  return focused != nullptr && focused->IsReachable() && focused->PressKey(keyCode, shift);
 }
 
 void Form::PressAccessKey(char letter) {

@@ -8,7 +8,13 @@ namespace pagivo {
 inline constexpr std::int16_t kKeyTab = 9;
 inline constexpr std::int16_t kKeyEnter = 13;
 inline constexpr std::int16_t kKeyEscape = 27;
+inline constexpr std::int16_t kKeyPageUp = 33;
+inline constexpr std::int16_t kKeyPageDown = 34;
+inline constexpr std::int16_t kKeyEnd = 35;
+inline constexpr std::int16_t kKeyHome = 36;
+inline constexpr std::int16_t kKeyLeft = 37;
 inline constexpr std::int16_t kKeyUp = 38;
+inline constexpr std::int16_t kKeyRight = 39;
 inline constexpr std::int16_t kKeyDown = 40;
 
 // Bits of the shift state.

@@ -24,9 +24,15 @@ void ScrollBar::StepDown() {
   if (value_ < Maximum()) PutValue(static_cast<std::int16_t>(value_ + 1));
 }
 
-void ScrollBar::PressKey(std::int16_t keyCode) {
-  if (keyCode == kKeyUp) StepUp();
-  if (keyCode == kKeyDown) StepDown();
+bool ScrollBar::PressKey(std::int16_t keyCode, std::int16_t) {
+  if (keyCode == kKeyUp) {
+    StepUp();
+  } else if (keyCode == kKeyDown) {
+    StepDown();
+  } else {
+    return false;
+  }
+  return true;
 }
 
 }  // namespace pagivo

@@ -23,7 +23,7 @@ class ScrollBar : public Control {
   void StepDown();
 
   // The arrows up and down step.
-  void PressKey(std::int16_t keyCode) override;
+  bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
 
  private:
   std::int16_t value_;

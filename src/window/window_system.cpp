@@ -1,5 +1,7 @@
 #include "window/window_system.h"
 
+#include "window/form_user.h"
+
 namespace pagivo {
 
 FormPeer::~FormPeer() = default;
@@ -7,5 +9,7 @@ FormPeer::~FormPeer() = default;
 ControlPeer::~ControlPeer() = default;
 
 WindowSystem::~WindowSystem() = default;
+
+FormUser::~FormUser() = default;
 
 }  // namespace pagivo

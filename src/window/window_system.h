@@ -4,7 +4,9 @@
 // of them a peer that shows the state and reports what the user does, nothing else.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace pagivo {
 
@@ -44,6 +46,15 @@ class ControlPeer {
   virtual void Focus() = 0;
 };
 
+// What a window shows, as a picture: pixels 0xFFRRGGBB in the machine's byte order, rows top down
+// without padding.
+struct WindowImage {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  std::vector<std::uint32_t> pixels;
+  Extent size;  // the window's own size, twips
+};
+
 class WindowSystem {
  public:
   virtual ~WindowSystem();
@@ -52,6 +63,10 @@ class WindowSystem {
   virtual std::shared_ptr<FormPeer> MakeFormPeer(Form& form) = 0;
   // A container's peer is made before the peers of the controls in it.
   virtual std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) = 0;
+
+  // What the window of that handle shows, ours or another program's. Raises
+  // ErrorNumber::InvalidArgument when there is no such window.
+  virtual WindowImage CaptureWindow(std::int32_t handle) = 0;
 };
 
 }  // namespace pagivo

@@ -485,7 +485,7 @@ class WithoutEngine : public Lifecycle {
  protected:
   WithoutEngine() {
     Platform broken = CurrentPlatform();
-    broken.makeEngine = []() -> std::shared_ptr<PrintEngine> {
+    broken.makeEngine = [](const Platform&) -> std::shared_ptr<PrintEngine> {
       throw Error(ErrorNumber::FileAccess, "Geen afdrukcomponent");
     };
     UsePlatform(std::move(broken));

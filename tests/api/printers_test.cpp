@@ -246,6 +246,7 @@ class NoWindows : public WindowSystem {
  public:
   std::shared_ptr<FormPeer> MakeFormPeer(Form&) override { Fail(); }
   std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer&, Control&) override { Fail(); }
+  WindowImage CaptureWindow(std::int32_t) override { Fail(); }
 
  private:
   [[noreturn]] static void Fail() {

@@ -38,7 +38,7 @@ TEST_F(PreviewWindow, ReachingAnyControlLoadsIt) {
   const std::function<void()> reaches[] = {
       [&] { form->vsPrint(); },     [&] { form->Exporter(); },
       [&] { form->tbAfdrukken(); }, [&] { form->imageWatermerk(0); },
-      [&] { form->Surface(); },     [&] { form->txtPaginanummer(); }};
+      [&] { form->PreviewSurface(); },     [&] { form->txtPaginanummer(); }};
   for (const auto& reach : reaches) {
     form->Unload();
     reach();
@@ -193,10 +193,10 @@ TEST_F(PreviewWindow, ThePageBoxIsCurrentWhenTheWindowAppears) {
 
 TEST_F(PreviewWindow, ResizingLaysOutTheEngineUnderTheToolbar) {
   form->PutSize({.width = 6000, .height = 5000});
-  EXPECT_EQ(form->Surface().Left(), 20);
-  EXPECT_EQ(form->Surface().Top(), form->tbAfdrukken().Height());
-  EXPECT_EQ(form->Surface().Width(), 5980);
-  EXPECT_EQ(form->Surface().Height(), 5000 - form->tbAfdrukken().Height());
+  EXPECT_EQ(form->PreviewSurface().Left(), 20);
+  EXPECT_EQ(form->PreviewSurface().Top(), form->tbAfdrukken().Height());
+  EXPECT_EQ(form->PreviewSurface().Width(), 5980);
+  EXPECT_EQ(form->PreviewSurface().Height(), 5000 - form->tbAfdrukken().Height());
 }
 
 TEST_F(PreviewWindow, ThePageBoxFollowsItsPlaceholderSidewaysOnly) {
@@ -213,7 +213,7 @@ TEST_F(PreviewWindow, WithoutThePlaceholderThePageBoxStaysAndTheRestIsLaidOut) {
   form->tbAfdrukken().Button("Paginanummer").key = "Anders";
   form->PutWidth(6000);
   EXPECT_EQ(form->txtPaginanummer().Left(), 1080);
-  EXPECT_EQ(form->Surface().Width(), 5980);
+  EXPECT_EQ(form->PreviewSurface().Width(), 5980);
 }
 
 TEST_F(PreviewWindow, EveryResizeReturnsToTheWholePage) {
@@ -239,18 +239,18 @@ TEST_F(PreviewWindow, AFailingEngineDoesNotStopTheLayout) {
   Engine().FailOn("put ZoomMode");
   Engine().FailOn("get Zoom");
   form->PutSize({.width = 6000, .height = 5000});
-  EXPECT_EQ(form->Surface().Width(), 5980);
+  EXPECT_EQ(form->PreviewSurface().Width(), 5980);
   EXPECT_EQ(form->ZoomPercent(), 30);
 }
 
 TEST_F(PreviewWindow, AResizeWorksOnTheProcessesWindowWhicheverWindowItReaches) {
   const auto other = std::make_shared<frmAfdrukken>(CurrentPlatform());
   other->Load();
-  form->Surface().PutLeft(1);
-  other->Surface().PutLeft(2);
+  form->PreviewSurface().PutLeft(1);
+  other->PreviewSurface().PutLeft(2);
   other->PutWidth(6000);
-  EXPECT_EQ(form->Surface().Left(), 20);
-  EXPECT_EQ(other->Surface().Left(), 2);
+  EXPECT_EQ(form->PreviewSurface().Left(), 20);
+  EXPECT_EQ(other->PreviewSurface().Left(), 2);
 }
 
 // --- Keys -------------------------------------------------------------------------------------

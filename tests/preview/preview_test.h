@@ -60,7 +60,7 @@ class PreviewTest : public ::testing::Test {
   }
 
   std::string PageBox() { return form->txtPaginanummer().Text(); }
-  bool EngineHasFocus() { return form->Controls().Focused() == &form->Surface(); }
+  bool EngineHasFocus() { return form->Controls().Focused() == &form->PreviewSurface(); }
 
   RecordingPlatform platform;
   std::shared_ptr<frmAfdrukken> form =

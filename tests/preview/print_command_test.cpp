@@ -96,10 +96,10 @@ TEST_F(PreviewPrinting, TheCloseBoxPrintsWhenTheLastUseWasNotCancelled) {
 
 TEST_F(PreviewPrinting, ReturnsToTheShownPageWithTheEngineVisibleAndFocused) {
   form->txtPaginanummer().Focus();
-  form->Surface().PutVisible(false);
+  form->PreviewSurface().PutVisible(false);
   Engine().AnswerInTurn("PreviewPage", {std::int16_t{4}, std::int16_t{9}});
   EXPECT_EQ(Confirm().back(), kBackToPage);
-  EXPECT_TRUE(form->Surface().Visible());
+  EXPECT_TRUE(form->PreviewSurface().Visible());
   EXPECT_TRUE(EngineHasFocus());
 }
 

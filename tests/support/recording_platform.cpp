@@ -23,7 +23,7 @@ ObjectRef ScriptedPictureLoader::Decode(std::span<const std::uint8_t>) {
 RecordingPlatform::RecordingPlatform() {
   UsePlatform({
       .windows = windows_,
-      .makeEngine = [this] { return MakeEngine(); },
+      .makeEngine = [this](const Platform&) { return MakeEngine(); },
       .makePdfExporter = [this] { return pdfExporter_; },
       .loadPicture = [this](const std::string& path) { return pictures_.Load(path); },
       .decodePicture =

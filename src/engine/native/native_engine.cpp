@@ -1,11 +1,15 @@
 #include "engine/native/native_engine.h"
 
+#include <utility>
+
 #include "pagivo/error.h"
 
 namespace pagivo::native {
 
-NativeEngine::NativeEngine()
-    : document_(std::make_unique<Document>()), recorder_(std::make_unique<Recorder>(*document_)) {
+NativeEngine::NativeEngine(EngineServices services)
+    : services_(std::move(services)),
+      document_(std::make_unique<Document>()),
+      recorder_(std::make_unique<Recorder>(*document_)) {
   SetStyles(*recorder_);
 }
 

@@ -12,11 +12,19 @@
 #include "engine/native/text_layout.h"
 #include "engine/native/view/preview_state.h"
 #include "engine/print_engine.h"
+#include "window/window_system.h"
 
 namespace pagivo::native {
 
 class Font;
 struct ArcAngles;
+
+// What the engine needs of its surroundings.
+struct EngineServices {
+  // Shows the engine's own dialogs and knows the windows that are drawn into a document. Null: a
+  // dialog is never confirmed, and there are no windows.
+  std::shared_ptr<WindowSystem> windows;
+};
 
 // A document's life: none, composing (StartDoc .. EndDoc), complete, and complete with a page
 // reopened (StartOverlay .. EndOverlay). Drawing needs composing or an open overlay; without it
@@ -35,7 +43,7 @@ class NativeEngine final : public PrintEngine {
   static constexpr std::int32_t kMaximumPages = 32767;
   static constexpr float kMaximumFontSize = 1638;  // points
 
-  NativeEngine();
+  explicit NativeEngine(EngineServices services = {});
   ~NativeEngine() override;
 
   // The pages recorded so far; no pages before the first StartDoc. Replaced by StartDoc.
@@ -171,6 +179,7 @@ class NativeEngine final : public PrintEngine {
   PageGeometry GeometryOf(std::int32_t page) const;
   ShownPages PagesInView() const;
 
+  EngineServices services_;
   PrintEngineEvents* events_ = nullptr;
   std::unique_ptr<Document> document_;
   std::unique_ptr<Recorder> recorder_;  // into document_

@@ -61,7 +61,7 @@ void HeadlessUser::Erase(std::string_view name) {
   box.Backspace();
 }
 
-void HeadlessUser::Press(std::int16_t keyCode, std::int16_t shift) {
+void HeadlessUser::PressKey(std::int16_t keyCode, std::int16_t shift) {
   form_.PressKey(keyCode, shift);
 }
 

@@ -5,38 +5,31 @@
 #include <string_view>
 
 #include "window/form.h"
+#include "window/form_user.h"
 
 namespace pagivo {
 
-// Controls are reached by name; one of no such name or kind raises Error. As with a real user,
-// doing something to a control that is disabled or hidden has no effect, and clicking a control
-// gives it the focus. Errors of handlers are passed on.
-class HeadlessUser {
+class HeadlessUser final : public FormUser {
  public:
   // The form that is shown.
   explicit HeadlessUser(Form& form) : form_(form) {}
 
-  void Click(std::string_view control);
-  void ClickToolbar(std::string_view toolbar, std::string_view button);
-  void ClickToolbarMenu(std::string_view toolbar, std::string_view item);
-  // Puts `text` in the place of all that stands in a text box or editable combo box, at once.
-  void Replace(std::string_view control, std::string_view text);
-  // Types over what is selected, a character at a time.
-  void Type(std::string_view control, std::string_view text);
-  // Selects all and takes it away.
-  void Erase(std::string_view control);
-  void Press(std::int16_t keyCode, std::int16_t shift = 0);
-  void PressAccessKey(char letter);
-  // Picks an item of a combo box's list by its place, from 0.
-  void Pick(std::string_view comboBox, std::int32_t item);
-  void Scroll(std::string_view scrollBar, std::int16_t value);
-  // The arrow at the bar's upper or lower end.
-  void ClickUpArrow(std::string_view scrollBar);
-  void ClickDownArrow(std::string_view scrollBar);
-  void Resize(const Extent& size);
-  void Close();
+  void Click(std::string_view control) override;
+  void ClickToolbar(std::string_view toolbar, std::string_view button) override;
+  void ClickToolbarMenu(std::string_view toolbar, std::string_view item) override;
+  void Replace(std::string_view control, std::string_view text) override;
+  void Type(std::string_view control, std::string_view text) override;
+  void Erase(std::string_view control) override;
+  void PressAccessKey(char letter) override;
+  void Pick(std::string_view comboBox, std::int32_t item) override;
+  void Scroll(std::string_view scrollBar, std::int16_t value) override;
+  void ClickUpArrow(std::string_view scrollBar) override;
+  void ClickDownArrow(std::string_view scrollBar) override;
+  void Resize(const Extent& size) override;
+  void Close() override;
 
  private:
+  void PressKey(std::int16_t keyCode, std::int16_t shift) override;
   // Gives the control the focus and says whether the user can use it.
   bool Reach(Control& control);
 

@@ -1,6 +1,8 @@
 #include "window/headless/headless_windows.h"
 
+#include "pagivo/error.h"
 #include "window/form.h"
+#include "window/surface.h"
 
 namespace pagivo {
 
@@ -10,6 +12,27 @@ class HeadlessControl : public ControlPeer {
  public:
   void Update() override {}
   void Focus() override {}
+};
+
+// A surface takes part in the rules (how large a page that fits is, how far it scrolls), so what
+// draws there knows its size even when nobody sees it.
+class HeadlessSurface : public HeadlessControl {
+ public:
+  explicit HeadlessSurface(Surface& surface) : surface_(surface) {}
+
+  void Update() override {
+    if (const auto content = surface_.Content()) content->PutArea(Area());
+  }
+
+ private:
+  SurfaceArea Area() const {
+    return {.width = static_cast<std::int32_t>(surface_.Width() / kTwipsPerPixel),
+            .height = static_cast<std::int32_t>(surface_.Height() / kTwipsPerPixel)};
+  }
+
+  static constexpr float kTwipsPerPixel = 15;  // 96 dots an inch
+
+  Surface& surface_;
 };
 
 }  // namespace
@@ -33,8 +56,15 @@ std::shared_ptr<FormPeer> HeadlessWindows::MakeFormPeer(Form& form) {
   return std::make_shared<Window>(*this, form);
 }
 
-std::unique_ptr<ControlPeer> HeadlessWindows::MakeControlPeer(FormPeer&, Control&) {
+std::unique_ptr<ControlPeer> HeadlessWindows::MakeControlPeer(FormPeer&, Control& control) {
+  if (auto* surface = dynamic_cast<Surface*>(&control)) {
+    return std::make_unique<HeadlessSurface>(*surface);
+  }
   return std::make_unique<HeadlessControl>();
+}
+
+WindowImage HeadlessWindows::CaptureWindow(std::int32_t) {
+  throw Error(ErrorNumber::InvalidArgument, "Er is geen beeldscherm met vensters");
 }
 
 void HeadlessWindows::PlayUser(Form& form) {

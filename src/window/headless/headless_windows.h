@@ -24,6 +24,7 @@ class HeadlessWindows : public WindowSystem {
 
   std::shared_ptr<FormPeer> MakeFormPeer(Form& form) override;
   std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) override;
+  WindowImage CaptureWindow(std::int32_t handle) override;
 
  private:
   class Window;

@@ -1,0 +1,110 @@
+// The area of a window where an engine draws its preview, and what draws there.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "window/control.h"
+
+namespace pagivo {
+
+// Everything on a surface counts in its device pixels, from its upper left corner.
+struct SurfaceArea {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  double scale = 1;  // device pixels that a 96th of an inch has on this screen
+
+  friend bool operator==(const SurfaceArea&, const SurfaceArea&) = default;
+};
+
+struct SurfacePoint {
+  double x = 0;
+  double y = 0;
+};
+
+// 0xFFRRGGBB.
+struct SurfaceColors {
+  std::uint32_t ground = 0xFFE8E8E8;     // around the pages
+  std::uint32_t edge = 0xFF9A9A9A;       // the thin line around a page
+  std::uint32_t highlight = 0xFF2A6FC9;  // around the page that is chosen among many
+};
+
+// Pixels 0xFFRRGGBB in the machine's byte order, rows top down without padding. Borrowed.
+struct SurfaceBitmap {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  std::span<std::uint32_t> pixels;
+};
+
+// What a scroll bar beside the surface shows.
+struct ScrollRange {
+  bool wanted = false;  // whether there is a bar at all
+  std::int32_t value = 0;
+  std::int32_t maximum = 0;  // from 0; 0 when everything is visible
+  std::int32_t visible = 0;  // how much of the whole is visible: the length of the bar's slider
+  std::int32_t step = 0;     // what its arrows move
+};
+
+// What the pointer looks like over a place of the surface.
+enum class SurfaceCursor { Arrow, Pointing, OpenHand, ClosedHand };
+
+// Draws itself on a surface and answers the user there. It decides what is visible; the surface's
+// peer shows the bitmap and the scroll bars and reports what the user does. Errors of handlers that
+// it runs are passed on.
+class SurfaceContent {
+ public:
+  using Handler = std::function<void()>;
+
+  virtual ~SurfaceContent();
+
+  // What is told whenever bitmap or scroll ranges are no longer what they were; null for nobody.
+  virtual void WhenChanged(Handler handler) = 0;
+
+  // The size it is shown in from now on. Does not count as a change by itself.
+  virtual void PutArea(const SurfaceArea& area) = 0;
+  // Draws all that is visible, over every pixel. The bitmap has the area's size.
+  virtual void Draw(const SurfaceBitmap& bitmap, const SurfaceColors& colors) = 0;
+
+  virtual ScrollRange HorizontalRange() const = 0;
+  virtual ScrollRange VerticalRange() const = 0;
+  // The user moves a scroll bar. Clamped.
+  virtual void ScrollTo(std::int32_t left, std::int32_t top) = 0;
+
+  // Whether it had a use for the key.
+  virtual bool PressKey(std::int16_t keyCode, std::int16_t shift) = 0;
+  // Notches of the wheel, fractions of them on fine wheels: positive when it is turned away from
+  // the user, or to the left.
+  virtual void TurnWheel(SurfacePoint at, double horizontal, double vertical,
+                         std::int16_t shift) = 0;
+  // The main button goes down, the pointer moves (with the button down or not), the button goes up.
+  virtual void PressPointer(SurfacePoint at) = 0;
+  virtual void MovePointer(SurfacePoint at) = 0;
+  virtual void ReleasePointer(SurfacePoint at) = 0;
+  virtual SurfaceCursor CursorAt(SurfacePoint at) const = 0;
+
+  // The menu of the right button; its items live as long as the content.
+  virtual std::span<const MenuItem> Menu() const = 0;
+  // Nothing for a key that the menu does not have.
+  virtual void ClickMenu(std::string_view key) = 0;
+};
+
+class Surface : public Control {
+ public:
+  using Control::Control;
+  ~Surface() override;
+
+  // Null when nothing draws here: the surface is blank then.
+  const std::shared_ptr<SurfaceContent>& Content() const noexcept { return content_; }
+  void PutContent(std::shared_ptr<SurfaceContent> content);
+
+  // Goes to the content.
+  bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
+
+ private:
+  std::shared_ptr<SurfaceContent> content_;
+};
+
+}  // namespace pagivo
