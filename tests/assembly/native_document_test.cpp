@@ -164,7 +164,8 @@ TEST_F(NativeDocumentTest, RenderingAWindowThatIsNotThereReachesTheHost) {
 TEST(NativePlatformTest, NamesEveryServiceAndNoPrinter) {
   const Platform platform = NativePlatform();
   EXPECT_NE(platform.windows, nullptr);
-  EXPECT_NE(platform.makeEngine(platform), platform.makeEngine(platform)) << "an engine of its own every time";
+  EXPECT_NE(platform.makeEngine(platform), platform.makeEngine(platform))
+      << "an engine of its own every time";
   EXPECT_NE(platform.makePdfExporter(), nullptr);
   EXPECT_NE(platform.loadPicture(""), nullptr);
   EXPECT_EQ(platform.defaultPrinter(), "");

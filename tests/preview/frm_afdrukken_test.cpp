@@ -36,9 +36,9 @@ TEST_F(PreviewWindow, MakesItsEngineWhenItIsLoaded) {
 
 TEST_F(PreviewWindow, ReachingAnyControlLoadsIt) {
   const std::function<void()> reaches[] = {
-      [&] { form->vsPrint(); },     [&] { form->Exporter(); },
-      [&] { form->tbAfdrukken(); }, [&] { form->imageWatermerk(0); },
-      [&] { form->PreviewSurface(); },     [&] { form->txtPaginanummer(); }};
+      [&] { form->vsPrint(); },        [&] { form->Exporter(); },
+      [&] { form->tbAfdrukken(); },    [&] { form->imageWatermerk(0); },
+      [&] { form->PreviewSurface(); }, [&] { form->txtPaginanummer(); }};
   for (const auto& reach : reaches) {
     form->Unload();
     reach();
