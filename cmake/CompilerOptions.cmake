@@ -11,10 +11,16 @@ target_compile_options(pagivo_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-re
 # tests are full of. Linked after pagivo_options, whose option this takes back.
 add_library(pagivo_test_options INTERFACE)
 target_compile_options(pagivo_test_options INTERFACE -Wno-null-dereference)
+# A test is compiled more often than it runs: optimising it costs more than it saves.
+if(PAGIVO_SANITIZE)
+  target_compile_options(pagivo_test_options INTERFACE -O0)
+elseif(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  target_compile_options(pagivo_test_options INTERFACE -O1)
+endif()
 if(PAGIVO_SANITIZE)
   # These two see ghosts in instrumented code.
   target_compile_options(pagivo_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+    -O1 -g1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
     -Wno-null-dereference -Wno-maybe-uninitialized)
   target_link_options(pagivo_options INTERFACE -fsanitize=address,undefined)
 endif()
