@@ -129,9 +129,4 @@ void NativeEngine::PutPicture(const ObjectRef& picture) {
   if (!image->IsEmpty()) recorder_->DrawPicture(target_, image);
 }
 
-void NativeEngine::PutRenderControl(const std::int32_t& window) {
-  throw Error(ErrorNumber::InvalidPropertyValue,
-              "Er is geen venster met nummer " + std::to_string(window));
-}
-
 }  // namespace pagivo::native

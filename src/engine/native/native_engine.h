@@ -11,6 +11,7 @@
 #include "engine/native/page_settings.h"
 #include "engine/native/text_layout.h"
 #include "engine/native/view/preview_state.h"
+#include "engine/native/window_pictures.h"
 #include "engine/print_engine.h"
 #include "window/window_system.h"
 
@@ -125,7 +126,6 @@ class NativeEngine final : public PrintEngine {
   void PutX2(double x) override;
   void PutY2(double y) override;
   void PutPicture(const ObjectRef& picture) override;
-  void PutRenderControl(const std::int32_t& window) override;
 
   // --- Printers (printers.cpp) --------------------------------------------------------------
   std::string GetDevices(std::int16_t index) override;
@@ -136,7 +136,11 @@ class NativeEngine final : public PrintEngine {
   std::int16_t GetCopies() override { return copies_; }
   void PutCopies(std::int16_t copies) override;
   void PrintDoc(bool showDialog, std::int16_t firstPage, std::int16_t lastPage) override;
+
+  // --- Windows (engine_windows.cpp) ---------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;
+  // In the window's own size. The print position stays.
+  void PutRenderControl(const std::int32_t& window) override;
 
   // --- The preview surface (preview.cpp) ----------------------------------------------------
   std::int16_t GetPreviewPage() override;
@@ -195,6 +199,7 @@ class NativeEngine final : public PrintEngine {
   Pen pen_;
   std::int32_t penColor_ = 0;
   Brush brush_;
+  WindowPictures windowPictures_;
   Rectangle target_;  // X1, Y1, X2, Y2
   std::int16_t copies_ = 1;
   PreviewState preview_;

@@ -36,12 +36,4 @@ void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t /*firstPage*/,
   throw Error(ErrorNumber::PrinterFailure, "Er is geen printer geïnstalleerd");
 }
 
-// A dialog about a printer that is not there cannot be confirmed.
-bool NativeEngine::GetPrintDialog(std::int32_t dialog) {
-  if (dialog != kPrinterSetupDialog && dialog != kPageSetupDialog) {
-    ThrowInvalidPropertyValue("PrintDialog");
-  }
-  return false;
-}
-
 }  // namespace pagivo::native

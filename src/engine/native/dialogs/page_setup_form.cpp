@@ -1,0 +1,198 @@
+#include "engine/native/dialogs/page_setup_form.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "engine/native/dialogs/dialog_controls.h"
+#include "engine/native/dialogs/millimetres.h"
+#include "values/conversions.h"
+
+namespace pagivo::native {
+namespace {
+
+constexpr float kMarginsTop = kDialogGap + kPaperFrameHeight + kDialogGap;
+constexpr float kMarginsHeight = 2412;
+constexpr float kClosingTop = kMarginsTop + kMarginsHeight + kDialogGap;
+
+constexpr ControlDesign MarginLabel(std::string_view name, std::string_view caption, float top) {
+  return {.name = name,
+          .kind = ControlKind::Label,
+          .caption = caption,
+          .placement = {120, top + 40, 900, 252},
+          .container = "marginsFrame"};
+}
+
+constexpr ControlDesign MarginBox(std::string_view name, float top) {
+  return {.name = name,
+          .kind = ControlKind::TextBox,
+          .placement = {1080, top, 852, 288},
+          .container = "marginsFrame",
+          .maximumLength = 8};
+}
+
+constexpr ControlDesign MarginUnit(std::string_view name, float top) {
+  return {.name = name,
+          .kind = ControlKind::Label,
+          .caption = "mm",
+          .placement = {2040, top + 40, 480, 252},
+          .container = "marginsFrame"};
+}
+
+constexpr std::array<ControlDesign, 15> kMarginControls{{
+    {.name = "marginsFrame",
+     .kind = ControlKind::Frame,
+     .caption = "Marges",
+     .placement = {kDialogGap, kMarginsTop, 2892, kMarginsHeight}},
+    MarginLabel("marginLeftLabel", "L&inks:", 360),
+    MarginBox("marginLeft", 360),
+    MarginUnit("marginLeftUnit", 360),
+    MarginLabel("marginRightLabel", "&Rechts:", 840),
+    MarginBox("marginRight", 840),
+    MarginUnit("marginRightUnit", 840),
+    MarginLabel("marginTopLabel", "&Boven:", 1320),
+    MarginBox("marginTop", 1320),
+    MarginUnit("marginTopUnit", 1320),
+    MarginLabel("marginBottomLabel", "&Onder:", 1800),
+    MarginBox("marginBottom", 1800),
+    MarginUnit("marginBottomUnit", 1800),
+    {.name = "pictureFrame",
+     .kind = ControlKind::Frame,
+     .caption = "Voorbeeld",
+     .placement = {3132, kMarginsTop, 3360, kMarginsHeight}},
+    {.name = "picture",
+     .kind = ControlKind::Surface,
+     .caption = "Voorbeeld van de pagina",
+     .placement = {120, 300, 3120, 1992},
+     .container = "pictureFrame"},
+}};
+
+constexpr auto kControls =
+    JoinControls(PaperControls(kDialogGap), kMarginControls, ClosingControls(kClosingTop));
+
+constexpr FormDesign kDesign{
+    .caption = "Pagina instellen",
+    .client = {.width = kDialogWidth, .height = kClosingTop + kClosingHeight},
+    .controls = kControls};
+
+// A margin in the dialog, in messages and in the engine.
+struct MarginDesign {
+  std::string_view box;
+  std::string_view name;
+  Variant (PrintEngine::*get)();
+  void (PrintEngine::*put)(const Variant& margin);
+};
+
+// In the order of the sides.
+constexpr std::array<MarginDesign, 4> kMargins{{
+    {"marginLeft", "linkermarge", &PrintEngine::GetMarginLeft, &PrintEngine::PutMarginLeft},
+    {"marginRight", "rechtermarge", &PrintEngine::GetMarginRight, &PrintEngine::PutMarginRight},
+    {"marginTop", "bovenmarge", &PrintEngine::GetMarginTop, &PrintEngine::PutMarginTop},
+    {"marginBottom", "ondermarge", &PrintEngine::GetMarginBottom, &PrintEngine::PutMarginBottom},
+}};
+
+// An entry that is a margin, in millimetres.
+std::optional<double> MarginIn(const TextBox& box) {
+  const auto margin = ParseMillimetres(box.Text());
+  return margin && *margin >= 0 ? margin : std::nullopt;
+}
+
+}  // namespace
+
+PageSetupForm::PageSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine)
+    : PaperForm(std::move(windows), kDesign, engine) {}
+
+void PageSetupForm::CreateControls() {
+  PaperForm::CreateControls();
+  Get<Surface>("picture").PutContent(picture_);
+  for (std::size_t side = 0; side < kSides; ++side) {
+    TextBox& box = BoxOf(side);
+    box.WhenFocused([&box] { box.SelectAll(); });
+    box.WhenChanged([this, side] { Attempt([this, side] { margin_Change(side); }); });
+  }
+}
+
+void PageSetupForm::OnLoad() {
+  PaperForm::OnLoad();
+  for (std::size_t side = 0; side < kSides; ++side) {
+    const double twips = ToDouble((Engine().*kMargins[side].get)());
+    BoxOf(side).PutText(FormatMillimetres(twips / kTwipsPerMillimetre));
+    margins_[side].shown = margins_[side].entered;
+  }
+}
+
+bool PageSetupForm::EntriesAreValid() {
+  for (std::size_t side = 0; side < kSides; ++side) {
+    if (!EntryIsValid(side)) return false;
+  }
+  const Extent page = ChosenPage();
+  return LeavesRoom(LeftSide, RightSide, page.width,
+                    "De linker- en rechtermarge laten geen ruimte over op het papier") &&
+         LeavesRoom(TopSide, BottomSide, page.height,
+                    "De boven- en ondermarge laten geen ruimte over op het papier");
+}
+
+bool PageSetupForm::EntryIsValid(std::size_t side) {
+  const std::string name(kMargins[side].name);
+  const auto entry = ParseMillimetres(BoxOf(side).Text());
+  if (!entry) {
+    Refuse(side, "De " + name + " is geen getal; vul bijvoorbeeld 12,5 in");
+  } else if (*entry < 0) {
+    Refuse(side, "De " + name + " mag niet negatief zijn");
+  }
+  return entry && *entry >= 0;
+}
+
+// Of two margins that are too wide together the wider one is the wrong one.
+bool PageSetupForm::LeavesRoom(Side first, Side second, double extent, std::string_view message) {
+  const double one = margins_[first].entered;
+  const double other = margins_[second].entered;
+  if ((one + other) * kTwipsPerMillimetre < extent) return true;
+  Refuse(one >= other ? first : second, std::string(message));
+  return false;
+}
+
+void PageSetupForm::Refuse(std::size_t side, std::string message) {
+  BoxOf(side).Focus();
+  BoxOf(side).SelectAll();
+  ShowMessage(std::move(message));
+}
+
+void PageSetupForm::AddChanges(EngineChanges& changes) {
+  PaperForm::AddChanges(changes);
+  for (std::size_t side = 0; side < kSides; ++side) AddMarginChange(changes, side);
+}
+
+void PageSetupForm::AddMarginChange(EngineChanges& changes, std::size_t side) {
+  const Margin& margin = margins_[side];
+  if (margin.entered == margin.shown) return;
+  const auto put = kMargins[side].put;
+  const double twips = margin.entered * kTwipsPerMillimetre;
+  const Variant before = (Engine().*kMargins[side].get)();
+  changes.Add([this, put, twips] { (Engine().*put)(twips); },
+              [this, put, before] { (Engine().*put)(before); });
+}
+
+TextBox& PageSetupForm::BoxOf(std::size_t side) {
+  return Get<TextBox>(kMargins[side].box);
+}
+
+void PageSetupForm::margin_Change(std::size_t side) {
+  const auto margin = MarginIn(BoxOf(side));
+  if (!margin) return;
+  margins_[side].entered = *margin;
+  ShowPicture();
+}
+
+void PageSetupForm::ShowPicture() {
+  const auto twips = [this](Side side) { return margins_[side].entered * kTwipsPerMillimetre; };
+  const Extent page = ChosenPage();
+  picture_->PutShape({.width = page.width,
+                      .height = page.height,
+                      .left = twips(LeftSide),
+                      .top = twips(TopSide),
+                      .right = twips(RightSide),
+                      .bottom = twips(BottomSide)});
+}
+
+}  // namespace pagivo::native

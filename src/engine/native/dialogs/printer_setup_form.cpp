@@ -1,0 +1,116 @@
+#include "engine/native/dialogs/printer_setup_form.h"
+
+#include <array>
+#include <utility>
+
+#include "engine/native/dialogs/dialog_controls.h"
+#include "values/errors_ignored.h"
+
+namespace pagivo::native {
+namespace {
+
+constexpr float kPaperTop = 1392;
+constexpr float kClosingTop = kPaperTop + kPaperFrameHeight + kDialogGap;
+
+constexpr std::array<ControlDesign, 5> kPrinterControls{{
+    {.name = "printerFrame",
+     .kind = ControlKind::Frame,
+     .caption = "Printer",
+     .placement = {kDialogGap, kDialogGap, kFrameWidth, 1152}},
+    {.name = "printersLabel",
+     .kind = ControlKind::Label,
+     .caption = "&Naam:",
+     .placement = {120, 360, 900, 252},
+     .container = "printerFrame"},
+    {.name = "printers",
+     .kind = ControlKind::ComboBox,
+     .placement = {1080, 320, 5172, 315},
+     .container = "printerFrame"},
+    {.name = "locationLabel",
+     .kind = ControlKind::Label,
+     .caption = "Waar:",
+     .placement = {120, 760, 900, 252},
+     .container = "printerFrame"},
+    {.name = "location",
+     .kind = ControlKind::Label,
+     .placement = {1080, 760, 5172, 252},
+     .container = "printerFrame"},
+}};
+
+constexpr auto kControls =
+    JoinControls(kPrinterControls, PaperControls(kPaperTop), ClosingControls(kClosingTop));
+
+constexpr FormDesign kDesign{
+    .caption = "Printer instellen",
+    .client = {.width = kDialogWidth, .height = kClosingTop + kClosingHeight},
+    .controls = kControls};
+
+// Makes a printer the engine's for as long as this lives, to ask what it can do. An engine that has
+// no printer cannot be brought back to that, so it keeps none.
+class BorrowedPrinter {
+ public:
+  BorrowedPrinter(PrintEngine& engine, const std::string& printer)
+      : engine_(engine), own_(engine.GetDevice()), isBorrowed_(!own_.empty() && printer != own_) {
+    if (isBorrowed_) engine_.PutDevice(printer);
+  }
+  ~BorrowedPrinter() {
+    if (isBorrowed_) IgnoringErrors([this] { engine_.PutDevice(own_); });
+  }
+  BorrowedPrinter(const BorrowedPrinter&) = delete;
+  BorrowedPrinter& operator=(const BorrowedPrinter&) = delete;
+
+ private:
+  PrintEngine& engine_;
+  std::string own_;
+  bool isBorrowed_;
+};
+
+}  // namespace
+
+PrinterSetupForm::PrinterSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine)
+    : PaperForm(std::move(windows), kDesign, engine) {}
+
+void PrinterSetupForm::CreateControls() {
+  PaperForm::CreateControls();
+  printers().WhenClicked([this] { Attempt([this] { printers_Click(); }); });
+}
+
+// A list of printers that cannot be had leaves the paper to be chosen.
+void PrinterSetupForm::OnLoad() {
+  PaperForm::OnLoad();
+  Attempt([this] { ListPrinters(); });
+}
+
+void PrinterSetupForm::ListPrinters() {
+  const std::int16_t count = Engine().GetNDevices();
+  printers().PutEnabled(count > 0);
+  Get("location").PutCaption(count > 0 ? "" : "Er zijn geen printers geïnstalleerd");
+  for (std::int16_t i = 0; i < count; ++i) printers().AddItem(Engine().GetDevices(i));
+  enginePrinter_ = Engine().GetDevice();
+  SelectPrinter();
+}
+
+void PrinterSetupForm::SelectPrinter() {
+  for (std::int32_t i = 0; i < printers().Count(); ++i) {
+    if (printers().Item(i) == enginePrinter_) return printers().PutListIndex(i);
+  }
+}
+
+void PrinterSetupForm::printers_Click() {
+  const BorrowedPrinter borrowed(Engine(), printers().Text());
+  Get("location").PutCaption(Engine().GetPort());
+  ListPapers();
+  if (!ChosenPaperIsSupported()) ShowMessage("Deze printer heeft dit papierformaat niet");
+}
+
+// First, for the printer decides on the paper.
+void PrinterSetupForm::AddChanges(EngineChanges& changes) {
+  const std::string& printer = printers().Text();
+  if (!printer.empty() && printer != enginePrinter_) {
+    changes.Add([this, printer] { Engine().PutDevice(printer); },
+                [this] { Engine().PutDevice(enginePrinter_); });
+  }
+  PaperForm::AddChanges(changes);
+}
+
+}  // namespace pagivo::native

@@ -1,0 +1,28 @@
+// NativeEngine's own dialogs, and windows that are drawn into the document.
+#include "engine/native/dialogs/engine_dialogs.h"
+#include "engine/native/native_engine.h"
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+
+bool NativeEngine::GetPrintDialog(std::int32_t dialog) {
+  return ShowEngineDialog(dialog, *this, services_.windows);
+}
+
+// A window of no size draws nothing.
+void NativeEngine::PutRenderControl(const std::int32_t& window) {
+  RequireDrawing();
+  if (!services_.windows) {
+    throw Error(ErrorNumber::InvalidArgument,
+                "Er is geen venster met nummer " + std::to_string(window));
+  }
+  const WindowImage image = services_.windows->CaptureWindow(window);
+  if (image.pixels.empty()) return;
+  SettlePrintPosition();
+  const auto x = static_cast<float>(position_.x);
+  const auto y = static_cast<float>(position_.y);
+  recorder_->DrawPicture({x, y, x + image.size.width, y + image.size.height},
+                         windowPictures_.PictureOf(image));
+}
+
+}  // namespace pagivo::native
