@@ -307,7 +307,7 @@ TEST(LateBoundPrint, DiscardsThePreviewWindow) {
 
 TEST(LateBoundPrint, HandsTheDialogsChoicesBack) {
   Host host;
-  host.platform.Windows().AddScript([](Form& dialog) {
+  host.platform.Windows().AddScript([](Form& dialog, FormUser&) {
     State().PrintDevice = "Inkt";
     State().PrintCopies = 3;
     State().PrintFromPage = 2;

@@ -306,7 +306,7 @@ TEST_F(Lifecycle, FinishEndsTheDocumentThroughTheObjectsOwnClose) {
 TEST_F(Lifecycle, FinishShowsNothing) {
   PgPrint print;
   bool shown = false;
-  platform.Windows().AddScript([&](Form&) { shown = true; });
+  platform.Windows().AddScript([&](Form&, FormUser&) { shown = true; });
   print.VsPPFinish("Rapport");
   EXPECT_FALSE(shown);
   EXPECT_FALSE(PreviewForm().Visible());
@@ -368,7 +368,7 @@ TEST_F(Lifecycle, TheWatermarkOutlivesEindeAndIsDrawnByTheNextEngine) {
 TEST_F(Lifecycle, EindeDuringTheModalPreviewEndsTheShowing) {
   PgPrint print;
   std::int16_t page = 1;
-  platform.Windows().AddScript([&](Form&) { print.VsPPEinde(); });
+  platform.Windows().AddScript([&](Form&, FormUser&) { print.VsPPEinde(); });
   print.VsPreviewFile(page);
   EXPECT_FALSE(PreviewForm().IsLoaded());
 }

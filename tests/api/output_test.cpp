@@ -19,8 +19,9 @@ class Preview : public ApiTest {
   // The page that the engine is told to show, as its log has it, before the window is shown.
   std::string PageShown(std::int16_t& page) {
     Lines beforeShowing;
-    platform.Windows().AddScript(
-        [&](Form&) { beforeShowing = platform.Log().LinesBeginning("put PreviewPage"); });
+    platform.Windows().AddScript([&](Form&, FormUser&) {
+      beforeShowing = platform.Log().LinesBeginning("put PreviewPage");
+    });
     platform.Log().Clear();
     print.VsPreviewFile(page);
     EXPECT_EQ(platform.Windows().ScriptsLeft(), 0U) << "the window was not shown";
@@ -78,7 +79,7 @@ TEST_F(Preview, AOnePageDocumentAsksForPageZeroAndIsShown) {
 
 TEST_F(Preview, ReadsTheZoomModeAndThenThePageCount) {
   Lines beforeShowing;
-  platform.Windows().AddScript([&](Form&) { beforeShowing = platform.Log().Lines(); });
+  platform.Windows().AddScript([&](Form&, FormUser&) { beforeShowing = platform.Log().Lines(); });
   std::int16_t page = 2;
   print.VsPreviewFile(page);
   beforeShowing.resize(3);
@@ -88,7 +89,7 @@ TEST_F(Preview, ReadsTheZoomModeAndThenThePageCount) {
 
 TEST_F(Preview, APageBelowOneNeedsNoPageCount) {
   Lines beforeShowing;
-  platform.Windows().AddScript([&](Form&) { beforeShowing = platform.Log().Lines(); });
+  platform.Windows().AddScript([&](Form&, FormUser&) { beforeShowing = platform.Log().Lines(); });
   std::int16_t page = 0;
   print.VsPreviewFile(page);
   beforeShowing.resize(2);
@@ -111,7 +112,7 @@ TEST_F(Preview, AnEngineThatRefusesThePageIsShownAllTheSame) {
   Engine().FailOn("put PreviewPage");
   Engine().FailOn("get ZoomMode", 1);
   bool shown = false;
-  platform.Windows().AddScript([&](Form&) { shown = true; });
+  platform.Windows().AddScript([&](Form&, FormUser&) { shown = true; });
   std::int16_t page = 3;
   print.VsPreviewFile(page);
   EXPECT_TRUE(shown);
@@ -127,7 +128,7 @@ TEST_F(Preview, AWindowThatCannotBePaintedEndsItsShowing) {
 
 TEST_F(Preview, ReturnsWhenTheWindowIsHiddenAndKeepsTheDocument) {
   bool visible = false;
-  platform.Windows().AddScript([&](Form& form) {
+  platform.Windows().AddScript([&](Form& form, FormUser&) {
     visible = form.Visible();
     form.Hide();
   });
@@ -148,7 +149,7 @@ TEST_F(Preview, ClosingTheWindowKeepsTheDocument) {
 }
 
 TEST_F(Preview, TheEngineIsUsableWhileTheWindowIsShown) {
-  platform.Windows().AddScript([&](Form&) { print.VsPrintFile(Integer(1)); });
+  platform.Windows().AddScript([&](Form&, FormUser&) { print.VsPrintFile(Integer(1)); });
   std::int16_t page = 1;
   EXPECT_THAT(LogOf([&] { print.VsPreviewFile(page); }),
               Contains("call PrintDoc Boolean False, Integer 1, Integer 5"));

@@ -49,7 +49,7 @@ class PreviewPlacement : public ApiTest {
   Placement ShownOver(const ObjectRef& host) {
     print.VsPPStart(host);
     Placement shown;
-    platform.Windows().AddScript([&](Form& form) {
+    platform.Windows().AddScript([&](Form& form, FormUser&) {
       EXPECT_EQ(form.GetWindowState(), WindowState::Normal);
       shown = {form.Left(), form.Top(), form.Width(), form.Height()};
     });

@@ -5,6 +5,7 @@
 
 #include "api/api_test.h"
 #include "platform/platform.h"
+#include "window/headless/headless_windows.h"
 
 namespace pagivo::testing {
 namespace {

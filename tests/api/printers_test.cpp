@@ -118,9 +118,9 @@ class PrinterDialog : public ApiTest {
     form.Unload();
   }
 
-  static void Cancel(Form& form) { HeadlessUser(form).Click("cmdAnnuleren"); }
+  static void Cancel(Form&, FormUser& user) { user.Click("cmdAnnuleren"); }
 
-  void User(HeadlessWindows::Script does) { platform.Windows().AddScript(std::move(does)); }
+  void User(TrialWindows::Script does) { platform.Windows().AddScript(std::move(does)); }
 
   // Shows the dialog for `request`, which receives the choices.
   Variant Show(Request& request) {
@@ -138,9 +138,9 @@ TEST_F(PrinterDialog, ShowsTheHostsChoicesWithinTheirRange) {
         Row{-4, -3, 7, 1, 0, 7}, Row{9, 7, -1, 9, 7, 0}, Row{-32768, -32768, -32768, 1, 0, 0},
         Row{999, 32767, 32767, 999, 32767, 32767}}) {
     Request shown;
-    User([&](Form& form) {
+    User([&](Form& form, FormUser& user) {
       shown = RequestInState();
-      Cancel(form);
+      Cancel(form, user);
     });
     Request request{"", Integer(row.copies), Integer(row.from), Integer(row.to)};
     Show(request);
@@ -164,8 +164,7 @@ TEST_F(PrinterDialog, TheChoicesMadeInTheDialogReachTheHost) {
   platform.Engine().Answer("NDevices", Integer(2));
   platform.Engine().AnswerFor("Devices", Integer(0), "Inkt");
   platform.Engine().AnswerFor("Devices", Integer(1), "Laser");
-  User([](Form& form) {
-    HeadlessUser user(form);
+  User([](Form&, FormUser& user) {
     user.Pick("cboPrinters", 1);
     user.Click("optSelectie");
     user.Replace("txtVan", "2");
@@ -181,7 +180,7 @@ TEST_F(PrinterDialog, TheChoicesMadeInTheDialogReachTheHost) {
 
 TEST_F(PrinterDialog, ConfirmingGivesTheHostTheChoices) {
   const Request chosen{"Laser", 4, 2, 9};
-  User([&](Form& form) { Confirm(form, chosen); });
+  User([&](Form& form, FormUser&) { Confirm(form, chosen); });
   Request request{"Inkt", 1, 0, 0};
   EXPECT_EQ(Show(request), Variant(true));
   EXPECT_EQ(request, chosen);
@@ -204,9 +203,9 @@ TEST_F(PrinterDialog, ClosingTheWindowIsCancelling) {
 
 TEST_F(PrinterDialog, TheHostsPrinterNameIsNotRead) {
   std::string seen = "nothing";
-  User([&](Form& form) {
+  User([&](Form& form, FormUser& user) {
     seen = State().PrintDevice;
-    Cancel(form);
+    Cancel(form, user);
   });
   Request request{"Inkt", 1, 0, 0};
   Show(request);
@@ -214,15 +213,15 @@ TEST_F(PrinterDialog, TheHostsPrinterNameIsNotRead) {
 }
 
 TEST_F(PrinterDialog, WritesNothingToTheEngine) {
-  User([](Form& form) { Confirm(form, {"Laser", 4, 2, 9}); });
+  User([](Form& form, FormUser&) { Confirm(form, {"Laser", 4, 2, 9}); });
   Request request{"Inkt", 1, 0, 0};
   EXPECT_THAT(WritesOf([&] { Show(request); }), IsEmpty());
 }
 
 TEST_F(PrinterDialog, APrinterPickedBeforeCancellingStays) {
-  User([&](Form& form) {
+  User([&](Form& form, FormUser& user) {
     print.VsPPSetDevice("Laser");
-    Cancel(form);
+    Cancel(form, user);
   });
   Request request{"Inkt", 1, 0, 0};
   Show(request);
@@ -232,11 +231,11 @@ TEST_F(PrinterDialog, APrinterPickedBeforeCancellingStays) {
 TEST_F(PrinterDialog, EveryShowingIsANewDialog) {
   Request request{"Inkt", 1, 0, 0};
   std::weak_ptr<Form> first;
-  User([&](Form& form) { first = form.weak_from_this(); });
+  User([&](Form& form, FormUser&) { first = form.weak_from_this(); });
   Show(request);
   EXPECT_TRUE(first.expired());
   bool shownAgain = false;
-  User([&](Form&) { shownAgain = true; });
+  User([&](Form&, FormUser&) { shownAgain = true; });
   Show(request);
   EXPECT_TRUE(shownAgain);
 }

@@ -12,7 +12,6 @@
 #include "dialogs/engine_source.h"
 #include "state/module_state.h"
 #include "support/recording_platform.h"
-#include "window/headless/headless_user.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
 #include "window/text_box.h"
@@ -63,11 +62,8 @@ class DialogTest : public ::testing::Test {
   ~DialogTest() override { State() = ModuleState{}; }
 
   // The user of the next showing.
-  void User(std::function<void(HeadlessUser& user)> acts) {
-    platform.Windows().AddScript([acts = std::move(acts)](Form& form) {
-      HeadlessUser user(form);
-      acts(user);
-    });
+  void User(std::function<void(FormUser& user)> acts) {
+    platform.Windows().AddScript([acts = std::move(acts)](Form&, FormUser& user) { acts(user); });
   }
 
   RecordingPlatform platform;

@@ -141,7 +141,7 @@ TEST_F(PrintRange, CopiesThatTheBarCannotHoldFailTheLoad) {
 // --- The user's choices -----------------------------------------------------------------------
 
 TEST_F(PrintRange, TheOptionsSwitchTheRangeBoxesAndLeaveTextsAndFocus) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     for (const auto* option : {"optSelectie", "optHuidig", "optSelectie", "optAlles"}) {
       user.Click(option);
       for (const auto* name : {"lblVan", "txtVan", "lblTm", "txtTm"}) {
@@ -156,7 +156,7 @@ TEST_F(PrintRange, TheOptionsSwitchTheRangeBoxesAndLeaveTextsAndFocus) {
 }
 
 TEST_F(PrintRange, TypedCopiesAreHeldBetween1And1000) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.Replace("txtAantal", "7");
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 994);
     user.Erase("txtAantal");
@@ -172,7 +172,7 @@ TEST_F(PrintRange, TypedCopiesAreHeldBetween1And1000) {
 
 TEST_F(PrintRange, TwoAndAHalfCopiesEndAsThree) {
   State().PrintCopies = 2;
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.Type("txtAantal", "2.5");
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 998);
     EXPECT_EQ(Text("txtAantal"), "3");
@@ -182,7 +182,7 @@ TEST_F(PrintRange, TwoAndAHalfCopiesEndAsThree) {
 
 TEST_F(PrintRange, TheBarsUpperArrowRaisesTheCopies) {
   State().PrintCopies = 5;
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.ClickUpArrow("vsbAantal");
     EXPECT_EQ(Text("txtAantal"), "6");
     user.Scroll("vsbAantal", 1000);
@@ -193,7 +193,7 @@ TEST_F(PrintRange, TheBarsUpperArrowRaisesTheCopies) {
 
 TEST_F(PrintRange, ABoxThatGetsTheFocusIsSelectedWhole) {
   State().PrintRange = 2;
-  User([this](HeadlessUser&) {
+  User([this](FormUser&) {
     for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
       auto& box = Get<TextBox>(name);
       box.Focus();
@@ -208,7 +208,7 @@ TEST_F(PrintRange, PaginaOpensTheEnginesPageSetupAndStaysOpen) {
   for (const bool confirmed : {false, true}) {
     engine->Answer("PrintDialog", confirmed);
     engine->ClearLog();
-    User([this](HeadlessUser& user) {
+    User([this](FormUser& user) {
       user.Click("cmdPrinter");
       EXPECT_TRUE(Dialog().Visible());
       user.Click("cmdAnnuleren");
@@ -220,7 +220,7 @@ TEST_F(PrintRange, PaginaOpensTheEnginesPageSetupAndStaysOpen) {
 
 TEST_F(PrintRange, AFailingPageSetupIsPassedOnAndLeavesNoDialogOpen) {
   engine->FailOn("get PrintDialog");
-  User([](HeadlessUser& user) { user.Click("cmdPrinter"); });
+  User([](FormUser& user) { user.Click("cmdPrinter"); });
   EXPECT_THROW(Show(), Error);
   EXPECT_FALSE(Dialog().IsLoaded());
 }
@@ -245,7 +245,7 @@ TEST_F(PrintRange, OkValidatesTheTypedRange) {
            Row{"2.5", "3.5", 2, 4},
        }) {
     State().PrintRange = 2;
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Replace("txtVan", row.van);
       user.Replace("txtTm", row.tm);
       user.Click("cmdOK");
@@ -264,7 +264,7 @@ TEST_F(PrintRange, OkReadsTheRangeWhateverTheOption) {
     int range;
   };
   for (const Row& row : {Row{"optAlles", 0}, Row{"optHuidig", 1}, Row{"optSelectie", 2}}) {
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Click("optSelectie");
       user.Replace("txtVan", "4");
       user.Replace("txtTm", "6");
@@ -280,7 +280,7 @@ TEST_F(PrintRange, OkReadsTheRangeWhateverTheOption) {
 
 TEST_F(PrintRange, OkTakesTheCopies) {
   for (const auto& [typed, copies] : {std::pair{"1000", 1000}, {"3", 3}, {"0", 1}, {"x", 1}}) {
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Replace("txtAantal", typed);
       user.Click("cmdOK");
     });
@@ -292,13 +292,13 @@ TEST_F(PrintRange, OkTakesTheCopies) {
 // --- Ending -----------------------------------------------------------------------------------
 
 TEST_F(PrintRange, AnnulerenAndEscCancelAndChangeNothingElse) {
-  const std::function<void(HeadlessUser&)> ways[] = {
-      [](HeadlessUser& user) { user.Click("cmdAnnuleren"); },
-      [](HeadlessUser& user) { user.Press(27); },
+  const std::function<void(FormUser&)> ways[] = {
+      [](FormUser& user) { user.Click("cmdAnnuleren"); },
+      [](FormUser& user) { user.Press(27); },
   };
   for (const auto& cancel : ways) {
     State().PrintCancelled = false;
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Click("optSelectie");
       user.Replace("txtVan", "4");
       user.Replace("txtAantal", "9");
@@ -315,7 +315,7 @@ TEST_F(PrintRange, AnnulerenAndEscCancelAndChangeNothingElse) {
 TEST_F(PrintRange, TheCloseBoxRunsNothing) {
   for (const bool before : {false, true}) {
     State().PrintCancelled = before;
-    User([](HeadlessUser& user) {
+    User([](FormUser& user) {
       user.Replace("txtAantal", "9");
       user.Close();
     });
@@ -326,7 +326,7 @@ TEST_F(PrintRange, TheCloseBoxRunsNothing) {
 }
 
 TEST_F(PrintRange, ReopensWithTheLastChoices) {
-  User([](HeadlessUser& user) {
+  User([](FormUser& user) {
     user.Click("optHuidig");
     user.Replace("txtAantal", "4");
     user.Click("cmdOK");

@@ -96,7 +96,7 @@ TEST_F(PrinterSetup, EveryControlIsInTahoma8) {
 }
 
 TEST_F(PrinterSetup, OpensWithTheFocusOnThePrinters) {
-  User([this](HeadlessUser&) { EXPECT_EQ(Dialog().Controls().Focused(), &Get("cboPrinters")); });
+  User([this](FormUser&) { EXPECT_EQ(Dialog().Controls().Focused(), &Get("cboPrinters")); });
   Show();
 }
 
@@ -124,7 +124,7 @@ TEST_F(PrinterSetup, SelectsTheFirstOfTwoPrintersOfOneName) {
 TEST_F(PrinterSetup, APrinterNotInTheListSelectsNothingAndOkGivesNoName) {
   engine->Answer("Device", "laser");
   State().PrintDevice = "Vorige";
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), -1);
     EXPECT_EQ(Get("lblType").Caption(), "");
     EXPECT_EQ(Get("lblWaar").Caption(), "LPT1:");
@@ -148,7 +148,7 @@ TEST_F(PrinterSetup, LooksOnePastTheLastItemAndSelectsNothingThere) {
 }
 
 TEST_F(PrinterSetup, PickingAPrinterSwitchesTheEngineAtOnce) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     engine->ClearLog();
     user.Pick("cboPrinters", 2);
     EXPECT_THAT(engine->Log(), ElementsAre("put Device String \"Plotter\"", "get Port"));
@@ -161,7 +161,7 @@ TEST_F(PrinterSetup, PickingAPrinterSwitchesTheEngineAtOnce) {
 
 TEST_F(PrinterSetup, OnlyPickingTheDefaultPrinterShowsThatItIsReady) {
   platform.PutDefaultPrinter("Plotter");
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     EXPECT_EQ(Get("lblStatus").Caption(), "");
     user.Pick("cboPrinters", 0);
     EXPECT_EQ(Get("lblStatus").Caption(), "");
@@ -175,7 +175,7 @@ TEST_F(PrinterSetup, OnlyPickingTheDefaultPrinterShowsThatItIsReady) {
 
 TEST_F(PrinterSetup, ShowsThePortOfThePickedPrinter) {
   engine->AnswerInTurn("Port", {"USB001", "LPT2:"});
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     EXPECT_EQ(Get("lblWaar").Caption(), "USB001");
     user.Pick("cboPrinters", 0);
     EXPECT_EQ(Get("lblWaar").Caption(), "LPT2:");
@@ -185,7 +185,7 @@ TEST_F(PrinterSetup, ShowsThePortOfThePickedPrinter) {
 
 TEST_F(PrinterSetup, APrinterThatTheEngineRefusesFailsAndLeavesNoDialog) {
   engine->FailOn("put Device String \"Inkt\"");
-  User([](HeadlessUser& user) { user.Pick("cboPrinters", 0); });
+  User([](FormUser& user) { user.Pick("cboPrinters", 0); });
   const std::weak_ptr<Form> shown = Dialog().weak_from_this();
   EXPECT_THROW(Show(), Error);
   EXPECT_TRUE(shown.expired());
@@ -217,7 +217,7 @@ TEST_F(PrinterSetup, OpensWithTheRangeOfTheRequest) {
 }
 
 TEST_F(PrinterSetup, TheOptionsSwitchTheRangeBoxesAndLeaveTextsAndFocus) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.Click("optSelectie");
     user.Replace("txtVan", "4");
     user.Click("optAlles");
@@ -244,7 +244,7 @@ TEST_F(PrinterSetup, OkTakesTheRangeAsTyped) {
        {Row{true, "3", "5", 0, 0}, Row{false, "3", "", 3, 0}, Row{false, "", "5", 0, 5},
         Row{false, "7", "4", 7, 4}, Row{false, "2.5", "3.5", 2, 4}, Row{false, "x", "8blz", 0, 8},
         Row{false, "-2", "32767", -2, 32767}}) {
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Click("optSelectie");
       user.Replace("txtVan", row.van);
       user.Replace("txtTm", row.tm);
@@ -260,7 +260,7 @@ TEST_F(PrinterSetup, OkTakesTheRangeAsTyped) {
 
 TEST_F(PrinterSetup, APageBeyond16BitsFailsOkAndLeavesNoDialog) {
   for (const auto* box : {"txtVan", "txtTm"}) {
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Click("optSelectie");
       user.Replace(box, "40000");
       user.Click("cmdOK");
@@ -292,7 +292,7 @@ TEST_F(PrinterSetup, CopiesThatTheBarCannotHoldFailTheLoad) {
 
 TEST_F(PrinterSetup, TheBarsUpperArrowRaisesTheCopies) {
   State().PrintCopies = 5;
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.ClickUpArrow("vsbAantal");
     EXPECT_EQ(Text("txtAantal"), "6");
     user.ClickDownArrow("vsbAantal");
@@ -307,7 +307,7 @@ TEST_F(PrinterSetup, TheBarsUpperArrowRaisesTheCopies) {
 }
 
 TEST_F(PrinterSetup, TypedCopiesAreHeldBetween1And999) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.Replace("txtAantal", "7");
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 993);
     user.Erase("txtAantal");
@@ -324,7 +324,7 @@ TEST_F(PrinterSetup, TypedCopiesAreHeldBetween1And999) {
 }
 
 TEST_F(PrinterSetup, LettersBehindTheTypedCopiesStay) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.Type("txtAantal", "12abc");
     EXPECT_EQ(Text("txtAantal"), "12abc");
     user.Click("cmdOK");
@@ -339,7 +339,7 @@ TEST_F(PrinterSetup, OkTakesUpTo99CopiesAndFallsBackTo1) {
     int copies;
   };
   for (const Row& row : {Row{"1", 1}, Row{"99", 99}, Row{"100", 1}, Row{"999", 1}, Row{"0", 1}}) {
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Replace("txtAantal", row.typed);
       user.Click("cmdOK");
     });
@@ -351,7 +351,7 @@ TEST_F(PrinterSetup, OkTakesUpTo99CopiesAndFallsBackTo1) {
 TEST_F(PrinterSetup, ABoxThatGetsTheFocusIsSelectedWhole) {
   State().PrintFromPage = 12;
   State().PrintToPage = 345;
-  User([this](HeadlessUser&) {
+  User([this](FormUser&) {
     for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
       auto& box = Get<TextBox>(name);
       box.Focus();
@@ -366,17 +366,17 @@ TEST_F(PrinterSetup, ABoxThatGetsTheFocusIsSelectedWhole) {
 
 TEST_F(PrinterSetup, EnterConfirms) {
   State().PrintCancelled = true;
-  User([](HeadlessUser& user) { user.Press(13); });
+  User([](FormUser& user) { user.Press(13); });
   Show();
   EXPECT_FALSE(State().PrintCancelled);
   EXPECT_EQ(State().PrintDevice, "Laser");
 }
 
 TEST_F(PrinterSetup, AnnulerenEscAndTheCloseBoxCancelAndChangeNothingElse) {
-  const std::function<void(HeadlessUser&)> ways[] = {
-      [](HeadlessUser& user) { user.Click("cmdAnnuleren"); },
-      [](HeadlessUser& user) { user.Press(27); },
-      [](HeadlessUser& user) { user.Close(); },
+  const std::function<void(FormUser&)> ways[] = {
+      [](FormUser& user) { user.Click("cmdAnnuleren"); },
+      [](FormUser& user) { user.Press(27); },
+      [](FormUser& user) { user.Close(); },
   };
   for (const auto& cancel : ways) {
     State().PrintCancelled = false;
@@ -384,7 +384,7 @@ TEST_F(PrinterSetup, AnnulerenEscAndTheCloseBoxCancelAndChangeNothingElse) {
     State().PrintCopies = 2;
     State().PrintFromPage = 3;
     State().PrintToPage = 4;
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Replace("txtAantal", "9");
       user.Replace("txtVan", "9");
       cancel(user);
@@ -421,7 +421,7 @@ TEST_F(PrinterSetup, EachShowingIsAFreshDialog) {
 
 TEST_F(PrinterSetup, ADialogThatIsOpenIsTheSameOne) {
   platform.Windows().AddScript(
-      [this](Form& dialog) { EXPECT_EQ(&PrinterSetupDialog(source), &dialog); });
+      [this](Form& dialog, FormUser&) { EXPECT_EQ(&PrinterSetupDialog(source), &dialog); });
   Show();
 }
 

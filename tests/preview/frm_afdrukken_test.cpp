@@ -65,7 +65,7 @@ TEST_F(PreviewWindow, ReleasingItLoadedGivesUpItsEvents) {
 
 TEST_F(PreviewWindow, ClosingByTheUserOnlyHidesIt) {
   const std::shared_ptr<PrintEngine> engine = form->vsPrint();
-  platform.Windows().AddScript([](Form& shown) {
+  platform.Windows().AddScript([](Form& shown, FormUser&) {
     shown.Unload(UnloadMode::ControlMenu);
     EXPECT_FALSE(shown.Visible());
   });
@@ -185,7 +185,7 @@ TEST_F(PreviewWindow, PaintingRefreshesThePageBox) {
 
 TEST_F(PreviewWindow, ThePageBoxIsCurrentWhenTheWindowAppears) {
   Show(12, 4);
-  User([this](HeadlessUser&) { EXPECT_EQ(PageBox(), "4/12"); });
+  User([this](FormUser&) { EXPECT_EQ(PageBox(), "4/12"); });
   form->ShowModal();
 }
 
@@ -257,7 +257,7 @@ TEST_F(PreviewWindow, AResizeWorksOnTheProcessesWindowWhicheverWindowItReaches) 
 
 TEST_F(PreviewWindow, EscHidesItWhicheverControlHasTheFocus) {
   for (const auto* name : {"txtPaginanummer", "vsPrint"}) {
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       form->Get(name).Focus();
       user.Press(27);
       EXPECT_FALSE(form->Visible());
@@ -269,7 +269,7 @@ TEST_F(PreviewWindow, EscHidesItWhicheverControlHasTheFocus) {
 }
 
 TEST_F(PreviewWindow, OtherKeysLeaveItOpen) {
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     for (const std::int16_t key : {kKeyEnter, kKeyUp, kKeyDown}) user.Press(key);
     EXPECT_TRUE(form->Visible());
   });
@@ -279,9 +279,9 @@ TEST_F(PreviewWindow, OtherKeysLeaveItOpen) {
 TEST_F(PreviewWindow, ClosingAndShowingAgainShowsTheSameDocument) {
   Show(12, 3);
   const std::shared_ptr<PrintEngine> engine = form->vsPrint();
-  User([](HeadlessUser& user) { user.Close(); });
+  User([](FormUser& user) { user.Close(); });
   form->ShowModal();
-  User([&](HeadlessUser&) {
+  User([&](FormUser&) {
     EXPECT_EQ(form->vsPrint(), engine);
     EXPECT_EQ(PageBox(), "3/12");
   });

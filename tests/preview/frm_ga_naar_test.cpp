@@ -9,7 +9,6 @@
 #include "pagivo/error.h"
 #include "state/module_state.h"
 #include "support/recording_platform.h"
-#include "window/headless/headless_user.h"
 
 namespace pagivo::testing {
 namespace {
@@ -29,16 +28,13 @@ class GoToPage : public ::testing::Test {
     State().ContentsPage(entry) = static_cast<std::int16_t>(page);
   }
 
-  void User(std::function<void(HeadlessUser& user)> acts) {
-    platform.Windows().AddScript([acts = std::move(acts)](Form& form) {
-      HeadlessUser user(form);
-      acts(user);
-    });
+  void User(std::function<void(FormUser& user)> acts) {
+    platform.Windows().AddScript([acts = std::move(acts)](Form&, FormUser& user) { acts(user); });
   }
 
   // The result when `text` is typed and confirmed.
   int ResultOf(std::string_view text) {
-    User([text](HeadlessUser& user) {
+    User([text](FormUser& user) {
       user.Replace("cboGaNaar", text);
       user.Click("cmdOK");
     });
@@ -118,7 +114,7 @@ TEST_F(GoToPage, MoreContentsThanTheTableHoldsFailTheLoad) {
 }
 
 TEST_F(GoToPage, MoreContentsThanTheTableHoldsFailTheSearch) {
-  User([](HeadlessUser& user) {
+  User([](FormUser& user) {
     State().ContentsCount = 51;
     user.Replace("cboGaNaar", "nergens");
     user.Click("cmdOK");
@@ -147,7 +143,7 @@ TEST_F(GoToPage, ANumberBelow16BitsFailsAndLeavesNoDialog) {
 
 TEST_F(GoToPage, ATitleWinsOverTheNumberItStartsWith) {
   AddContents("2 Berekening", 9);
-  User([](HeadlessUser& user) {
+  User([](FormUser& user) {
     user.Pick("cboGaNaar", 0);
     user.Press(13);
   });
@@ -173,14 +169,14 @@ TEST_F(GoToPage, AnEmptyTextFindsAnEmptyTitle) {
 }
 
 TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {
-  const std::function<void(HeadlessUser&)> ways[] = {
-      [](HeadlessUser& user) { user.Click("cmdAnnuleren"); },
-      [](HeadlessUser& user) { user.Press(27); },
-      [](HeadlessUser& user) { user.Close(); },
+  const std::function<void(FormUser&)> ways[] = {
+      [](FormUser& user) { user.Click("cmdAnnuleren"); },
+      [](FormUser& user) { user.Press(27); },
+      [](FormUser& user) { user.Close(); },
   };
   for (const auto& leave : ways) {
     State().GoToPageResult = 5;
-    User([&](HeadlessUser& user) {
+    User([&](FormUser& user) {
       user.Replace("cboGaNaar", "3");
       leave(user);
     });

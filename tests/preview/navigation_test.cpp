@@ -13,7 +13,7 @@ class PreviewNavigation : public PreviewTest {
     return DoingsOf([&] { form->BladerNaar(static_cast<std::int16_t>(direction)); });
   }
   std::vector<std::string> GoTo(std::string page) {
-    User([page](HeadlessUser& user) {
+    User([page](FormUser& user) {
       user.Replace("cboGaNaar", page);
       user.Click("cmdOK");
     });
@@ -164,8 +164,8 @@ TEST_F(PreviewNavigation, InPairsAnEvenPageIsShownWithTheOneBefore) {
 
 TEST_F(PreviewNavigation, AClickOnThePageBoxAsksForAPage) {
   Show(5, 1);
-  User([this](HeadlessUser& user) {
-    User([](HeadlessUser& dialog) {
+  User([this](FormUser& user) {
+    User([](FormUser& dialog) {
       dialog.Replace("cboGaNaar", "2");
       dialog.Click("cmdOK");
     });
@@ -177,7 +177,7 @@ TEST_F(PreviewNavigation, AClickOnThePageBoxAsksForAPage) {
 
 TEST_F(PreviewNavigation, AFailingDialogIsPassedOnAndNoneStaysBehind) {
   Show(5, 3);
-  User([](HeadlessUser& user) {
+  User([](FormUser& user) {
     user.Replace("cboGaNaar", "-40000");
     user.Click("cmdOK");
   });
@@ -186,7 +186,7 @@ TEST_F(PreviewNavigation, AFailingDialogIsPassedOnAndNoneStaysBehind) {
 }
 
 TEST_F(PreviewNavigation, AWindowDiscardedWhileAskingIsNotMadeAgain) {
-  platform.Windows().AddScript([this](Form&) { form->Unload(); });
+  platform.Windows().AddScript([this](Form&, FormUser&) { form->Unload(); });
   form->GaNaarPagina();
   EXPECT_FALSE(form->IsLoaded());
 }

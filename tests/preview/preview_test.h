@@ -14,7 +14,6 @@
 #include "preview/preview_form.h"
 #include "state/module_state.h"
 #include "support/recording_platform.h"
-#include "window/headless/headless_user.h"
 
 namespace pagivo::testing {
 
@@ -41,11 +40,8 @@ class PreviewTest : public ::testing::Test {
   }
 
   // The user of the next showing, of whatever window it is.
-  void User(std::function<void(HeadlessUser& user)> acts) {
-    platform.Windows().AddScript([acts = std::move(acts)](Form& shown) {
-      HeadlessUser user(shown);
-      acts(user);
-    });
+  void User(std::function<void(FormUser& user)> acts) {
+    platform.Windows().AddScript([acts = std::move(acts)](Form&, FormUser& user) { acts(user); });
   }
 
   // What is put to the engine and called of it meanwhile.

@@ -8,12 +8,12 @@ class PreviewPrinting : public PreviewTest {
  protected:
   PreviewPrinting() { Show(10, 4); }
 
-  std::vector<std::string> Print(std::function<void(HeadlessUser& user)> acts) {
+  std::vector<std::string> Print(std::function<void(FormUser& user)> acts) {
     User(std::move(acts));
     return DoingsOf([this] { form->DrukAf(); });
   }
   std::vector<std::string> Confirm() {
-    return Print([](HeadlessUser& user) { user.Click("cmdOK"); });
+    return Print([](FormUser& user) { user.Click("cmdOK"); });
   }
 
   const std::string kOneCopyEach = "put Copies Integer 1";
@@ -25,7 +25,7 @@ TEST_F(PreviewPrinting, PreparesTheRangeOfTheDocumentAndKeepsTheRest) {
   State().PrintCopies = 3;
   State().PrintFromPage = 7;
   State().PrintToPage = 8;
-  Print([](HeadlessUser& user) {
+  Print([](FormUser& user) {
     EXPECT_EQ(State().PrintFromPage, 1);
     EXPECT_EQ(State().PrintToPage, 10);
     EXPECT_EQ(State().PrintLastPage, 10);
@@ -37,7 +37,7 @@ TEST_F(PreviewPrinting, PreparesTheRangeOfTheDocumentAndKeepsTheRest) {
 
 TEST_F(PreviewPrinting, CancelledItPrintsNothingAndLeavesPageAndFocus) {
   form->txtPaginanummer().Focus();
-  EXPECT_THAT(Print([](HeadlessUser& user) { user.Click("cmdAnnuleren"); }), IsEmpty());
+  EXPECT_THAT(Print([](FormUser& user) { user.Click("cmdAnnuleren"); }), IsEmpty());
   EXPECT_FALSE(EngineHasFocus());
 }
 
@@ -49,7 +49,7 @@ TEST_F(PreviewPrinting, PrintsAllPagesButTheEmptyLastOne) {
 
 TEST_F(PreviewPrinting, PrintsTheShownPageThreeTimesAsThreeJobs) {
   const std::string job = "call PrintDoc Boolean False, Integer 4, Integer 4";
-  EXPECT_THAT(Print([](HeadlessUser& user) {
+  EXPECT_THAT(Print([](FormUser& user) {
                 user.Click("optHuidig");
                 user.Replace("txtAantal", "3");
                 user.Click("cmdOK");
@@ -65,7 +65,7 @@ TEST_F(PreviewPrinting, PrintsTheRangeAsTheDialogValidatedIt) {
   for (const Row& row : {Row{"7", "4", "call PrintDoc Boolean False, Integer 4, Integer 7"},
                          Row{"3", "", "call PrintDoc Boolean False, Integer 0, Integer 10"},
                          Row{"0", "20", "call PrintDoc Boolean False, Integer 10, Integer 20"}}) {
-    EXPECT_THAT(Print([&](HeadlessUser& user) {
+    EXPECT_THAT(Print([&](FormUser& user) {
                   user.Click("optSelectie");
                   user.Replace("txtVan", row.van);
                   user.Replace("txtTm", row.tm);
@@ -77,7 +77,7 @@ TEST_F(PreviewPrinting, PrintsTheRangeAsTheDialogValidatedIt) {
 
 TEST_F(PreviewPrinting, AnUnknownRangeIsTheWholeDocument) {
   EXPECT_THAT(
-      Print([](HeadlessUser& user) {
+      Print([](FormUser& user) {
         State().PrintRange = 7;
         State().PrintCopies = 1;
         user.Close();
@@ -88,7 +88,7 @@ TEST_F(PreviewPrinting, AnUnknownRangeIsTheWholeDocument) {
 TEST_F(PreviewPrinting, TheCloseBoxPrintsWhenTheLastUseWasNotCancelled) {
   State().PrintCopies = 2;
   const std::string job = "call PrintDoc Boolean False, Integer 1, Integer 10";
-  const auto close = [](HeadlessUser& user) { user.Close(); };
+  const auto close = [](FormUser& user) { user.Close(); };
   EXPECT_THAT(Print(close), ElementsAre(kOneCopyEach, job, job, kBackToPage));
   State().PrintCancelled = true;
   EXPECT_THAT(Print(close), IsEmpty());
@@ -105,16 +105,15 @@ TEST_F(PreviewPrinting, ReturnsToTheShownPageWithTheEngineVisibleAndFocused) {
 
 TEST_F(PreviewPrinting, EachUseShowsAFreshDialogWithTheLastChoice) {
   std::weak_ptr<Form> first;
-  platform.Windows().AddScript([&](Form& dialog) {
+  platform.Windows().AddScript([&](Form& dialog, FormUser& user) {
     first = dialog.weak_from_this();
-    HeadlessUser user(dialog);
     user.Click("optHuidig");
     user.Click("cmdOK");
   });
   form->DrukAf();
   EXPECT_TRUE(first.expired());
   platform.Windows().AddScript(
-      [](Form& dialog) { EXPECT_TRUE(dialog.Get<OptionButton>("optHuidig").Value()); });
+      [](Form& dialog, FormUser&) { EXPECT_TRUE(dialog.Get<OptionButton>("optHuidig").Value()); });
   form->DrukAf();
 }
 
@@ -137,16 +136,16 @@ TEST_F(PreviewPrinting, ADialogThatCannotOpenLeavesTheRequestAsItStands) {
 TEST_F(PreviewPrinting, AFailingHandlerOfTheDialogLeavesNoneBehind) {
   Engine().FailOn("get PrintDialog");
   std::weak_ptr<Form> dialog;
-  platform.Windows().AddScript([&](Form& shown) {
+  platform.Windows().AddScript([&](Form& shown, FormUser& user) {
     dialog = shown.weak_from_this();
-    HeadlessUser(shown).Click("cmdPrinter");
+    user.Click("cmdPrinter");
   });
   form->DrukAf();
   EXPECT_TRUE(dialog.expired());
 }
 
 TEST_F(PreviewPrinting, PaginaOpensThePageSetupOfThePreviewsEngine) {
-  Print([](HeadlessUser& user) {
+  Print([](FormUser& user) {
     user.Click("cmdPrinter");
     user.Click("cmdAnnuleren");
   });
@@ -155,7 +154,7 @@ TEST_F(PreviewPrinting, PaginaOpensThePageSetupOfThePreviewsEngine) {
 }
 
 TEST_F(PreviewPrinting, ADocumentDiscardedMeanwhileIsNotPrinted) {
-  EXPECT_THAT(Print([this](HeadlessUser& user) {
+  EXPECT_THAT(Print([this](FormUser& user) {
                 form->Unload();
                 user.Click("cmdOK");
               }),

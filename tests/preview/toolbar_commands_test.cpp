@@ -19,7 +19,7 @@ class PreviewToolbar : public PreviewTest {
 
 TEST_F(PreviewToolbar, SluitenHidesTheWindowWithTheFocusOnTheEngine) {
   Show(5, 2);
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     form->txtPaginanummer().Focus();
     user.ClickToolbar("tbAfdrukken", "Sluiten");
     EXPECT_FALSE(form->Visible());
@@ -63,7 +63,7 @@ TEST_F(PreviewToolbar, ZoomReturnsToTheWholePageFromEveryOtherMode) {
 TEST_F(PreviewToolbar, AfdrukkenPrints) {
   Show(5, 2);
   State().PrintCopies = 1;
-  User([](HeadlessUser& user) { user.Click("cmdOK"); });
+  User([](FormUser& user) { user.Click("cmdOK"); });
   EXPECT_THAT(Click("Afdrukken"), ElementsAre("put Copies Integer 1",
                                               "call PrintDoc Boolean False, Integer 1, Integer 5",
                                               "put PreviewPage Integer 2"));
@@ -147,7 +147,7 @@ TEST_F(PreviewToolbar, TheMenuRefreshesThePageBoxAndLeavesTheFocus) {
 
 TEST_F(PreviewToolbar, APercentageChosenInTheWindowIsLostAtTheNextResize) {
   Show(5, 3);
-  User([this](HeadlessUser& user) {
+  User([this](FormUser& user) {
     user.ClickToolbarMenu("tbAfdrukken", "P150");
     EXPECT_EQ(Engine().GetZoomMode(), kZoomPercent);
     user.Resize({.width = 7000, .height = 6000});
@@ -158,7 +158,7 @@ TEST_F(PreviewToolbar, APercentageChosenInTheWindowIsLostAtTheNextResize) {
 
 TEST_F(PreviewToolbar, AWindowDiscardedDuringACommandIsNotMadeAgain) {
   Show(5, 3);
-  platform.Windows().AddScript([this](Form&) { form->Unload(); });
+  platform.Windows().AddScript([this](Form&, FormUser&) { form->Unload(); });
   form->tbAfdrukken().ClickButton("Afdrukken");
   EXPECT_FALSE(form->IsLoaded());
 }

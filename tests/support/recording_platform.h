@@ -1,4 +1,4 @@
-// A platform of fakes: recording engine and exporter, scripted pictures, no display.
+// A platform of fakes: recording engine and exporter, scripted pictures, windows for trials.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 #include "pagivo/object.h"
 #include "support/operation_log.h"
 #include "support/recording_engine.h"
-#include "window/headless/headless_windows.h"
+#include "support/trial_windows.h"
 
 namespace pagivo::testing {
 
@@ -45,7 +45,7 @@ class RecordingPlatform {
   // later window gets a new engine.
   RecordingEngine& Engine() noexcept { return *engine_; }
   RecordingPdfExporter& PdfExporter() noexcept { return *pdfExporter_; }
-  HeadlessWindows& Windows() noexcept { return *windows_; }
+  TrialWindows& Windows() noexcept { return *windows_; }
   ScriptedPictureLoader& Pictures() noexcept { return pictures_; }
 
   int EnginesMade() const noexcept { return enginesMade_; }
@@ -57,7 +57,7 @@ class RecordingPlatform {
   std::shared_ptr<OperationLog> log_ = std::make_shared<OperationLog>();
   std::shared_ptr<RecordingEngine> engine_ = std::make_shared<RecordingEngine>(log_);
   std::shared_ptr<RecordingPdfExporter> pdfExporter_ = std::make_shared<RecordingPdfExporter>(log_);
-  std::shared_ptr<HeadlessWindows> windows_ = std::make_shared<HeadlessWindows>();
+  std::shared_ptr<TrialWindows> windows_ = MakeTrialWindows();
   ScriptedPictureLoader pictures_{log_};
   std::string defaultPrinter_;
   int enginesMade_ = 0;

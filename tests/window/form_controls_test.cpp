@@ -8,10 +8,9 @@
 #include <vector>
 
 #include "pagivo/error.h"
+#include "support/trial_windows.h"
 #include "window/combo_box.h"
 #include "window/form.h"
-#include "window/headless/headless_user.h"
-#include "window/headless/headless_windows.h"
 #include "window/key_codes.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
@@ -89,11 +88,10 @@ class TrialForm : public Form {
 class FormWithControls : public ::testing::Test {
  protected:
   // What happens while the user acts on the shown form.
-  std::vector<std::string> NotesOf(const std::function<void(HeadlessUser&)>& acts) {
+  std::vector<std::string> NotesOf(const std::function<void(FormUser&)>& acts) {
     std::vector<std::string> notes;
-    windows->AddScript([&](Form& shown) {
+    windows->AddScript([&](Form&, FormUser& user) {
       form->notes.clear();
-      HeadlessUser user(shown);
       acts(user);
       notes = form->notes;
     });
@@ -101,7 +99,7 @@ class FormWithControls : public ::testing::Test {
     return notes;
   }
 
-  std::shared_ptr<HeadlessWindows> windows = std::make_shared<HeadlessWindows>();
+  std::shared_ptr<testing::TrialWindows> windows = testing::MakeTrialWindows();
   std::shared_ptr<TrialForm> form = std::make_shared<TrialForm>(windows);
 };
 
@@ -119,8 +117,8 @@ TEST_F(FormWithControls, EachLoadMakesThemAnew) {
 }
 
 TEST_F(FormWithControls, AShowingResizesOnceGivesTheFocusToTheFirstAndPaints) {
-  windows->AddScript([](Form& shown) { shown.Hide(); });
-  windows->AddScript([](Form& shown) { shown.Hide(); });
+  windows->AddScript([](Form& shown, FormUser&) { shown.Hide(); });
+  windows->AddScript([](Form& shown, FormUser&) { shown.Hide(); });
   form->ShowModal();
   EXPECT_THAT(form->notes, ElementsAre("resize", "focus txtNaam", "paint"));
   form->notes.clear();
@@ -142,7 +140,7 @@ TEST_F(FormWithControls, EveryNewSizeRaisesResize) {
 
 TEST_F(FormWithControls, AFailingHandlerEndsTheShowingAndIsReported) {
   form->atOk = [] { throw Error(ErrorNumber::FileAccess, "Mislukt"); };
-  windows->AddScript([](Form& shown) { HeadlessUser(shown).Click("cmdOK"); });
+  windows->AddScript([](Form&, FormUser& user) { user.Click("cmdOK"); });
   EXPECT_THROW(form->ShowModal(), Error);
   EXPECT_EQ(form->notes.back(), "failed");
   EXPECT_FALSE(form->Visible());
@@ -150,8 +148,8 @@ TEST_F(FormWithControls, AFailingHandlerEndsTheShowingAndIsReported) {
 
 TEST_F(FormWithControls, AHandlerMayUnloadTheFormItBelongsTo) {
   form->atOk = [this] { form->Unload(); };
-  windows->AddScript([](Form& shown) {
-    HeadlessUser(shown).Click("cmdOK");
+  windows->AddScript([](Form& shown, FormUser& user) {
+    user.Click("cmdOK");
     EXPECT_FALSE(shown.IsLoaded());
   });
   form->ShowModal();
@@ -161,7 +159,7 @@ TEST_F(FormWithControls, AHandlerMayUnloadTheFormItBelongsTo) {
 // --- Keys -------------------------------------------------------------------------------------
 
 TEST_F(FormWithControls, EnterPressesTheDefaultButtonAndEscTheCancelButton) {
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([](FormUser& user) {
                 user.Press(kKeyEnter);
                 user.Press(kKeyEscape);
               }),
@@ -169,7 +167,7 @@ TEST_F(FormWithControls, EnterPressesTheDefaultButtonAndEscTheCancelButton) {
 }
 
 TEST_F(FormWithControls, EnterPressesTheButtonWithTheFocus) {
-  EXPECT_THAT(NotesOf([this](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([this](FormUser& user) {
                 form->Get("cmdMeer").Focus();
                 user.Press(kKeyEnter);
               }),
@@ -178,16 +176,16 @@ TEST_F(FormWithControls, EnterPressesTheButtonWithTheFocus) {
 
 TEST_F(FormWithControls, ADisabledButtonIsNotPressedByItsKey) {
   form->Get("cmdOK").PutEnabled(false);
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) { user.Press(kKeyEnter); }), ElementsAre("key 13 0"));
+  EXPECT_THAT(NotesOf([](FormUser& user) { user.Press(kKeyEnter); }), ElementsAre("key 13 0"));
 }
 
 TEST_F(FormWithControls, TheFormMayConsumeAKeyBeforeItsControlsSeeIt) {
   form->consumed = kKeyEnter;
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) { user.Press(kKeyEnter); }), ElementsAre("key 13 0"));
+  EXPECT_THAT(NotesOf([](FormUser& user) { user.Press(kKeyEnter); }), ElementsAre("key 13 0"));
 }
 
 TEST_F(FormWithControls, TabMovesTheFocusBothWays) {
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([](FormUser& user) {
                 user.Press(kKeyTab);
                 user.Press(kKeyTab, kShiftKey);
               }),
@@ -195,7 +193,7 @@ TEST_F(FormWithControls, TabMovesTheFocusBothWays) {
 }
 
 TEST_F(FormWithControls, TheArrowsGoToTheControlWithTheFocus) {
-  NotesOf([this](HeadlessUser& user) {
+  NotesOf([this](FormUser& user) {
     form->Get("vsbStand").Focus();
     user.Press(kKeyDown);
     user.Press(kKeyDown);
@@ -213,7 +211,7 @@ TEST_F(FormWithControls, TheArrowsGoToTheControlWithTheFocus) {
 }
 
 TEST_F(FormWithControls, AnAccessKeyPressesItsControlOrGivesItTheFocus) {
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([](FormUser& user) {
                 user.PressAccessKey('m');
                 user.PressAccessKey('a');
                 user.PressAccessKey('z');
@@ -222,7 +220,7 @@ TEST_F(FormWithControls, AnAccessKeyPressesItsControlOrGivesItTheFocus) {
 }
 
 TEST_F(FormWithControls, ALabelsAccessKeyGivesTheFocusToWhatFollowsIt) {
-  EXPECT_THAT(NotesOf([this](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([this](FormUser& user) {
                 form->Get("cmdMeer").Focus();
                 user.PressAccessKey('n');
               }),
@@ -232,13 +230,13 @@ TEST_F(FormWithControls, ALabelsAccessKeyGivesTheFocusToWhatFollowsIt) {
 // --- The mouse --------------------------------------------------------------------------------
 
 TEST_F(FormWithControls, ClickingGivesTheFocusAndRaisesTheClick) {
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) { user.Click("optAan"); }),
+  EXPECT_THAT(NotesOf([](FormUser& user) { user.Click("optAan"); }),
               ElementsAre("focus optAan", "click optAan"));
 }
 
 TEST_F(FormWithControls, WhatIsDoneToADisabledControlHasNoEffect) {
   for (const auto& control : form->Controls().All()) control->PutEnabled(false);
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([](FormUser& user) {
                 user.Click("cmdOK");
                 user.Replace("txtNaam", "Piet");
                 user.Type("txtNaam", "Piet");
@@ -256,7 +254,7 @@ TEST_F(FormWithControls, WhatIsDoneToADisabledControlHasNoEffect) {
 }
 
 TEST_F(FormWithControls, AUserTypesAtOnceOrKeyByKey) {
-  EXPECT_THAT(NotesOf([this](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([this](FormUser& user) {
                 user.Replace("txtNaam", "Piet");
                 user.Replace("txtNaam", "Jé");
                 user.Type("txtNaam", "ë!");
@@ -272,7 +270,7 @@ TEST_F(FormWithControls, AUserTypesAtOnceOrKeyByKey) {
 
 TEST_F(FormWithControls, AUserPicksAndScrolls) {
   form->Get<ComboBox>("cboKeuze").AddItem("Een");
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([](FormUser& user) {
                 user.Pick("cboKeuze", 0);
                 user.Scroll("vsbStand", 5);
                 user.ClickUpArrow("vsbStand");
@@ -283,7 +281,7 @@ TEST_F(FormWithControls, AUserPicksAndScrolls) {
 }
 
 TEST_F(FormWithControls, AUserClicksToolbarAndMenu) {
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) {
+  EXPECT_THAT(NotesOf([](FormUser& user) {
                 user.ClickToolbar("tbBalk", "Zoom");
                 user.ClickToolbarMenu("tbBalk", "Groot");
               }),
@@ -291,9 +289,9 @@ TEST_F(FormWithControls, AUserClicksToolbarAndMenu) {
 }
 
 TEST_F(FormWithControls, AUserResizesAndCloses) {
-  EXPECT_THAT(NotesOf([](HeadlessUser& user) { user.Resize({.width = 500, .height = 600}); }),
+  EXPECT_THAT(NotesOf([](FormUser& user) { user.Resize({.width = 500, .height = 600}); }),
               ElementsAre("resize", "paint"));
-  NotesOf([this](HeadlessUser& user) {
+  NotesOf([this](FormUser& user) {
     user.Close();
     EXPECT_FALSE(form->IsLoaded());
   });

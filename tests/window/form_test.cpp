@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "pagivo/error.h"
+#include "support/trial_windows.h"
 #include "window/headless/headless_windows.h"
 
 namespace pagivo {
@@ -57,7 +58,7 @@ class NotingForm : public Form {
 
 class FormLife : public ::testing::Test {
  protected:
-  std::shared_ptr<HeadlessWindows> windows = std::make_shared<HeadlessWindows>();
+  std::shared_ptr<testing::TrialWindows> windows = testing::MakeTrialWindows();
   std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(windows);
 };
 
@@ -167,7 +168,7 @@ TEST_F(FormLife, EachLoadStartsFromTheDesign) {
   EXPECT_EQ(form->Caption(), "Ontwerp");
   EXPECT_EQ(form->GetWindowState(), WindowState::Normal);
   EXPECT_EQ(form->Left(), 0);
-  EXPECT_EQ(form->Width(), 3000);
+  EXPECT_EQ(form->ClientWidth(), 3000);
 }
 
 TEST_F(FormLife, HoldsItsPlacement) {
@@ -185,7 +186,7 @@ TEST_F(FormLife, HoldsItsPlacement) {
 
 TEST_F(FormLife, AModalShowingLoadsShowsAndReturnsWhenTheFormIsHidden) {
   bool visibleDuringShowing = false;
-  windows->AddScript([&](Form& shown) {
+  windows->AddScript([&](Form& shown, FormUser&) {
     visibleDuringShowing = shown.Visible();
     shown.Hide();
   });
@@ -197,7 +198,7 @@ TEST_F(FormLife, AModalShowingLoadsShowsAndReturnsWhenTheFormIsHidden) {
 }
 
 TEST_F(FormLife, AModalShowingReturnsWhenTheFormIsUnloaded) {
-  windows->AddScript([](Form& shown) { shown.Unload(); });
+  windows->AddScript([](Form& shown, FormUser&) { shown.Unload(); });
   form->ShowModal();
   EXPECT_FALSE(form->Visible());
   EXPECT_FALSE(form->IsLoaded());
@@ -205,7 +206,7 @@ TEST_F(FormLife, AModalShowingReturnsWhenTheFormIsUnloaded) {
 
 TEST_F(FormLife, AFormMayBeReleasedDuringItsOwnShowing) {
   const std::weak_ptr<NotingForm> watched = form;
-  windows->AddScript([&](Form& shown) {
+  windows->AddScript([&](Form& shown, FormUser&) {
     form.reset();
     shown.Unload();
   });
@@ -214,7 +215,7 @@ TEST_F(FormLife, AFormMayBeReleasedDuringItsOwnShowing) {
 }
 
 TEST_F(FormLife, AFormThatIsVisibleCannotBeShownAgain) {
-  windows->AddScript([&](Form& shown) {
+  windows->AddScript([&](Form& shown, FormUser&) {
     EXPECT_THROW(shown.ShowModal(), Error);
     EXPECT_TRUE(shown.Visible());
   });
@@ -222,13 +223,13 @@ TEST_F(FormLife, AFormThatIsVisibleCannotBeShownAgain) {
 }
 
 TEST_F(FormLife, AFailureDuringTheShowingHidesTheFormAndIsPassedOn) {
-  windows->AddScript([](Form&) { throw Error(ErrorNumber::FileAccess, "Mislukt"); });
+  windows->AddScript([](Form&, FormUser&) { throw Error(ErrorNumber::FileAccess, "Mislukt"); });
   EXPECT_THROW(form->ShowModal(), Error);
   EXPECT_FALSE(form->Visible());
   EXPECT_TRUE(form->IsLoaded());
 }
 
-// --- Without a display ------------------------------------------------------------------------
+// --- Scripts ----------------------------------------------------------------------------------
 
 TEST_F(FormLife, WithoutAScriptTheUserClosesTheWindowAtOnce) {
   form->ShowModal();
@@ -246,7 +247,7 @@ TEST_F(FormLife, AWindowThatRefusesToCloseIsHiddenAtTheShowingsEnd) {
 TEST_F(FormLife, EachShowingTakesTheNextScript) {
   std::vector<int> played;
   for (const int number : {1, 2}) {
-    windows->AddScript([&played, number](Form& shown) {
+    windows->AddScript([&played, number](Form& shown, FormUser&) {
       played.push_back(number);
       shown.Hide();
     });

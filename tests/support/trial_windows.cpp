@@ -1,0 +1,45 @@
+#include "support/trial_windows.h"
+
+#include <utility>
+
+namespace pagivo::testing {
+
+// The back end's window, whose showings a script attends.
+class TrialWindows::Window : public FormPeer {
+ public:
+  Window(TrialWindows& windows, Form& form)
+      : windows_(windows), form_(form), shown_(windows.backEnd_->MakeFormPeer(form)) {}
+
+  FormPeer& Shown() noexcept { return *shown_; }
+
+  Extent FrameExtent() const override { return shown_->FrameExtent(); }
+  void Update() override { shown_->Update(); }
+  void ShowModal() override { windows_.ShowModal(form_, *shown_, windows_.NextScript()); }
+  void Hide() override { shown_->Hide(); }
+
+ private:
+  TrialWindows& windows_;
+  Form& form_;
+  std::shared_ptr<FormPeer> shown_;
+};
+
+std::shared_ptr<FormPeer> TrialWindows::MakeFormPeer(Form& form) {
+  return std::make_shared<Window>(*this, form);
+}
+
+std::unique_ptr<ControlPeer> TrialWindows::MakeControlPeer(FormPeer& form, Control& control) {
+  return backEnd_->MakeControlPeer(dynamic_cast<Window&>(form).Shown(), control);
+}
+
+WindowImage TrialWindows::CaptureWindow(std::int32_t handle) {
+  return backEnd_->CaptureWindow(handle);
+}
+
+TrialWindows::Script TrialWindows::NextScript() {
+  if (scripts_.empty()) return {};
+  Script script = std::move(scripts_.front());
+  scripts_.pop_front();
+  return script;
+}
+
+}  // namespace pagivo::testing
