@@ -1,5 +1,6 @@
 #include "engine/native/native_engine.h"
 #include "engine/native/native_pdf_exporter.h"
+#include "engine/native/native_surface.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "platform/platform.h"
 #include "window/headless/headless_windows.h"
@@ -15,6 +16,7 @@ Platform NativePlatform() {
                 native::EngineServices{.windows = platform.windows});
           },
       .makePdfExporter = [] { return std::make_shared<native::NativePdfExporter>(); },
+      .makeSurfaceContent = native::MakeSurface,
       .loadPicture = native::LoadPictureFile,
       .decodePicture = native::DecodePicture,
       .defaultPrinter = [] { return std::string(); },

@@ -16,6 +16,11 @@ inline constexpr std::int16_t kKeyLeft = 37;
 inline constexpr std::int16_t kKeyUp = 38;
 inline constexpr std::int16_t kKeyRight = 39;
 inline constexpr std::int16_t kKeyDown = 40;
+inline constexpr std::int16_t kKeyNumberPadPlus = 107;
+inline constexpr std::int16_t kKeyNumberPadMinus = 109;
+// Among the letters; the plus whether or not it is typed with Shift.
+inline constexpr std::int16_t kKeyPlus = 187;
+inline constexpr std::int16_t kKeyMinus = 189;
 
 // Bits of the shift state.
 inline constexpr std::int16_t kShiftKey = 1;

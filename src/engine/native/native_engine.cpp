@@ -31,6 +31,7 @@ void NativeEngine::StartDoc() {
   stage_ = Stage::Composing;
   preview_.Show(1);
   MoveToMargins();
+  if (observer_ != nullptr) observer_->DocumentReplaced();
 }
 
 void NativeEngine::EndDoc() {
@@ -38,6 +39,7 @@ void NativeEngine::EndDoc() {
     throw Error(ErrorNumber::NoDocument, "Er is geen document dat kan worden afgesloten");
   }
   stage_ = Stage::Complete;
+  ViewChanged();
 }
 
 void NativeEngine::NewPage() {
@@ -52,6 +54,7 @@ void NativeEngine::NewPage() {
   }
   recorder_->BeginPage(pageSettings_.Geometry());
   MoveToMargins();
+  ViewChanged();
 }
 
 std::int16_t NativeEngine::GetPageCount() {
@@ -82,6 +85,7 @@ void NativeEngine::EndOverlay() {
   }
   recorder_->EndOverlay();
   stage_ = Stage::Complete;
+  ViewChanged();
 }
 
 void NativeEngine::PutDocName(const std::string& name) {

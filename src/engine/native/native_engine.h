@@ -10,7 +10,7 @@
 #include "engine/native/document/recorder.h"
 #include "engine/native/page_settings.h"
 #include "engine/native/text_layout.h"
-#include "engine/native/view/preview_state.h"
+#include "engine/native/view/page_layout.h"
 #include "engine/native/window_pictures.h"
 #include "engine/print_engine.h"
 #include "window/window_system.h"
@@ -25,6 +25,18 @@ struct EngineServices {
   // Shows the engine's own dialogs and knows the windows that are drawn into a document. Null: a
   // dialog is never confirmed, and there are no windows.
   std::shared_ptr<WindowSystem> windows;
+};
+
+// What happens to the view of a document.
+class PreviewObserver {
+ public:
+  // Something visible may look different now, or be elsewhere.
+  virtual void ViewChanged() = 0;
+  // There is another document, and the one before is gone.
+  virtual void DocumentReplaced() = 0;
+
+ protected:
+  ~PreviewObserver() = default;
 };
 
 // A document's life: none, composing (StartDoc .. EndDoc), complete, and complete with a page
@@ -51,8 +63,9 @@ class NativeEngine final : public PrintEngine {
   const Document& GetDocument() const noexcept { return *document_; }
   // The document has been ended. A page may be reopened.
   bool IsComplete() const noexcept;
-  // The size of the preview surface, screen twips.
-  void SetViewSize(double width, double height) noexcept { preview_.SetViewSize(width, height); }
+  // Who is told of what the preview surface has to show; borrowed, null for nobody.
+  void Observe(PreviewObserver* observer) noexcept { observer_ = observer; }
+  PreviewObserver* Observer() const noexcept { return observer_; }
 
   void SetEvents(PrintEngineEvents* events) override { events_ = events; }
 
@@ -154,6 +167,21 @@ class NativeEngine final : public PrintEngine {
   double GetTwipsPerPixelX() override { return kTwipsPerPixel; }
   double GetTwipsPerPixelY() override { return kTwipsPerPixel; }
 
+  // For the surface that shows the preview.
+  const PreviewState& Preview() const noexcept { return preview_; }
+  // What the window gives the surface; no change that the observer is told of.
+  void PutPreviewArea(const SurfaceArea& area) noexcept { preview_.PutArea(area); }
+  ScrollPosition PreviewScroll() const { return preview_.Scrolled(PagesInView()); }
+  ScrollPosition MaximumPreviewScroll() const { return preview_.MaximumScroll(PagesInView()); }
+  void ScrollPreview(const ScrollPosition& position);
+  // The visible pages. Asks BeforePageChange which pages may stand beside the shown one.
+  PageLayout LayOutPreview();
+  // The page that BeforePageChange makes of it, within the document.
+  std::int32_t AdmittedPage(std::int32_t page);
+  // The events themselves; nothing without a window.
+  void RaiseKeyDown(std::int16_t& keyCode, std::int16_t shift);
+  void RaiseAfterPageChange();
+
  private:
   enum class Stage : std::uint8_t { None, Composing, Complete, Overlay };
 
@@ -182,9 +210,11 @@ class NativeEngine final : public PrintEngine {
   std::int32_t ClampPage(std::int32_t page) const;
   PageGeometry GeometryOf(std::int32_t page) const;
   ShownPages PagesInView() const;
+  void ViewChanged();
 
   EngineServices services_;
   PrintEngineEvents* events_ = nullptr;
+  PreviewObserver* observer_ = nullptr;
   std::unique_ptr<Document> document_;
   std::unique_ptr<Recorder> recorder_;  // into document_
   Stage stage_ = Stage::None;

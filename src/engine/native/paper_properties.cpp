@@ -8,6 +8,7 @@ namespace pagivo::native {
 void NativeEngine::ApplyPaper() {
   if (stage_ == Stage::Composing && recorder_->PageIsBlank()) {
     recorder_->SetGeometry(pageSettings_.Geometry());
+    ViewChanged();
   }
 }
 

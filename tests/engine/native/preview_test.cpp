@@ -21,6 +21,10 @@ class Window final : public PrintEngineEvents {
   void AfterPageChange() override { events.emplace_back("after"); }
 };
 
+// An area for an A4 page at 100 percent, on a screen so dense that pixels round nothing.
+constexpr SurfaceArea kFittingA4{
+    .width = 11906 + 2 * 120, .height = 16838 + 2 * 120, .scale = kTwipsPerPixel};
+
 class PreviewTest : public EngineTest {
  protected:
   PreviewTest() {
@@ -109,7 +113,7 @@ TEST_F(PreviewTest, AnEmptyEngineShowsPageOne) {
 }
 
 TEST_F(PreviewTest, ZoomReadsTheEffectivePercentageInEveryMode) {
-  engine->SetViewSize(11906 + 2 * kPageGap, 16838 + 2 * kPageGap);
+  engine->PutPreviewArea(kFittingA4);
   EXPECT_NEAR(engine->GetZoom(), 100, 1e-9);
   for (const std::int32_t mode : {kZoomOverview, kZoomTwoPages}) {
     engine->PutZoomMode(mode);
@@ -128,7 +132,7 @@ TEST_F(PreviewTest, FittingFollowsTheShownPagesOwnPaper) {
   engine->NewPage();
   engine->PutOrientation(1);
   engine->EndDoc();
-  engine->SetViewSize(11906 + 2 * kPageGap, 16838 + 2 * kPageGap);
+  engine->PutPreviewArea(kFittingA4);
   EXPECT_NEAR(engine->GetZoom(), 100, 1e-9);
   Show(2);
   EXPECT_NEAR(engine->GetZoom(), 100 * 11906.0 / 16838, 1e-4);

@@ -47,6 +47,14 @@ const PageGeometry& Document::GeometryOf(std::int32_t page) const {
   return storage_->pages[static_cast<std::size_t>(page - 1)].geometry;
 }
 
+// Where the record ends: what is added ends somewhere else, for the arena only grows.
+std::size_t Document::RevisionOf(std::int32_t page) const {
+  assert(page >= 1 && page <= PageCount());
+  const std::uint32_t last = storage_->pages[static_cast<std::size_t>(page - 1)].lastSegment;
+  if (last == kNoSegment) return 0;
+  return reinterpret_cast<std::uintptr_t>(storage_->segments[last].end);
+}
+
 std::size_t Document::RecordBytes() const noexcept {
   const Storage& storage = *storage_;
   return sizeof storage + storage.arena.Bytes() + storage.pages.capacity() * sizeof(PageRecord) +

@@ -33,6 +33,8 @@ class Document {
   std::int32_t PageCount() const noexcept;
   // `page` counts from 1 and must exist.
   const PageGeometry& GeometryOf(std::int32_t page) const;
+  // Another number whenever something has been added to the page's record.
+  std::size_t RevisionOf(std::int32_t page) const;
   // Replays all segments of a page, in the order they were recorded.
   void Play(std::int32_t page, Player& player) const;
 

@@ -3,20 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/native/raster/bitmap_player.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
-namespace {
 
-// The overview shows this many pages beside and below each other.
-constexpr double kOverviewColumns = 4;
-constexpr double kOverviewRows = 2;
-
-}  // namespace
-
-void PreviewState::SetViewSize(double width, double height) noexcept {
-  viewWidth_ = std::max(width, kTwipsPerPixel);
-  viewHeight_ = std::max(height, kTwipsPerPixel);
+void PreviewState::PutArea(const SurfaceArea& area) noexcept {
+  const bool hasScale = std::isfinite(area.scale) && area.scale > 0;
+  area_ = {.width = std::max(area.width, 1),
+           .height = std::max(area.height, 1),
+           .scale = hasScale ? area.scale : 1};
 }
 
 void PreviewState::Show(std::int32_t page) noexcept {
@@ -29,6 +25,10 @@ void PreviewState::PutZoomMode(std::int32_t mode) {
   zoomMode_ = mode;
 }
 
+bool PreviewState::Scrolls() const noexcept {
+  return zoomMode_ == kZoomPercent || zoomMode_ == kZoomPageWidth;
+}
+
 void PreviewState::PutZoom(double percent) {
   const bool isPossible = percent >= kMinimumZoom && percent <= kMaximumZoom;
   if (!isPossible) ThrowInvalidPropertyValue("Zoom");
@@ -37,42 +37,43 @@ void PreviewState::PutZoom(double percent) {
 }
 
 double PreviewState::Zoom(const ShownPages& pages) const noexcept {
-  if (zoomMode_ == kZoomPercent) return percent_;
-  return std::clamp(100 * FittingScale(pages), kMinimumZoom, kMaximumZoom);
+  return zoomMode_ == kZoomPercent ? percent_ : FittingZoom(zoomMode_, pages, area_);
 }
 
-double PreviewState::FittingScale(const ShownPages& pages) const noexcept {
-  const PageGeometry& page = pages.page;
-  const auto fit = [](double view, double columns, double extent) {
-    return (view - (columns + 1) * kPageGap) / extent;
-  };
-  switch (zoomMode_) {
-    case kZoomOverview:
-      return std::min(fit(viewWidth_, kOverviewColumns, kOverviewColumns * page.width),
-                      fit(viewHeight_, kOverviewRows, kOverviewRows * page.height));
-    case kZoomTwoPages:
-      return std::min(fit(viewWidth_, 2, page.width + pages.neighbour.width),
-                      fit(viewHeight_, 1, std::max(page.height, pages.neighbour.height)));
-    case kZoomPageWidth:
-      return fit(viewWidth_, 1, page.width);
-    default:
-      return std::min(fit(viewWidth_, 1, page.width), fit(viewHeight_, 1, page.height));
-  }
+double PreviewState::PageScale(const ShownPages& pages) const noexcept {
+  return PixelsPerTwip(Zoom(pages), area_);
 }
 
 double PreviewState::ScrollTop(const ShownPages& pages) const noexcept {
-  return std::min(scrollTop_, MaximumScrollTop(pages));
+  return std::min(scrollTop_, MaximumScroll(pages).top / PageScale(pages));
 }
 
 void PreviewState::PutScrollTop(double top, const ShownPages& pages) {
   if (std::isnan(top)) ThrowInvalidPropertyValue("ScrollTop");
-  scrollTop_ = std::clamp(top, 0.0, MaximumScrollTop(pages));
+  scrollTop_ = std::clamp(top, 0.0, MaximumScroll(pages).top / PageScale(pages));
 }
 
-double PreviewState::MaximumScrollTop(const ShownPages& pages) const noexcept {
-  if (zoomMode_ != kZoomPercent && zoomMode_ != kZoomPageWidth) return 0;
-  const double visible = (viewHeight_ - 2 * kPageGap) / (Zoom(pages) / 100);
-  return std::max(0.0, pages.page.height - visible);
+ScrollPosition PreviewState::MaximumScroll(const ShownPages& pages) const noexcept {
+  if (!Scrolls()) return {};
+  const PixelSize page = PagePixelSize(pages.page, PageScale(pages));
+  const std::int32_t gaps = 2 * PageGap(area_);
+  return {std::max(0, page.width + gaps - area_.width),
+          std::max(0, page.height + gaps - area_.height)};
+}
+
+ScrollPosition PreviewState::Scrolled(const ShownPages& pages) const noexcept {
+  const ScrollPosition maximum = MaximumScroll(pages);
+  const double top = ScrollTop(pages) * PageScale(pages);
+  return {static_cast<std::int32_t>(std::lround(scrollLeft_ * maximum.left)),
+          std::min(static_cast<std::int32_t>(std::lround(top)), maximum.top)};
+}
+
+void PreviewState::ScrollTo(const ScrollPosition& position, const ShownPages& pages) noexcept {
+  const ScrollPosition maximum = MaximumScroll(pages);
+  if (maximum.left > 0) {
+    scrollLeft_ = 1.0 * std::clamp(position.left, 0, maximum.left) / maximum.left;
+  }
+  scrollTop_ = std::clamp(position.top, 0, maximum.top) / PageScale(pages);
 }
 
 }  // namespace pagivo::native

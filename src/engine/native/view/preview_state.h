@@ -3,30 +3,23 @@
 
 #include <cstdint>
 
-#include "engine/native/document/document.h"
-#include "engine/print_engine.h"
+#include "engine/native/view/zoom.h"
 
 namespace pagivo::native {
 
-// Screen lengths here are twips at 96 dots an inch, so at 100 percent a page twip is one of them.
-inline constexpr double kTwipsPerPixel = 15;
-// Free space around every page and between pages: 8 pixels.
-inline constexpr double kPageGap = 8 * kTwipsPerPixel;
-// What Zoom can be, percent; fitting keeps within it too.
-inline constexpr double kMinimumZoom = 5;
-inline constexpr double kMaximumZoom = 1000;
-
-// The pages that fitting looks at: the shown one and, for two pages side by side, its right-hand
-// neighbour (the same again when there is none).
-struct ShownPages {
-  PageGeometry page;
-  PageGeometry neighbour;
+// Device pixels to the left of and above the visible part of the page and the gap around it.
+struct ScrollPosition {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  friend bool operator==(const ScrollPosition&, const ScrollPosition&) = default;
 };
 
 class PreviewState {
  public:
-  // What the window gives the surface; 800 x 600 pixels until then. Not less than a pixel counts.
-  void SetViewSize(double width, double height) noexcept;
+  const SurfaceArea& Area() const noexcept { return area_; }
+  // What the window gives the surface; 800 x 600 pixels at 96 dots an inch until then. Not less
+  // than a pixel counts, and a scale that is no positive number counts as 1.
+  void PutArea(const SurfaceArea& area) noexcept;
 
   std::int32_t Page() const noexcept { return page_; }
   // Shows another page from its top. The caller has clamped it.
@@ -35,6 +28,8 @@ class PreviewState {
   std::int32_t ZoomMode() const noexcept { return zoomMode_; }
   // Raises ErrorNumber::InvalidPropertyValue outside 0..4.
   void PutZoomMode(std::int32_t mode);
+  // Whether a page larger than the area scrolls: in modes kZoomPercent and kZoomPageWidth.
+  bool Scrolls() const noexcept;
 
   // The effective percentage in the mode in force.
   double Zoom(const ShownPages& pages) const noexcept;
@@ -42,21 +37,28 @@ class PreviewState {
   // outside kMinimumZoom..kMaximumZoom.
   void PutZoom(double percent);
 
-  // Page twips above the visible part; never more than what does not fit into the view.
+  // Page twips above the visible part; never more than what does not fit into the area.
   double ScrollTop(const ShownPages& pages) const noexcept;
   // Clamped. Raises ErrorNumber::InvalidPropertyValue for what is no number.
   void PutScrollTop(double top, const ShownPages& pages);
 
- private:
-  double FittingScale(const ShownPages& pages) const noexcept;
-  double MaximumScrollTop(const ShownPages& pages) const noexcept;
+  // How far it is scrolled, and how far it can be: {0, 0} when everything is visible. A page that
+  // is wider than the area is shown from its middle until it is scrolled sideways; after that it
+  // keeps its place between the two edges at every zoom.
+  ScrollPosition Scrolled(const ShownPages& pages) const noexcept;
+  ScrollPosition MaximumScroll(const ShownPages& pages) const noexcept;
+  // Clamped.
+  void ScrollTo(const ScrollPosition& position, const ShownPages& pages) noexcept;
 
-  double viewWidth_ = 800 * kTwipsPerPixel;
-  double viewHeight_ = 600 * kTwipsPerPixel;
+ private:
+  double PageScale(const ShownPages& pages) const noexcept;
+
+  SurfaceArea area_{.width = 800, .height = 600};
   std::int32_t page_ = 1;
   std::int32_t zoomMode_ = kZoomWholePage;
   double percent_ = 100;
-  double scrollTop_ = 0;
+  double scrollTop_ = 0;     // page twips
+  double scrollLeft_ = 0.5;  // of what there is to scroll
 };
 
 }  // namespace pagivo::native

@@ -11,11 +11,19 @@ namespace pagivo::native {
 namespace {
 
 constexpr PageGeometry kPage{10000, 20000};
-constexpr ShownPages kPages{kPage, kPage};
+constexpr ShownPages kPages{kPage, kPage, kPage};
+
+// A screen so dense that a twip is a pixel at 100 percent.
+constexpr double kDense = kTwipsPerPixel;
+constexpr std::int32_t kGap = 8 * 15;
 
 class PreviewStateTest : public testing::Test {
  protected:
-  PreviewStateTest() { preview.SetViewSize(10000 + 2 * kPageGap, 10000 + 2 * kPageGap); }
+  PreviewStateTest() { PutArea(10000 + 2 * kGap, 10000 + 2 * kGap); }
+
+  void PutArea(std::int32_t width, std::int32_t height) {
+    preview.PutArea({width, height, kDense});
+  }
 
   PreviewState preview;
 };
@@ -29,7 +37,7 @@ TEST_F(PreviewStateTest, BeginsWithTheWholeOfPageOne) {
 TEST_F(PreviewStateTest, TheWholePageFitsInBothDirections) {
   EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
   const PageGeometry wide{40000, 10000};
-  EXPECT_DOUBLE_EQ(preview.Zoom({wide, wide}), 25);
+  EXPECT_DOUBLE_EQ(preview.Zoom({wide, wide, wide}), 25);
 }
 
 TEST_F(PreviewStateTest, ThePageWidthFits) {
@@ -38,19 +46,20 @@ TEST_F(PreviewStateTest, ThePageWidthFits) {
 }
 
 TEST_F(PreviewStateTest, TwoPagesFitSideBySide) {
-  preview.SetViewSize(10000 + 3 * kPageGap, 50000);
+  PutArea(10000 + 3 * kGap, 50000);
   preview.PutZoomMode(kZoomTwoPages);
   EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
-  EXPECT_DOUBLE_EQ(preview.Zoom({kPage, {15000, 20000}}), 40);
-  preview.SetViewSize(100000, 10000 + 2 * kPageGap);
-  EXPECT_DOUBLE_EQ(preview.Zoom({kPage, {10000, 25000}}), 40) << "the taller of the two counts";
+  EXPECT_DOUBLE_EQ(preview.Zoom({kPage, {15000, 20000}, kPage}), 40);
+  PutArea(100000, 10000 + 2 * kGap);
+  EXPECT_DOUBLE_EQ(preview.Zoom({kPage, {10000, 25000}, kPage}), 40)
+      << "the taller of the two counts";
 }
 
 TEST_F(PreviewStateTest, TheOverviewFitsFourPagesBesideAndTwoBelow) {
-  preview.SetViewSize(20000 + 5 * kPageGap, 100000);
+  PutArea(20000 + 5 * kGap, 100000);
   preview.PutZoomMode(kZoomOverview);
   EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 50);
-  preview.SetViewSize(100000, 10000 + 3 * kPageGap);
+  PutArea(100000, 10000 + 3 * kGap);
   EXPECT_DOUBLE_EQ(preview.Zoom(kPages), 25);
 }
 
@@ -85,9 +94,9 @@ TEST_F(PreviewStateTest, UnknownZoomModesAreRefused) {
 }
 
 TEST_F(PreviewStateTest, FittingStaysWithinTheLimitsInATinyOrHugeView) {
-  preview.SetViewSize(0, -10);
+  PutArea(0, -10);
   EXPECT_EQ(preview.Zoom(kPages), kMinimumZoom);
-  preview.SetViewSize(1e9, 1e9);
+  PutArea(1000000000, 1000000000);
   EXPECT_EQ(preview.Zoom(kPages), kMaximumZoom);
 }
 

@@ -1,0 +1,64 @@
+#include "engine/native/view/page_bitmaps.h"
+
+#include <algorithm>
+#include <span>
+
+namespace pagivo::native {
+namespace {
+
+PixelSize TileSizeOf(const PixelSize& page) {
+  const auto bytes = static_cast<std::size_t>(page.width) * static_cast<std::size_t>(page.height) *
+                     sizeof(std::uint32_t);
+  if (bytes <= PageBitmaps::kMaximumWholePageBytes) return page;
+  return {PageBitmaps::kTileSide, PageBitmaps::kTileSide};
+}
+
+// The pixels of a row, from `left` on, of a bitmap whose rows have that many.
+template <typename Pixels>
+auto RowOf(Pixels& pixels, std::int32_t width, std::int32_t left, std::int32_t row) {
+  return pixels.begin() + static_cast<std::ptrdiff_t>(row) * width + left;
+}
+
+// Copies `part` of the surface from a tile whose upper left pixel lies at (left, top) there.
+void Copy(const Bitmap& tile, std::int32_t left, std::int32_t top, const SurfaceBox& part,
+          const SurfaceBitmap& surface) {
+  for (std::int32_t y = part.top; y < part.bottom; ++y) {
+    std::copy_n(RowOf(tile.pixels, tile.width, part.left - left, y - top), part.Width(),
+                RowOf(surface.pixels, surface.width, part.left, y));
+  }
+}
+
+// The first multiple of `step` that is not after `offset`.
+std::int32_t TileStart(std::int32_t offset, std::int32_t step) {
+  return offset / step * step;
+}
+
+}  // namespace
+
+void PageBitmaps::Show(const Document& document, const PlacedPage& placed,
+                       const SurfaceBitmap& surface) {
+  const SurfaceBox& paper = placed.box;
+  const SurfaceBox visible = Intersection(paper, {0, 0, surface.width, surface.height});
+  if (visible.IsEmpty()) return;
+  const PixelSize page{paper.Width(), paper.Height()};
+  const PixelSize step = TileSizeOf(page);
+  BitmapKey key{.page = placed.page,
+                .revision = document.RevisionOf(placed.page),
+                .pixelsPerTwip = placed.pixelsPerTwip};
+  const auto draw = [&](Bitmap& bitmap) {
+    DrawPage(document, key.page, {key.pixelsPerTwip, key.left, key.top}, bitmap);
+  };
+  for (key.top = TileStart(visible.top - paper.top, step.height);
+       key.top < visible.bottom - paper.top; key.top += step.height) {
+    key.height = std::min(step.height, page.height - key.top);
+    for (key.left = TileStart(visible.left - paper.left, step.width);
+         key.left < visible.right - paper.left; key.left += step.width) {
+      key.width = std::min(step.width, page.width - key.left);
+      const SurfaceBox tile =
+          SurfaceBox{0, 0, key.width, key.height}.Moved(paper.left + key.left, paper.top + key.top);
+      Copy(cache_.Get(key, draw), tile.left, tile.top, Intersection(tile, visible), surface);
+    }
+  }
+}
+
+}  // namespace pagivo::native

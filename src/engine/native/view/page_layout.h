@@ -1,0 +1,47 @@
+// Which pages are visible on the surface, where, and how large.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/native/view/preview_state.h"
+#include "engine/native/view/surface_box.h"
+
+namespace pagivo::native {
+
+// The pages that there are to be shown.
+class PageSource {
+ public:
+  virtual std::int32_t PageCount() const = 0;
+  // Of a page within the count.
+  virtual PageGeometry GeometryOf(std::int32_t page) const = 0;
+  // Whether a page may stand beside the shown one. Asked only for pages that would be visible.
+  virtual bool IsAdmitted(std::int32_t page) = 0;
+
+ protected:
+  ~PageSource() = default;
+};
+
+struct PlacedPage {
+  std::int32_t page = 0;
+  SurfaceBox box;  // the paper; it may reach beyond the area
+  double pixelsPerTwip = 0;
+  bool isChosen = false;  // the shown page among those of the overview
+};
+
+struct PageLayout {
+  std::vector<PlacedPage> pages;  // from the first to the last
+  // How many pages the overview has beside and below each other.
+  std::int32_t columns = 1;
+  std::int32_t rows = 1;
+
+  // The page at a place of the surface; null where there is none.
+  const PlacedPage* At(SurfacePoint point) const noexcept;
+};
+
+// The visible pages: the shown one, with its right-hand neighbour in the two-page mode; in the
+// overview the screenful that the shown page belongs to. Looks at these pages only, however many
+// there are. Without pages nothing is visible.
+PageLayout LayOutPages(const PreviewState& state, const ShownPages& shown, PageSource& source);
+
+}  // namespace pagivo::native
