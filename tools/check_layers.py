@@ -22,8 +22,11 @@ ALLOWED = {
     f"{NATIVE}/view": ["values", "engine", "window", f"{NATIVE}/document",
                      f"{NATIVE}/raster"],
     f"{NATIVE}/dialogs": ["values", "engine", "window", f"{NATIVE}/document"],
+    f"{NATIVE}/spool": ["values", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures",
+                      f"{NATIVE}/pdf"],
+    f"{NATIVE}/spool/cups": ["values", f"{NATIVE}/spool"],
     NATIVE: ["values", "engine", "window", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures",
-             f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view", f"{NATIVE}/dialogs"],
+             f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view", f"{NATIVE}/dialogs", f"{NATIVE}/spool"],
     "window": ["values"],
     "window/headless": ["values", "window"],
     "platform": ["values", "engine", "window"],
@@ -33,7 +36,7 @@ ALLOWED = {
     "api": ["values", "engine", "window", "platform", "state", "preview", "dialogs"],
     "assembly": ["values", "engine", NATIVE, f"{NATIVE}/document", f"{NATIVE}/fonts",
                  f"{NATIVE}/pictures", f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view",
-                 "window", "window/headless", "platform", "state", "preview", "dialogs", "api"],
+                 f"{NATIVE}/spool", f"{NATIVE}/spool/cups", "window", "window/headless", "platform", "state", "preview", "dialogs", "api"],
 }
 
 # Outside headers -> the folders that may include them.

@@ -30,9 +30,12 @@ class DocumentWriter {
   DocumentWriter(const Document& document, const ByteSink& sink)
       : document_(document), file_(sink) {}
 
-  void Write(std::int32_t firstPage, std::int32_t lastPage) {
+  void Write(std::int32_t firstPage, std::int32_t lastPage, const PageObserver& observer) {
     usualSize_ = document_.GeometryOf(firstPage);
-    for (std::int32_t page = firstPage; page <= lastPage; ++page) WritePage(page);
+    for (std::int32_t page = firstPage; page <= lastPage; ++page) {
+      if (observer) observer(page);
+      WritePage(page);
+    }
     const ObjectNumber pages = tree_.Finish(InheritedEntries());
     WriteTrailer(pages);
   }
@@ -111,12 +114,12 @@ void DocumentWriter::WriteTrailer(ObjectNumber pages) {
 }  // namespace
 
 void WritePdf(const Document& document, std::int32_t firstPage, std::int32_t lastPage,
-              const ByteSink& sink) {
+              const ByteSink& sink, const PageObserver& observer) {
   const std::string fault = RangeFault(document, firstPage, lastPage);
   if (!fault.empty()) {
     throw Error(ErrorNumber::PageOutOfRange, "De PDF kan niet worden geschreven: " + fault);
   }
-  DocumentWriter(document, sink).Write(firstPage, lastPage);
+  DocumentWriter(document, sink).Write(firstPage, lastPage, observer);
 }
 
 void WritePdfFile(const Document& document, std::int32_t firstPage, std::int32_t lastPage,

@@ -1,0 +1,130 @@
+#include "engine/native/spool/cups/cups_print_job.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "engine/native/spool/print_failures.h"
+
+namespace pagivo::native {
+namespace {
+
+constexpr const char* kFormat = "application/pdf";
+constexpr std::size_t kLongestName = 255;  // bytes, as IPP has it
+constexpr const char* kUnnamed = "Document";
+
+// Control characters are spaces, and no character is cut in two.
+std::string JobName(std::string title) {
+  std::ranges::replace_if(
+      title, [](unsigned char byte) { return byte < ' ' || byte == 0x7F; }, ' ');
+  if (title.empty()) return kUnnamed;
+  if (title.size() <= kLongestName) return title;
+  std::size_t length = kLongestName;
+  while (length > 0 && (static_cast<unsigned char>(title[length]) & 0xC0U) == 0x80) --length;
+  return title.substr(0, length);
+}
+
+void AddInteger(ipp_t* collection, const char* name, int value) {
+  ippAddInteger(collection, IPP_TAG_ZERO, IPP_TAG_INTEGER, name, value);
+}
+
+IppMessage MediaCollection(const JobTicket& ticket) {
+  const IppMessage size(ippNew());
+  AddInteger(size.get(), "x-dimension", ticket.size.width);
+  AddInteger(size.get(), "y-dimension", ticket.size.height);
+  IppMessage media(ippNew());
+  ippAddCollection(media.get(), IPP_TAG_ZERO, "media-size", size.get());
+  if (ticket.margins) {
+    AddInteger(media.get(), "media-left-margin", ticket.margins->left);
+    AddInteger(media.get(), "media-top-margin", ticket.margins->top);
+    AddInteger(media.get(), "media-right-margin", ticket.margins->right);
+    AddInteger(media.get(), "media-bottom-margin", ticket.margins->bottom);
+  }
+  return media;
+}
+
+void AddKeyword(ipp_t* request, const char* name, const char* value) {
+  AddText(request, IPP_TAG_JOB, IPP_TAG_KEYWORD, name, value);
+}
+
+}  // namespace
+
+IppMessage NewJobRequest(const Printer& printer, const JobTicket& ticket) {
+  IppMessage request = NewRequest(IPP_OP_CREATE_JOB, printer.uri);
+  AddText(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", JobName(ticket.title));
+  ippAddInteger(request.get(), IPP_TAG_JOB, IPP_TAG_INTEGER, "copies", ticket.copies);
+  if (ticket.copies > 1) {
+    AddKeyword(request.get(), "multiple-document-handling", "separate-documents-collated-copies");
+  }
+  AddKeyword(request.get(), "print-scaling", "none");
+  ippAddCollection(request.get(), IPP_TAG_JOB, "media-col", MediaCollection(ticket).get());
+  return request;
+}
+
+std::string ResourceOf(const Printer& printer) {
+  std::array<char, 64> scheme{};
+  std::array<char, HTTP_MAX_HOST> user{};
+  std::array<char, HTTP_MAX_HOST> host{};
+  std::array<char, HTTP_MAX_URI> resource{};
+  int port = 0;
+  httpSeparateURI(HTTP_URI_CODING_ALL, printer.uri.c_str(), scheme.data(), scheme.size(),
+                  user.data(), user.size(), host.data(), host.size(), &port, resource.data(),
+                  resource.size());
+  return resource.data();
+}
+
+CupsPrintJob::CupsPrintJob(std::unique_ptr<CupsConnection> connection, Printer printer, int id,
+                           KeepWaiting keepWaiting)
+    : connection_(std::move(connection)),
+      printer_(std::move(printer)),
+      resource_(ResourceOf(printer_)),
+      id_(id) {
+  connection_->SetPatience(kPatience, std::move(keepWaiting));
+}
+
+CupsPrintJob::~CupsPrintJob() {
+  if (connection_) Cancel();
+}
+
+IppMessage CupsPrintJob::NewJobQuestion(ipp_op_t operation) const {
+  IppMessage request = NewRequest(operation, printer_.uri);
+  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id_);
+  return request;
+}
+
+void CupsPrintJob::Begin() {
+  const IppMessage request = NewJobQuestion(IPP_OP_SEND_DOCUMENT);
+  AddText(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", kFormat);
+  ippAddBoolean(request.get(), IPP_TAG_OPERATION, "last-document", 1);
+  isBegun_ = true;
+  if (!connection_->Begin(request, resource_)) Fail();
+}
+
+void CupsPrintJob::Write(std::span<const std::uint8_t> bytes) {
+  if (!isBegun_) Begin();
+  if (!connection_->Send(bytes)) Fail();
+}
+
+void CupsPrintJob::Finish() {
+  if (!isBegun_) Begin();
+  const CupsAnswer answer = connection_->Answer(resource_);
+  if (!answer.IsSuccess()) Fail();
+  connection_.reset();
+}
+
+// The connection that failed goes first, as its job cannot be cancelled while the server reads it.
+void CupsPrintJob::Fail() {
+  const bool isCancelled = connection_->WasCancelled();
+  Cancel();
+  if (isCancelled) ThrowPrintingCancelled();
+  ThrowConnectionLost(printer_.name);
+}
+
+void CupsPrintJob::Cancel() noexcept {
+  connection_.reset();
+  if (std::exchange(isTakenBack_, true)) return;
+  CupsConnection connection;
+  connection.Ask(NewJobQuestion(IPP_OP_CANCEL_JOB), resource_);
+}
+
+}  // namespace pagivo::native

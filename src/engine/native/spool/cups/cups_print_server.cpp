@@ -1,0 +1,109 @@
+#include "engine/native/spool/cups/cups_print_server.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/native/spool/cups/cups_print_job.h"
+#include "engine/native/spool/print_failures.h"
+
+namespace pagivo::native {
+
+std::unique_ptr<CupsConnection> CupsPrintServer::Connect() {
+  if (Clock::now() < awayUntil_) ThrowNoServer();
+  auto connection = std::make_unique<CupsConnection>();
+  NoteSilence(*connection);
+  if (!connection->IsOpen()) ThrowNoServer();
+  return connection;
+}
+
+// A server that refuses connections costs no time and may be back at any moment.
+void CupsPrintServer::NoteSilence(const CupsConnection& connection) {
+  if (connection.WasSilent()) awayUntil_ = Clock::now() + kAbsence;
+}
+
+CupsAnswer CupsPrintServer::Ask(IppMessage request) {
+  const auto connection = Connect();
+  CupsAnswer answer = connection->Ask(std::move(request), "/");
+  NoteSilence(*connection);
+  if (!answer.isThere) ThrowNoServer();
+  return answer;
+}
+
+// A server without any printer answers that it found none.
+const std::vector<Printer>& CupsPrintServer::Printers() {
+  if (!printers_) {
+    IppMessage request = NewRequest(IPP_OP_CUPS_GET_PRINTERS, {});
+    AddRequestedAttributes(request.get(), kPrinterAttributes);
+    const CupsAnswer answer = Ask(std::move(request));
+    printers_ = answer.IsSuccess() ? ReadPrinters(answer.message.get()) : std::vector<Printer>();
+  }
+  return *printers_;
+}
+
+// The environment's and the user's own come before the server's. Either may name an instance, a
+// printer with settings, after a slash.
+std::string CupsPrintServer::DefaultPrinter() {
+  if (!defaultPrinter_) {
+    const auto connection = Connect();
+    const char* name = cupsGetDefault2(connection->Get());
+    NoteSilence(*connection);
+    if (connection->WasSilent()) ThrowNoServer();
+    const std::string found = name == nullptr ? std::string() : std::string(name);
+    defaultPrinter_ = found.substr(0, found.find('/'));
+  }
+  return *defaultPrinter_;
+}
+
+const Printer* CupsPrintServer::FindKnown(const std::string& name) {
+  const std::vector<Printer>& printers = Printers();
+  const auto found = std::ranges::find(printers, name, &Printer::name);
+  return found == printers.end() ? nullptr : &*found;
+}
+
+// A printer that is not in the list may have come since it was read.
+const Printer& CupsPrintServer::FindPrinter(const std::string& name) {
+  const Printer* printer = FindKnown(name);
+  if (printer == nullptr) {
+    Refresh();
+    printer = FindKnown(name);
+  }
+  if (printer == nullptr) ThrowNoSuchPrinter(name);
+  return *printer;
+}
+
+const PrinterMedia& CupsPrintServer::MediaOf(const std::string& printer) {
+  const auto known = media_.find(printer);
+  if (known != media_.end()) return known->second;
+  IppMessage request = NewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, FindPrinter(printer).uri);
+  AddRequestedAttributes(request.get(), kMediaAttributes);
+  const CupsAnswer answer = Ask(std::move(request));
+  if (answer.status == IPP_STATUS_ERROR_NOT_FOUND) {
+    Refresh();
+    ThrowNoSuchPrinter(printer);
+  }
+  return media_[printer] = answer.IsSuccess() ? ReadMedia(answer.message.get()) : PrinterMedia();
+}
+
+void CupsPrintServer::Refresh() noexcept {
+  printers_.reset();
+  defaultPrinter_.reset();
+  media_.clear();
+}
+
+std::unique_ptr<PrintJob> CupsPrintServer::OpenJob(const JobTicket& ticket,
+                                                   const KeepWaiting& keepWaiting) {
+  const Printer printer = FindPrinter(ticket.printer);
+  auto connection = Connect();
+  const CupsAnswer answer = connection->Ask(NewJobRequest(printer, ticket), ResourceOf(printer));
+  NoteSilence(*connection);
+  if (!answer.isThere) ThrowNoServer();
+  if (answer.status == IPP_STATUS_ERROR_NOT_FOUND) {
+    Refresh();
+    ThrowNoSuchPrinter(ticket.printer);
+  }
+  if (!answer.IsSuccess()) ThrowPrinterRefuses(ticket.printer);
+  const int id = ippGetInteger(Find(answer.message.get(), "job-id"), 0);
+  return std::make_unique<CupsPrintJob>(std::move(connection), printer, id, keepWaiting);
+}
+
+}  // namespace pagivo::native
