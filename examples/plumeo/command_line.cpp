@@ -42,12 +42,21 @@ class Arguments {
   std::size_t next_ = 0;
 };
 
+void PutOutput(CommandLine& commandLine, Output output) {
+  if (commandLine.output != Output::Automatic && commandLine.output != output) {
+    throw UsageError("--venster gaat niet samen met --pdf of --png");
+  }
+  commandLine.output = output;
+}
+
 }  // namespace
 
 const char* const kUsage =
     "Gebruik: plumeo [invoer.txt] [opties]\n"
-    "Berekent de verspreiding van de pluim van een schoorsteen en schrijft het rapport.\n"
+    "Berekent de verspreiding van de pluim van een schoorsteen en toont de uitkomsten in een\n"
+    "venster. Zonder beeldscherm, of met --pdf of --png, schrijft het programma het rapport.\n"
     "\n"
+    "  --venster          het venster, en een foutmelding als er geen beeldscherm is\n"
     "  --pdf BESTAND      het rapport (plumeo.pdf)\n"
     "  --png MAP          ook de bladen als PNG-afbeeldingen, in deze map\n"
     "  --paginas N        alleen de eerste N bladen als afbeelding\n"
@@ -62,9 +71,13 @@ CommandLine ParseCommandLine(const std::vector<std::string>& texts) {
     const std::string& argument = arguments.Next();
     if (argument == "--help") {
       commandLine.help = true;
+    } else if (argument == "--venster") {
+      PutOutput(commandLine, Output::Window);
     } else if (argument == "--pdf") {
+      PutOutput(commandLine, Output::Files);
       commandLine.pdf = arguments.ValueOf(argument);
     } else if (argument == "--png") {
+      PutOutput(commandLine, Output::Files);
       commandLine.imageFolder = arguments.ValueOf(argument);
     } else if (argument == "--paginas") {
       commandLine.imagePages = arguments.WholeNumberOf(argument, 1, 32'766);

@@ -14,8 +14,16 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// Where the report goes.
+enum class Output {
+  Automatic,  // a window where there is a display, else a file
+  Window,
+  Files,
+};
+
 struct CommandLine {
   std::string input;  // empty: the example's own
+  Output output = Output::Automatic;
   std::string pdf = "plumeo.pdf";
   std::string imageFolder;  // empty: no images
   int imagePages = 0;       // the first so many; 0 for all

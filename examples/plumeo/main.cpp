@@ -1,4 +1,4 @@
-// Plumeo: reads its input, calculates, and hands over the report.
+// Plumeo: reads its input, calculates, and shows the outcomes or writes the report.
 #include <algorithm>
 #include <exception>
 #include <filesystem>
@@ -13,6 +13,7 @@
 #include "pagivo/pg_print.h"
 #include "report.h"
 #include "results.h"
+#include "window_program.h"
 
 namespace {
 
@@ -37,19 +38,41 @@ void WriteImages(const plumeo::CommandLine& commandLine, int pages) {
   std::cout << commandLine.imageFolder << ": " << std::min(wanted, pages) << " afbeeldingen\n";
 }
 
-void Run(const plumeo::CommandLine& commandLine) {
-  const std::string input =
-      commandLine.input.empty() ? std::string(kFolder) + "/invoer.txt" : commandLine.input;
-  const plumeo::Project project = plumeo::ReadProject(input);
-  const plumeo::Results results = plumeo::Calculate(project);
+void WriteFiles(const plumeo::CommandLine& commandLine, const plumeo::Project& project,
+                const plumeo::Results& results, const plumeo::ReportOptions& options) {
   pagivo::PgPrint print;
-  plumeo::ComposeReport(print, project, results,
-                        {.pictureFolder = kFolder, .watermark = commandLine.watermark});
+  plumeo::ComposeReport(print, project, results, options);
   WritePdf(print, commandLine.pdf);
   if (!commandLine.imageFolder.empty()) {
     WriteImages(commandLine, print.VsPPGetPageCount() - 1);
   }
   print.VsPPEinde();
+}
+
+// Asks for the windows where a window is wanted; without a display that fails, which only matters
+// to who insists.
+bool ShowsWindow(plumeo::Output output) {
+  if (output == plumeo::Output::Files) return false;
+  try {
+    plumeo::UseWindows();
+    return true;
+  } catch (const std::exception&) {
+    if (output == plumeo::Output::Window) throw;
+    return false;
+  }
+}
+
+void Run(const plumeo::CommandLine& commandLine) {
+  const std::string input =
+      commandLine.input.empty() ? std::string(kFolder) + "/invoer.txt" : commandLine.input;
+  const plumeo::Project project = plumeo::ReadProject(input);
+  const plumeo::Results results = plumeo::Calculate(project);
+  const plumeo::ReportOptions options{.pictureFolder = kFolder, .watermark = commandLine.watermark};
+  if (ShowsWindow(commandLine.output)) {
+    plumeo::RunMainWindow(project, results, options);
+  } else {
+    WriteFiles(commandLine, project, results, options);
+  }
 }
 
 }  // namespace

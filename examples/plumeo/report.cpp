@@ -85,6 +85,7 @@ std::string CompassName(double bearing) {
 void ComposeReport(pagivo::PgPrint& print, const Project& project, const Results& results,
                    const ReportOptions& options) {
   print.VsPPInit();
+  print.VsPPStart(options.hostForm);
   print.VsPPSetScaleMode(kMillimetres);
   print.VsPPSetPaperSize(kA4);
   print.VsPPSetOrientation(std::int32_t{1});

@@ -12,7 +12,8 @@ namespace plumeo {
 
 struct ReportOptions {
   std::string pictureFolder;
-  std::int16_t watermark = 0;  // 1 to 3; 0 for none
+  std::int16_t watermark = 0;    // 1 to 3; 0 for none
+  pagivo::ObjectRef hostForm{};  // the window that the preview is shown over, or null
 };
 
 // Composes the whole document and finishes it; it can then be shown, printed or written.

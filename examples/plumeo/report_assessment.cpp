@@ -1,18 +1,11 @@
 // Chapter: the outcomes on the receptors beside the limits.
 #include "dutch_numbers.h"
 #include "report_chapters.h"
+#include "report_figures.h"
 #include "report_table.h"
 
 namespace plumeo {
 namespace {
-
-double YearWithBackground(const Project& project, const ReceptorResult& result) {
-  return result.yearlyMean * kMicrogramsPerGram + project.background;
-}
-
-double HourWithBackground(const Project& project, const ReceptorResult& result) {
-  return result.worstHour.concentration * kMicrogramsPerGram + project.background;
-}
 
 std::string Share(double value, double limit) {
   return WithUnit(Percent(value / limit, 0), "%");
@@ -63,18 +56,6 @@ void ComposeHourAssessment(Report& report) {
   DrawTable(flow, table);
 }
 
-std::string Judgement(const Report& report) {
-  std::string exceeded;
-  for (const ReceptorResult& result : report.results.receptors) {
-    if (YearWithBackground(report.project, result) > report.project.yearlyLimit ||
-        HourWithBackground(report.project, result) > report.project.hourlyLimit) {
-      exceeded += (exceeded.empty() ? "" : ", ") + Escaped(result.receptor.name);
-    }
-  }
-  if (exceeded.empty()) return "Op alle toetspunten wordt aan beide toetswaarden voldaan.";
-  return "Een toetswaarde wordt overschreden op: " + exceeded + ".";
-}
-
 }  // namespace
 
 void ComposeAssessment(Report& report) {
@@ -83,7 +64,7 @@ void ComposeAssessment(Report& report) {
   ComposeYearAssessment(report);
   ComposeHourAssessment(report);
   flow.Section("Oordeel en betrouwbaarheid");
-  flow.Paragraph("#" + Judgement(report) + "#");
+  flow.Paragraph("#" + Escaped(Judgement(report.project, report.results)) + "#");
   flow.Paragraph(
       "Het gaussische model beschrijft een gemiddelde pluim boven vlak terrein. De "
       "volgende beperkingen horen bij de uitkomsten:");

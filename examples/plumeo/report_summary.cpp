@@ -1,16 +1,10 @@
 // Chapter: the outcome on one page.
 #include "dutch_numbers.h"
 #include "report_chapters.h"
+#include "report_figures.h"
 
 namespace plumeo {
 namespace {
-
-struct KeyFigure {
-  std::string title;
-  std::string value;
-  std::string unit;
-  std::string remark;
-};
 
 void DrawKeyFigure(Sheet& sheet, const KeyFigure& figure, double left, double top, double width) {
   constexpr double kHeight = 31;
@@ -30,25 +24,11 @@ void DrawKeyFigure(Sheet& sheet, const KeyFigure& figure, double left, double to
 }
 
 void DrawKeyFigures(Report& report) {
-  const Results& results = report.results;
-  const ClassResult& worst = results.Worst();
-  const YearlyPeak& peak = results.yearlyPeak;
-  const double total = peak.concentration * kMicrogramsPerGram + report.project.background;
-  const KeyFigure figures[] = {
-      {"Hoogste uurgemiddelde", Micrograms(worst.maximum.concentration), kMicrogramUnit,
-       std::string("klasse ") + LetterOf(worst.stability) + ", op " +
-           WithUnit(Fixed(worst.maximum.distance, 0), "m") + " van de schoorsteen"},
-      {"Hoogste jaargemiddelde, bron", Micrograms(peak.concentration), kMicrogramUnit,
-       "op " + WithUnit(Fixed(peak.distance, 0), "m") + " in de richting " +
-           CompassName(peak.bearing)},
-      {"Idem, met achtergrond", Significant(total, 3), kMicrogramUnit,
-       WithUnit(Percent(total / report.project.yearlyLimit, 0), "%") + " van de toetswaarde van " +
-           WithUnit(Significant(report.project.yearlyLimit, 2), kMicrogramUnit)}};
   constexpr double kGap = 4;
   constexpr double kWidth = (kTextWidth - 2 * kGap) / 3;
   Flow& flow = report.flow;
   double left = kTextLeft;
-  for (const KeyFigure& figure : figures) {
+  for (const KeyFigure& figure : KeyFigures(report.project, report.results)) {
     DrawKeyFigure(flow.Paper(), figure, left, flow.Top(), kWidth);
     left += kWidth + kGap;
   }

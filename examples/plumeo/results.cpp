@@ -71,4 +71,17 @@ Results Calculate(const Project& project) {
   return results;
 }
 
+double YearWithBackground(const Project& project, const ReceptorResult& result) {
+  return result.yearlyMean * kMicrogramsPerGram + project.background;
+}
+
+double HourWithBackground(const Project& project, const ReceptorResult& result) {
+  return result.worstHour.concentration * kMicrogramsPerGram + project.background;
+}
+
+bool IsWithinLimits(const Project& project, const ReceptorResult& result) {
+  return YearWithBackground(project, result) <= project.yearlyLimit &&
+         HourWithBackground(project, result) <= project.hourlyLimit;
+}
+
 }  // namespace plumeo

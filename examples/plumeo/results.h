@@ -45,4 +45,10 @@ struct Results {
 
 Results Calculate(const Project& project);
 
+// On a receptor with the background, ug/m3: the year's mean and the highest mean of an hour.
+double YearWithBackground(const Project& project, const ReceptorResult& result);
+double HourWithBackground(const Project& project, const ReceptorResult& result);
+// Neither of the two exceeds its limit.
+bool IsWithinLimits(const Project& project, const ReceptorResult& result);
+
 }  // namespace plumeo

@@ -8,9 +8,10 @@
 namespace plumeo {
 namespace {
 
-TEST(ParseCommandLine, WithoutArgumentsWritesTheExampleToOneFile) {
+TEST(ParseCommandLine, WithoutArgumentsIsAboutTheExample) {
   const CommandLine commandLine = ParseCommandLine({});
   EXPECT_EQ(commandLine.input, "");
+  EXPECT_EQ(commandLine.output, Output::Automatic);
   EXPECT_EQ(commandLine.pdf, "plumeo.pdf");
   EXPECT_EQ(commandLine.imageFolder, "");
   EXPECT_EQ(commandLine.watermark, 0);
@@ -28,6 +29,17 @@ TEST(ParseCommandLine, TakesEveryOption) {
   EXPECT_EQ(commandLine.watermark, 2);
 }
 
+TEST(ParseCommandLine, WritesFilesWhenAFileIsNamed) {
+  EXPECT_EQ(ParseCommandLine({"--pdf", "a.pdf"}).output, Output::Files);
+  EXPECT_EQ(ParseCommandLine({"--png", "bladen"}).output, Output::Files);
+  EXPECT_EQ(ParseCommandLine({"--png", "bladen", "--pdf", "a.pdf"}).output, Output::Files);
+}
+
+TEST(ParseCommandLine, OpensItsWindowWhenToldTo) {
+  EXPECT_EQ(ParseCommandLine({"--venster"}).output, Output::Window);
+  EXPECT_EQ(ParseCommandLine({"a.txt", "--venster", "--watermerk", "1"}).output, Output::Window);
+}
+
 TEST(ParseCommandLine, RefusesWhatItDoesNotUnderstand) {
   const std::vector<std::string> bad[] = {{"--pdf"},
                                           {"--onbekend"},
@@ -36,7 +48,9 @@ TEST(ParseCommandLine, RefusesWhatItDoesNotUnderstand) {
                                           {"--watermerk", "0"},
                                           {"--watermerk", "1,5"},
                                           {"--paginas", "nul"},
-                                          {"--dpi", "5"}};
+                                          {"--dpi", "5"},
+                                          {"--venster", "--pdf", "a.pdf"},
+                                          {"--png", "bladen", "--venster"}};
   for (const auto& arguments : bad) {
     EXPECT_THROW(ParseCommandLine(arguments), UsageError) << arguments.front();
   }

@@ -172,6 +172,30 @@ TEST_F(ReportProgram, TellsWhatIsWrongInOneLineAndFails) {
   }
 }
 
+// Without the display of whoever runs the tests.
+Outcome RunPlumeoWithoutDisplay(const std::string& folder, const std::string& arguments) {
+  return RunCommand("cd '" + folder +
+                    "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" + PLUMEO_PROGRAM +
+                    "' " + arguments);
+}
+
+TEST_F(ReportProgram, WritesItsReportWhereThereIsNoDisplay) {
+  const pagivo::ScratchFolder elsewhere;
+  const Outcome outcome = RunPlumeoWithoutDisplay(elsewhere.Path(), "");
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
+  EXPECT_THAT(outcome.output, testing::StartsWith("plumeo.pdf: "));
+  EXPECT_TRUE(std::filesystem::exists(elsewhere.FileNamed("plumeo.pdf")));
+}
+
+TEST_F(ReportProgram, TellsInOneLineThatItsWindowNeedsADisplay) {
+  const pagivo::ScratchFolder elsewhere;
+  const Outcome outcome = RunPlumeoWithoutDisplay(elsewhere.Path(), "--venster");
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_THAT(outcome.output, testing::StartsWith("plumeo: "));
+  EXPECT_EQ(std::count(outcome.output.begin(), outcome.output.end(), '\n'), 1) << outcome.output;
+  EXPECT_TRUE(std::filesystem::is_empty(elsewhere.Path()));
+}
+
 TEST_F(ReportProgram, TellsInOneLineWhereItCouldNotWrite) {
   const Outcome outcome = RunPlumeo("--pdf /nergens/rapport.pdf");
   EXPECT_EQ(outcome.exitCode, 1);
