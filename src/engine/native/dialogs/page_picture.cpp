@@ -57,8 +57,8 @@ double FittingScale(const SurfaceBitmap& bitmap, const PageShape& page, double g
 }
 
 PixelRectangle PaperIn(const SurfaceBitmap& bitmap, const PageShape& page, double scale) {
-  const std::int32_t width = Pixels(page.width * scale);
-  const std::int32_t height = Pixels(page.height * scale);
+  const std::int32_t width = std::max(Pixels(page.width * scale), 1);
+  const std::int32_t height = std::max(Pixels(page.height * scale), 1);
   const std::int32_t left = (bitmap.width - width) / 2;
   const std::int32_t top = (bitmap.height - height) / 2;
   return {left, top, left + width, top + height};

@@ -62,9 +62,9 @@ constexpr std::array<ControlDesign, 15> kMarginControls{{
      .placement = {3132, kMarginsTop, 3360, kMarginsHeight}},
     {.name = "picture",
      .kind = ControlKind::Surface,
-     .caption = "Voorbeeld van de pagina",
      .placement = {120, 300, 3120, 1992},
-     .container = "pictureFrame"},
+     .container = "pictureFrame",
+     .accessibleName = "Voorbeeld van de pagina"},
 }};
 
 constexpr auto kControls =
