@@ -253,12 +253,5 @@ TEST_F(DrawingTest, WhatIsNoPictureIsAnError) {
   EXPECT_EQ(Page(), "");
 }
 
-TEST_F(DrawingTest, ThereIsNoWindowToRender) {
-  for (const std::int32_t window : {0, 1, -1, 123456}) {
-    ExpectInvalidValue([&] { engine->PutRenderControl(window); });
-  }
-  EXPECT_EQ(Page(), "");
-}
-
 }  // namespace
 }  // namespace pagivo::native

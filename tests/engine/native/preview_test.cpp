@@ -188,11 +188,5 @@ TEST_F(PrintersTest, PrintingSaysWhatIsMissing) {
   ExpectError(ErrorNumber::PrinterFailure, [&] { engine->PrintDoc(false, 1, 1); });
 }
 
-TEST_F(PrintersTest, DialogsAreNeverConfirmed) {
-  EXPECT_FALSE(engine->GetPrintDialog(kPrinterSetupDialog));
-  EXPECT_FALSE(engine->GetPrintDialog(kPageSetupDialog));
-  ExpectInvalidValue([&] { engine->GetPrintDialog(2); });
-}
-
 }  // namespace
 }  // namespace pagivo::native
