@@ -29,6 +29,7 @@ ALLOWED = {
              f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view", f"{NATIVE}/dialogs", f"{NATIVE}/spool"],
     "window": ["values"],
     "window/headless": ["values", "window"],
+    "window/qt": ["values", "window", "platform"],
     "platform": ["values", "engine", "window"],
     "state": ["values", "engine", "window"],
     "dialogs": ["values", "engine", "window", "platform", "state"],
@@ -49,7 +50,7 @@ LIBRARIES = {
     r"(gdk-pixbuf|librsvg|glib|gio)": [f"{NATIVE}/pictures"],
     r"libdeflate": [f"{NATIVE}/pdf"],
     r"cups/": [f"{NATIVE}/spool/cups"],
-    r"Q[A-Z]": ["window/qt"],
+    r"(Q[A-Z]|xcb/)": ["window/qt"],
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')

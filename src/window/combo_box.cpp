@@ -42,8 +42,8 @@ void ComboBox::PutText(std::string_view text) {
   RaiseChange();
 }
 
-bool ComboBox::PressKey(std::int16_t keyCode, std::int16_t) {
-  if (keyCode != kKeyUp && keyCode != kKeyDown) return false;
+bool ComboBox::PressKey(std::int16_t keyCode, std::int16_t shift) {
+  if ((keyCode != kKeyUp && keyCode != kKeyDown) || (shift & kAltKey) != 0) return false;
   const std::int32_t next = listIndex_ + (keyCode == kKeyUp ? -1 : 1);
   if (next >= 0 && next < Count()) PutListIndex(next);
   return true;

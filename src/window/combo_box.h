@@ -33,7 +33,7 @@ class ComboBox : public Control {
   // cannot be typed.
   void PutText(std::string_view text);
 
-  // The arrows up and down select the item above and below.
+  // The arrows up and down select the item above and below; with Alt they are the list's.
   bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
 
  private:

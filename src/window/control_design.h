@@ -99,6 +99,8 @@ struct ControlDesign {
   bool editable = false;  // a combo box whose text may be typed
   std::string_view fontName = "Tahoma";
   float fontSize = 8.25F;  // points
+  // What a screen reader calls a control that has no caption and no label before it.
+  std::string_view accessibleName = {};
   std::span<const ToolbarButton> buttons = {};
   const ImageList* images = nullptr;  // where a toolbar takes its buttons' images
 };

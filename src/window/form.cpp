@@ -84,10 +84,14 @@ void Form::PutWindowState(WindowState state) {
 }
 
 void Form::PutLeft(float left) {
+  Load();
+  placed_ = true;
   Put(&Form::left_, left);
 }
 
 void Form::PutTop(float top) {
+  Load();
+  placed_ = true;
   Put(&Form::top_, top);
 }
 
@@ -109,6 +113,19 @@ void Form::PutSize(const Extent& size) {
   height_ = size.height;
   peer_->Update();
   OnResize();
+}
+
+void Form::TakePlacement(const Placement& window, const Extent& frame, WindowState state) {
+  if (!loaded_) return;
+  const auto self = shared_from_this();
+  const Extent client{.width = ClientWidth(), .height = ClientHeight()};
+  left_ = window.left;
+  top_ = window.top;
+  width_ = window.width;
+  height_ = window.height;
+  frame_ = frame;
+  windowState_ = state;
+  if (ClientWidth() != client.width || ClientHeight() != client.height) OnResize();
 }
 
 ControlSet& Form::Controls() {
@@ -143,6 +160,7 @@ void Form::TakeDesign(const Extent& frame) {
   frame_ = frame;
   caption_ = design_.caption;
   windowState_ = WindowState::Normal;
+  placed_ = false;
   left_ = 0;
   top_ = 0;
   width_ = design_.client.width + frame.width;

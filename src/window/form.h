@@ -77,6 +77,11 @@ class Form : public std::enable_shared_from_this<Form> {
   void PutHeight(float height);
   // Both at once, as the user does by dragging an edge.
   void PutSize(const Extent& size);
+  // Whether left or top was put since the form was loaded; else its peer chooses the place.
+  bool IsPlaced() const noexcept { return placed_; }
+  // Where the user or the window system has put the window, as its peer reports it. A client area
+  // of another size raises resize.
+  void TakePlacement(const Placement& window, const Extent& frame, WindowState state);
   // The window without its frame.
   float ClientWidth() const noexcept { return width_ - frame_.width; }
   float ClientHeight() const noexcept { return height_ - frame_.height; }
@@ -137,6 +142,7 @@ class Form : public std::enable_shared_from_this<Form> {
   bool loaded_ = false;
   bool displayed_ = false;  // since it was loaded
   bool visible_ = false;
+  bool placed_ = false;
   std::string caption_;
   WindowState windowState_ = WindowState::Normal;
   float left_ = 0;

@@ -1,8 +1,11 @@
 #include "window/option_button.h"
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 #include "window/control_set.h"
+#include "window/key_codes.h"
 
 namespace pagivo {
 
@@ -28,6 +31,29 @@ bool OptionButton::GroupHasChoice() const {
     const OptionButton* option = OptionBeside(*this, control);
     return option != nullptr && option->value_;
   });
+}
+
+bool OptionButton::PressKey(std::int16_t keyCode, std::int16_t) {
+  const bool backwards = keyCode == kKeyUp || keyCode == kKeyLeft;
+  if (!backwards && keyCode != kKeyDown && keyCode != kKeyRight) return false;
+  OptionButton* next = NextInGroup(backwards);
+  if (next == nullptr) return true;
+  // The focus handler may unload the form, and this option with it.
+  const std::weak_ptr<Control> reached = next->weak_from_this();
+  next->Focus();
+  if (const auto option = reached.lock()) option->Click();
+  return true;
+}
+
+OptionButton* OptionButton::NextInGroup(bool backwards) const {
+  std::vector<OptionButton*> group;
+  for (const auto& control : Siblings().All()) {
+    OptionButton* option = OptionBeside(*this, control);
+    if (option != nullptr && (option == this || option->CanTakeFocus())) group.push_back(option);
+  }
+  if (backwards) std::reverse(group.begin(), group.end());
+  std::rotate(group.begin(), std::ranges::find(group, this) + 1, group.end());
+  return group.front() == this ? nullptr : group.front();
 }
 
 void OptionButton::ClearOthers() {

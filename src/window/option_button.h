@@ -1,6 +1,8 @@
 // One of several choices.
 #pragma once
 
+#include <cstdint>
+
 #include "window/control.h"
 
 namespace pagivo {
@@ -18,9 +20,13 @@ class OptionButton : public Control {
   bool GroupHasChoice() const;
 
   void Click() override { PutValue(true); }
+  // The arrows go to the next or previous option of the container that can be reached, round the
+  // end, and set it.
+  bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
 
  private:
   void ClearOthers();
+  OptionButton* NextInGroup(bool backwards) const;
 
   bool value_ = false;
 };

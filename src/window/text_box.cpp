@@ -61,6 +61,10 @@ void TextBox::Backspace() {
   Type("");
 }
 
+void TextBox::Edit(std::string_view text, std::size_t insertionPoint) {
+  Take(Cut(text, 0), insertionPoint);
+}
+
 // What of a text fits beside `taken` other characters.
 std::string TextBox::Cut(std::string_view text, std::size_t taken) const {
   const auto maximum = static_cast<std::size_t>(Design().maximumLength);

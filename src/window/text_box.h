@@ -30,6 +30,9 @@ class TextBox : public Control {
   void Type(std::string_view text);
   // Takes away the selection, or the character before the insertion point. Raises change.
   void Backspace();
+  // What the user has made of the text by any other means: cut to the maximum length, with nothing
+  // selected and the insertion point before that character. Raises change when the text differs.
+  void Edit(std::string_view text, std::size_t insertionPoint);
 
  private:
   std::string Cut(std::string_view text, std::size_t taken) const;

@@ -14,19 +14,6 @@ constexpr float kButtonWidth = 330;
 constexpr float kArrowWidth = 195;
 constexpr float kSeparatorWidth = 90;
 
-float WidthOf(const ToolbarButton& button) {
-  switch (button.style) {
-    case ToolbarButton::Style::Separator:
-      return kSeparatorWidth;
-    case ToolbarButton::Style::Placeholder:
-      return button.width;
-    case ToolbarButton::Style::DropDown:
-      return kButtonWidth + kArrowWidth;
-    default:
-      return kButtonWidth;
-  }
-}
-
 const MenuItem* FindItem(std::span<const ToolbarButton> buttons, std::string_view key) {
   for (const ToolbarButton& button : buttons) {
     const auto item = std::ranges::find(button.menu, key, &MenuItem::key);
@@ -49,13 +36,25 @@ ToolbarButton& Toolbar::Button(std::string_view key) {
   return *button;
 }
 
-float Toolbar::LeftOf(std::string_view key) {
-  const ToolbarButton* end = &Button(key);
+float Toolbar::LeftOf(const ToolbarButton& button) const {
   float left = 0;
-  for (const ToolbarButton* button = buttons_.data(); button != end; ++button) {
-    if (button->visible) left += WidthOf(*button);
+  for (const ToolbarButton* before = buttons_.data(); before != &button; ++before) {
+    if (before->visible) left += WidthOf(*before);
   }
   return left;
+}
+
+float Toolbar::WidthOf(const ToolbarButton& button) {
+  switch (button.style) {
+    case ToolbarButton::Style::Separator:
+      return kSeparatorWidth;
+    case ToolbarButton::Style::Placeholder:
+      return button.width;
+    case ToolbarButton::Style::DropDown:
+      return kButtonWidth + kArrowWidth;
+    default:
+      return kButtonWidth;
+  }
 }
 
 void Toolbar::ClickButton(std::string_view key) {

@@ -21,8 +21,11 @@ class Toolbar : public Control {
   // Raises Error when no button has this key (exactly).
   ToolbarButton& Button(std::string_view key);
   // Where a button begins, in twips from the toolbar's left edge: the visible buttons stand in a
-  // row. Raises Error when no button has this key.
-  float LeftOf(std::string_view key);
+  // row, each as wide as its style asks. A peer puts them there. Raises Error when no button has
+  // this key.
+  float LeftOf(std::string_view key) { return LeftOf(Button(key)); }
+  float LeftOf(const ToolbarButton& button) const;  // one of Buttons()
+  static float WidthOf(const ToolbarButton& button);
 
   void WhenButtonClicked(KeyHandler handler) { buttonClicked_ = std::move(handler); }
   void WhenMenuClicked(KeyHandler handler) { menuClicked_ = std::move(handler); }

@@ -1,0 +1,113 @@
+// Where a form's window stands and how large it is.
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "window/qt/form_window.h"
+#include "window/qt/frame_margins.h"
+#include "window/qt/units.h"
+
+namespace pagivo::qt {
+
+namespace {
+
+Extent ToExtent(const QMargins& margins) {
+  return {.width = ToTwips(margins.left() + margins.right()),
+          .height = ToTwips(margins.top() + margins.bottom())};
+}
+
+QSize ClientSizeOf(const Form& form) {
+  return QSize(ToPixels(form.ClientWidth()), ToPixels(form.ClientHeight())).expandedTo(QSize(1, 1));
+}
+
+// In the middle of `anchor`, but whole on its screen as far as it fits.
+QPoint CentredOn(const QRect& anchor, const QSize& size, const QRect& screen) {
+  QRect place(QPoint(0, 0), size);
+  place.moveCenter(anchor.center());
+  const int left = std::min(place.left(), screen.left() + screen.width() - size.width());
+  const int top = std::min(place.top(), screen.top() + screen.height() - size.height());
+  return {std::max(left, screen.left()), std::max(top, screen.top())};
+}
+
+// A length that was put keeps its fraction of a pixel as long as the window shows it.
+float Present(float put, int pixels) {
+  return ToPixels(put) == pixels ? put : ToTwips(pixels);
+}
+
+}  // namespace
+
+Extent FormWindow::FrameExtent() const {
+  return ToExtent(frame_);
+}
+
+void FormWindow::Place() {
+  Resize();
+  if (form_.IsPlaced()) {
+    window_->move(ToPixels(form_.Left()), ToPixels(form_.Top()));
+    return;
+  }
+  const bool overWindow = before_ && before_->isVisible();
+  const QScreen* screen = overWindow ? before_->screen() : QGuiApplication::primaryScreen();
+  if (screen == nullptr) return;
+  const QRect available = screen->availableGeometry();
+  const QSize size = ClientSizeOf(form_).grownBy(frame_);
+  window_->move(CentredOn(overWindow ? before_->frameGeometry() : available, size, available));
+}
+
+void FormWindow::Resize() {
+  const QSize size = ClientSizeOf(form_);
+  if (!form_.Design().sizable) {
+    window_->setFixedSize(size);
+  } else if (window_->size() != size) {
+    window_->resize(size);
+  }
+}
+
+// The form was placed anew while it is shown.
+void FormWindow::ShowPlacement() {
+  const WindowState state = form_.GetWindowState();
+  if (state != PresentState()) {
+    window_->setWindowState(state == WindowState::Maximised   ? Qt::WindowMaximized
+                            : state == WindowState::Minimised ? Qt::WindowMinimized
+                                                              : Qt::WindowNoState);
+  }
+  if (state != WindowState::Normal) return;
+  Resize();
+  const QPoint place(ToPixels(form_.Left()), ToPixels(form_.Top()));
+  const QRect outer = window_->geometry().marginsAdded(frame_);
+  if (outer.topLeft() != place) window_->move(place);
+}
+
+void FormWindow::ReportPlacement() {
+  if (!showing_) return;
+  SettleFrame();
+  Report([this] { form_.TakePlacement(PresentPlacement(), ToExtent(frame_), PresentState()); });
+}
+
+// The frame may differ from what was expected: a window that the user can size keeps the size that
+// was asked with its frame, a dialog that of its client area.
+void FormWindow::SettleFrame() {
+  const QWindow* handle = window_->windowHandle();
+  if (!handle->isExposed() || handle->frameMargins() == frame_) return;
+  frame_ = handle->frameMargins();
+  RememberFrame(form_.Design().sizable, frame_);
+  if (!form_.Design().sizable || PresentState() != WindowState::Normal) return;
+  const QSize asked(ToPixels(form_.Width()), ToPixels(form_.Height()));
+  window_->resize(asked.shrunkBy(frame_).expandedTo(QSize(1, 1)));
+}
+
+Placement FormWindow::PresentPlacement() const {
+  const QRect outer = window_->geometry().marginsAdded(frame_);
+  return {.left = Present(form_.Left(), outer.left()),
+          .top = Present(form_.Top(), outer.top()),
+          .width = Present(form_.Width(), outer.width()),
+          .height = Present(form_.Height(), outer.height())};
+}
+
+WindowState FormWindow::PresentState() const {
+  if (window_->isMinimized()) return WindowState::Minimised;
+  return window_->isMaximized() ? WindowState::Maximised : WindowState::Normal;
+}
+
+}  // namespace pagivo::qt

@@ -1,0 +1,199 @@
+#include "window/qt/form_window.h"
+
+#include <QApplication>
+#include <QWindow>
+#include <utility>
+
+#include "pagivo/error.h"
+#include "window/qt/accessible_names.h"
+#include "window/qt/form_widget.h"
+#include "window/qt/frame_margins.h"
+#include "window/qt/keys.h"
+#include "window/qt/text.h"
+
+namespace pagivo::qt {
+
+namespace {
+
+Qt::WindowFlags FlagsFor(const FormDesign& design) {
+  if (design.sizable) return Qt::Window;
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+         Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+}
+
+// Qt takes "[*]" in a title for the mark of unsaved changes unless it stands there twice.
+QString TitleOf(const Form& form) {
+  return ToQt(form.Caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form)
+    : form_(form),
+      window_(
+          new FormWidget(FlagsFor(form.Design()), [this](bool forwards) { MoveFocus(forwards); })),
+      frame_(ExpectedFrame(form.Design().sizable)) {
+  window_->setAttribute(Qt::WA_QuitOnClose, false);
+  window_->setWindowModality(Qt::ApplicationModal);
+  window_->installEventFilter(this);
+}
+
+FormWindow::~FormWindow() {
+  // A showing under way holds its window, so none of its events is being handled any more.
+  delete window_.data();
+}
+
+void FormWindow::Update() {
+  if (!window_) return;
+  window_->setWindowTitle(TitleOf(form_));
+  if (showing_) ShowPlacement();
+}
+
+void FormWindow::ShowModal() {
+  if (!window_) {
+    throw Error(ErrorNumber::InvalidArgument,
+                "De vensters van het hoofdprogramma zijn al gesloten");
+  }
+  QEventLoop loop;
+  QEventLoop* outer = std::exchange(loop_, &loop);
+  Open();
+  // Opening may already have ended the showing.
+  if (showing_) loop.exec(QEventLoop::DialogExec);
+  loop_ = outer;
+  if (showing_) CloseAsTheUserDoes();
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void FormWindow::Open() {
+  before_ = QApplication::activeWindow();
+  window_->winId();
+  QWindow* handle = window_->windowHandle();
+  handle->installEventFilter(this);
+  handle->setTransientParent(before_ ? before_->windowHandle() : nullptr);
+  NameControls(*this);
+  Place();
+  showing_ = true;
+  switch (form_.GetWindowState()) {
+    case WindowState::Maximised:
+      window_->showMaximized();
+      break;
+    case WindowState::Minimised:
+      window_->showMinimized();
+      break;
+    default:
+      window_->showNormal();
+  }
+  window_->raise();
+  window_->activateWindow();
+  ReturnFocus();
+}
+
+void FormWindow::CloseAsTheUserDoes() {
+  // The application quits: it has ended every loop.
+  Report([this] { form_.Unload(UnloadMode::ControlMenu); });
+  form_.Hide();
+}
+
+void FormWindow::Hide() {
+  showing_ = false;
+  if (loop_ != nullptr) loop_->quit();
+  if (!window_) return;
+  window_->hide();
+  if (before_ && before_->isVisible()) before_->activateWindow();
+}
+
+void FormWindow::Fail(std::exception_ptr failure) {
+  if (!failure_) failure_ = std::move(failure);
+  form_.Hide();
+}
+
+QWidget* FormWindow::ParentFor(const Control& control) const {
+  return control.Container() == nullptr ? window_.data() : WidgetOf(*control.Container());
+}
+
+void FormWindow::Add(const Control& control, QWidget& widget) {
+  widgets_[&control] = &widget;
+  widget.installEventFilter(this);
+}
+
+QWidget* FormWindow::WidgetOf(const Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second.data();
+}
+
+void FormWindow::ReturnFocus() {
+  if (!form_.IsLoaded()) return;
+  const Control* focused = form_.Controls().Focused();
+  if (focused == nullptr) return;
+  if (QWidget* widget = WidgetOf(*focused)) widget->setFocus();
+}
+
+void FormWindow::MoveFocus(bool forwards) {
+  Report([&] {
+    const ControlSet& controls = form_.Controls();
+    Control* next = controls.NextInTabOrder(controls.Focused(), !forwards);
+    if (next != nullptr) next->Focus();
+  });
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched->isWindowType()) {
+    FilterNative(*event);
+    return false;
+  }
+  if (watched == window_ && FilterWindow(*event)) return true;
+  return FilterKeys(watched, *event);
+}
+
+bool FormWindow::FilterWindow(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::Close:
+      // The form decides whether its window goes.
+      event.ignore();
+      Report([this] { form_.Unload(UnloadMode::ControlMenu); });
+      return true;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowStateChange:
+      ReportPlacement();
+      return false;
+    default:
+      return false;
+  }
+}
+
+// The window system asks for the window's contents. Not so when a control merely draws itself anew:
+// that would go round in circles with a form that changes its controls when it is painted.
+void FormWindow::FilterNative(const QEvent& event) {
+  if (event.type() != QEvent::Expose || !window_->windowHandle()->isExposed()) return;
+  ReportPlacement();
+  Report([this] { form_.Paint(); });
+}
+
+bool FormWindow::FilterKeys(const QObject* watched, QEvent& event) {
+  if (event.type() != QEvent::KeyPress && event.type() != QEvent::ShortcutOverride) return false;
+  // A key that a widget has no use for comes by again at each of its parents.
+  const QWidget* focused = window_->focusWidget();
+  if (watched != (focused == nullptr ? window_.data() : focused)) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (event.type() == QEvent::KeyPress) return PressKey(key);
+  // The form knows the access keys; Qt must not take them for its own.
+  if (AccessLetterOf(key) == 0) return false;
+  event.accept();
+  return true;
+}
+
+bool FormWindow::PressKey(const QKeyEvent& event) {
+  if (const char letter = AccessLetterOf(event); letter != 0) {
+    Report([&] { form_.PressAccessKey(letter); });
+    return true;
+  }
+  const std::int16_t code = KeyCodeOf(event.key(), event.modifiers());
+  if (code == 0) return false;
+  bool used = false;
+  Report([&] { used = form_.PressKey(code, ShiftStateOf(event.modifiers())); });
+  // Nor does a widget get the key that has closed its window.
+  return used || !showing_;
+}
+
+}  // namespace pagivo::qt

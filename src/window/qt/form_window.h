@@ -1,0 +1,86 @@
+// A form as a window of Qt.
+#pragma once
+
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMargins>
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <exception>
+#include <map>
+
+#include "window/form.h"
+
+namespace pagivo::qt {
+
+// The window filters the events of its own widget and of the widgets that take the focus in it. An
+// error of a handler never travels through Qt: it ends the showing, which passes it on.
+class FormWindow final : public QObject, public FormPeer {
+ public:
+  explicit FormWindow(Form& form);
+  ~FormWindow() override;
+
+  // Estimated before a window of this kind was seen on the screen.
+  Extent FrameExtent() const override;
+  void Update() override;
+  void ShowModal() override;
+  void Hide() override;
+
+  // Null once Qt has destroyed it together with the application object.
+  QWidget* Window() const noexcept { return window_; }
+  Form& GetForm() const noexcept { return form_; }
+
+  // Where the widget of a control belongs.
+  QWidget* ParentFor(const Control& control) const;
+  // The control has a widget now, whose keys go to the form first.
+  void Add(const Control& control, QWidget& widget);
+  QWidget* WidgetOf(const Control& control) const;
+  // Gives the keyboard to the form's control with the focus.
+  void ReturnFocus();
+
+  // Runs what the user has done. Nothing when the form is no longer shown: its controls may be
+  // gone.
+  template <typename Doing>
+  void Report(const Doing& doing) {
+    if (!showing_) return;
+    try {
+      doing();
+    } catch (...) {
+      Fail(std::current_exception());
+    }
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool FilterWindow(QEvent& event);
+  void FilterNative(const QEvent& event);
+  bool FilterKeys(const QObject* watched, QEvent& event);
+  bool PressKey(const QKeyEvent& event);
+  void MoveFocus(bool forwards);
+  void Fail(std::exception_ptr failure);
+
+  void Open();
+  void CloseAsTheUserDoes();
+
+  // --- Placement (form_placement.cpp) ---------------------------------------------------------
+  void Place();
+  void Resize();
+  void ShowPlacement();
+  void ReportPlacement();
+  void SettleFrame();
+  Placement PresentPlacement() const;
+  WindowState PresentState() const;
+
+  Form& form_;
+  QPointer<QWidget> window_;
+  QPointer<QWidget> before_;  // the window that was active before the showing
+  std::map<const Control*, QPointer<QWidget>> widgets_;
+  QMargins frame_;
+  bool showing_ = false;
+  QEventLoop* loop_ = nullptr;  // of the showing under way
+  std::exception_ptr failure_;  // what ends it
+};
+
+}  // namespace pagivo::qt

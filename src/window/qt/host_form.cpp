@@ -1,0 +1,68 @@
+#include <QPointer>
+#include <QWidget>
+#include <array>
+#include <memory>
+
+#include "pagivo/error.h"
+#include "pagivo/qt_windows.h"
+#include "values/late_binding.h"
+#include "window/form.h"
+#include "window/qt/units.h"
+
+namespace pagivo {
+
+namespace {
+
+class QtHostForm final : public Object {
+ public:
+  explicit QtHostForm(QWidget& widget) : widget_(&widget) {}
+
+  Variant GetMember(std::string_view name) override;
+
+  std::int16_t GetWindowState() { return static_cast<std::int16_t>(PresentState()); }
+  float GetTop() { return qt::ToTwips(Window().frameGeometry().top()); }
+  float GetLeft() { return qt::ToTwips(Window().frameGeometry().left()); }
+  float GetHeight() { return qt::ToTwips(Window().frameGeometry().height()); }
+  float GetWidth() { return qt::ToTwips(Window().frameGeometry().width()); }
+
+ private:
+  QWidget& Window() const;
+  WindowState PresentState() const;
+
+  QPointer<QWidget> widget_;
+};
+
+constexpr std::array kRows = {
+    BindMember<&QtHostForm::GetWindowState>("WindowState", 1, MemberKind::Get),
+    BindMember<&QtHostForm::GetTop>("Top", 2, MemberKind::Get),
+    BindMember<&QtHostForm::GetLeft>("Left", 3, MemberKind::Get),
+    BindMember<&QtHostForm::GetHeight>("Height", 4, MemberKind::Get),
+    BindMember<&QtHostForm::GetWidth>("Width", 5, MemberKind::Get),
+};
+constexpr MemberTable<QtHostForm> kMembers(kRows);
+
+Variant QtHostForm::GetMember(std::string_view name) {
+  return kMembers.Get(*this, name);
+}
+
+QWidget& QtHostForm::Window() const {
+  if (!widget_) {
+    throw Error(ErrorNumber::InvalidArgument,
+                "Het venster van het hoofdprogramma bestaat niet meer");
+  }
+  return *widget_->window();
+}
+
+WindowState QtHostForm::PresentState() const {
+  const QWidget& window = Window();
+  if (window.isMinimized()) return WindowState::Minimised;
+  return window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
+}
+
+}  // namespace
+
+ObjectRef MakeHostForm(QWidget& widget) {
+  return std::make_shared<QtHostForm>(widget);
+}
+
+}  // namespace pagivo

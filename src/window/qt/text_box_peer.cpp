@@ -1,0 +1,109 @@
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <functional>
+#include <utility>
+
+#include "window/qt/control_peers.h"
+#include "window/qt/text.h"
+#include "window/qt/widget_peer.h"
+
+namespace pagivo::qt {
+
+namespace {
+
+// Tells when it is clicked.
+class ClickableLineEdit final : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+  // Null for nobody.
+  void WhenClicked(std::function<void()> clicked) { clicked_ = std::move(clicked); }
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    QLineEdit::mouseReleaseEvent(event);
+    const bool isClick = event->button() == Qt::LeftButton && rect().contains(event->pos());
+    if (!isClick || !clicked_) return;
+    const std::function<void()> clicked = clicked_;
+    clicked();
+  }
+
+ private:
+  std::function<void()> clicked_;
+};
+
+class TextBoxPeer final : public WidgetPeer {
+ public:
+  TextBoxPeer(FormWindow& window, TextBox& box);
+  ~TextBoxPeer() override;
+
+ private:
+  TextBoxPeer(FormWindow& window, TextBox& box, ClickableLineEdit* edit);
+
+  void Show() override;
+  void ShowSelection();
+  void ReportEdit(const QString& text);
+  void ReportSelection();
+
+  TextBox& box_;
+  QPointer<ClickableLineEdit> edit_;
+};
+
+TextBoxPeer::TextBoxPeer(FormWindow& window, TextBox& box)
+    : TextBoxPeer(window, box, new ClickableLineEdit(window.ParentFor(box))) {}
+
+TextBoxPeer::TextBoxPeer(FormWindow& window, TextBox& box, ClickableLineEdit* edit)
+    : WidgetPeer(window, box, edit), box_(box), edit_(edit) {
+  if (box.Design().maximumLength > 0) edit->setMaxLength(box.Design().maximumLength);
+  edit->WhenClicked([this] { Report([this] { box_.Click(); }); });
+  connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) { ReportEdit(text); });
+  connect(edit, &QLineEdit::cursorPositionChanged, this, [this] { ReportSelection(); });
+  connect(edit, &QLineEdit::selectionChanged, this, [this] { ReportSelection(); });
+}
+
+TextBoxPeer::~TextBoxPeer() {
+  if (edit_) edit_->WhenClicked(nullptr);
+}
+
+void TextBoxPeer::Show() {
+  const QString text = ToQt(box_.Text());
+  if (edit_->text() != text) edit_->setText(text);
+  ShowSelection();
+}
+
+void TextBoxPeer::ShowSelection() {
+  const QString text = edit_->text();
+  const int start = UnitsBefore(text, box_.SelectionStart());
+  const int end = UnitsBefore(text, box_.SelectionStart() + box_.SelectionLength());
+  if (start == end) {
+    edit_->deselect();
+    edit_->setCursorPosition(start);
+  } else if (edit_->selectionStart() != start || edit_->selectionEnd() != end) {
+    edit_->setSelection(start, end - start);
+  }
+}
+
+void TextBoxPeer::ReportEdit(const QString& text) {
+  Report([&] { box_.Edit(FromQt(text), CharactersBefore(text, edit_->cursorPosition())); });
+}
+
+void TextBoxPeer::ReportSelection() {
+  Report([this] {
+    const QString text = edit_->text();
+    // While the user's edit is under way the box does not have its text yet.
+    if (FromQt(text) != box_.Text()) return;
+    const bool isSelected = edit_->hasSelectedText();
+    const int start = isSelected ? edit_->selectionStart() : edit_->cursorPosition();
+    const int end = isSelected ? edit_->selectionEnd() : start;
+    const std::size_t before = CharactersBefore(text, start);
+    box_.PutSelection(before, CharactersBefore(text, end) - before);
+  });
+}
+
+}  // namespace
+
+std::unique_ptr<ControlPeer> MakeTextBoxPeer(FormWindow& window, TextBox& box) {
+  return std::make_unique<TextBoxPeer>(window, box);
+}
+
+}  // namespace pagivo::qt

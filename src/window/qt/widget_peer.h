@@ -1,0 +1,49 @@
+// What the peers of all kinds of controls share.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include "window/control.h"
+#include "window/qt/form_window.h"
+#include "window/window_system.h"
+
+namespace pagivo::qt {
+
+// Shows placement, font, enabling and visibility in the widget, and gives the control the focus
+// when the widget gets the keyboard. Connections and event filters of a peer end with it; the
+// widget goes with the window.
+class WidgetPeer : public QObject, public ControlPeer {
+ public:
+  // `widget` is owned by its parent.
+  WidgetPeer(FormWindow& window, Control& control, QWidget* widget);
+
+  void Update() final;
+  void Focus() override;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  // Shows what the kind has beside that. Nothing that it does to the widget is reported.
+  virtual void Show() = 0;
+
+  FormWindow& Window() const noexcept { return window_; }
+
+  // Runs what the user has done, as FormWindow::Report does. Nothing while the control is shown: a
+  // widget reports what it is made to show just as what the user does.
+  template <typename Doing>
+  void Report(const Doing& doing) {
+    if (!updating_) window_.Report(doing);
+  }
+
+ private:
+  void ShowCommon();
+
+  FormWindow& window_;
+  Control& control_;
+  QPointer<QWidget> widget_;
+  bool updating_ = false;
+};
+
+}  // namespace pagivo::qt
