@@ -33,8 +33,9 @@ void NativeSurface::DocumentReplaced() {
 }
 
 void NativeSurface::PutArea(const SurfaceArea& area) {
+  const SurfaceArea before = engine_->Preview().Area();
   engine_->PutPreviewArea(area);
-  layout_.reset();
+  if (engine_->Preview().Area() != before) layout_.reset();
 }
 
 const PageLayout& NativeSurface::Layout() const {

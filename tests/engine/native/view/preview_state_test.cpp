@@ -135,5 +135,56 @@ TEST_F(PreviewStateTest, AnotherPageIsShownFromItsTop) {
   EXPECT_EQ(preview.ScrollTop(kPages), 0);
 }
 
+TEST_F(PreviewStateTest, ScrollsInDevicePixelsToo) {
+  preview.PutArea({816, 416, 1});
+  preview.PutZoom(300);  // 2000 x 4000 pixels
+  EXPECT_EQ(preview.MaximumScroll(kPages), (ScrollPosition{1200, 3600}));
+  preview.ScrollTo({300, 1000}, kPages);
+  EXPECT_EQ(preview.Scrolled(kPages), (ScrollPosition{300, 1000}));
+  EXPECT_DOUBLE_EQ(preview.ScrollTop(kPages), 5000);
+  preview.ScrollTo({-7, 9999}, kPages);
+  EXPECT_EQ(preview.Scrolled(kPages), (ScrollPosition{0, 3600}));
+}
+
+TEST_F(PreviewStateTest, ABottomThatIsPutIsTheBottomOfTheScrollBar) {
+  preview.PutArea({777, 433, 1.25});
+  for (const double percent : {33.3, 100.0, 141.4, 1000.0}) {
+    preview.PutZoom(percent);
+    preview.PutScrollTop(1e9, kPages);
+    EXPECT_EQ(preview.Scrolled(kPages).top, preview.MaximumScroll(kPages).top) << percent;
+  }
+}
+
+TEST_F(PreviewStateTest, APageThatIsTooWideIsShownFromItsMiddleUntilItIsScrolled) {
+  preview.PutArea({816, 416, 1});
+  preview.PutZoom(300);
+  EXPECT_EQ(preview.Scrolled(kPages).left, 600);
+  preview.PutZoom(600);
+  EXPECT_EQ(preview.Scrolled(kPages).left, preview.MaximumScroll(kPages).left / 2);
+  preview.ScrollTo({0, 0}, kPages);
+  preview.PutZoom(300);
+  EXPECT_EQ(preview.Scrolled(kPages).left, 0) << "the left edge stays the left edge";
+  preview.Show(2);
+  EXPECT_EQ(preview.Scrolled(kPages).left, 0) << "on other pages too";
+}
+
+TEST_F(PreviewStateTest, OnlyModesOfOneLargePageScroll) {
+  PutArea(500, 500);
+  for (const std::int32_t mode :
+       {kZoomPercent, kZoomOverview, kZoomTwoPages, kZoomWholePage, kZoomPageWidth}) {
+    preview.PutZoomMode(mode);
+    const bool scrolls = mode == kZoomPercent || mode == kZoomPageWidth;
+    EXPECT_EQ(preview.Scrolls(), scrolls) << mode;
+    EXPECT_EQ(preview.MaximumScroll(kPages).top > 0, scrolls) << mode;
+  }
+}
+
+TEST_F(PreviewStateTest, AnAreaIsAtLeastAPixelOfAPositiveScale) {
+  for (const double scale : {0.0, -2.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
+    preview.PutArea({-5, 0, scale});
+    EXPECT_EQ(preview.Area(), (SurfaceArea{1, 1, 1})) << scale;
+  }
+}
+
 }  // namespace
 }  // namespace pagivo::native
