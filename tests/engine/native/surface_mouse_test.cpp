@@ -165,7 +165,7 @@ TEST_F(SurfaceMouse, ZoomingAtAPageOfSeveralShowsThatPage) {
   EXPECT_EQ(ShownPage(), 6);
   EXPECT_EQ(engine->GetZoomMode(), kZoomPercent);
   EXPECT_THAT(window.events, ElementsAre("after", "after")) << "another page, another mode";
-  EXPECT_EQ(engine->GetZoom(), 100);
+  EXPECT_EQ(engine->GetZoom(), 125);
 }
 
 TEST_F(SurfaceMouse, TheWheelIsHarmlessWithoutADocument) {
