@@ -23,9 +23,10 @@ function(pagivo_component name folder)
 endfunction()
 
 # pagivo_test(fonts engine/native/fonts USES fonts) makes the test program pagivo_tests_fonts of the
-# folder's sources under tests/.
+# folder's sources under tests/. Its tests run as processes of their own, or with AS_ONE in one, for
+# those that share something costly. No test prints on the machine's own printers.
 function(pagivo_test name folder)
-  cmake_parse_arguments(PARSE_ARGV 2 ARG "" "" "USES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE" "" "USES;LIBRARIES")
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
@@ -37,5 +38,10 @@ function(pagivo_test name folder)
     pagivo_options pagivo_test_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_compile_definitions(pagivo_tests_${name} PRIVATE
     PAGIVO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-  gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST)
+  if(ARG_AS_ONE)
+    add_test(NAME ${name}.all_together COMMAND pagivo_tests_${name})
+  else()
+    gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST
+      PROPERTIES ENVIRONMENT CUPS_SERVER=127.0.0.1:1)
+  endif()
 endfunction()

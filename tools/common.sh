@@ -9,6 +9,7 @@ build_packages=(
 )
 test_packages=(
   clang-format clang-tidy python3 libgtest-dev libgmock-dev libbenchmark-dev
+  cups-daemon cups-core-drivers cups-client cups-ipp-utils dbus-daemon
   poppler-utils mupdf-tools qpdf imagemagick locales file libhpdf-dev fonts-urw-base35
 )
 

@@ -2,10 +2,30 @@
 #include "engine/native/native_pdf_exporter.h"
 #include "engine/native/native_surface.h"
 #include "engine/native/pictures/picture_loader.h"
+#include "engine/native/spool/cups/cups_print_server.h"
+#include "pagivo/error.h"
 #include "platform/platform.h"
 #include "window/headless/headless_windows.h"
 
 namespace pagivo {
+namespace {
+
+// One for the process: what was read of printers serves every engine.
+const std::shared_ptr<native::PrintServer>& Printers() {
+  static const std::shared_ptr<native::PrintServer> server =
+      std::make_shared<native::CupsPrintServer>();
+  return server;
+}
+
+std::string DefaultPrinter() {
+  try {
+    return Printers()->DefaultPrinter();
+  } catch (const Error&) {
+    return {};  // a server that cannot be reached has none
+  }
+}
+
+}  // namespace
 
 Platform NativePlatform() {
   return {
@@ -13,13 +33,13 @@ Platform NativePlatform() {
       .makeEngine =
           [](const Platform& platform) {
             return std::make_shared<native::NativeEngine>(
-                native::EngineServices{.windows = platform.windows});
+                native::EngineServices{.windows = platform.windows, .printers = Printers()});
           },
       .makePdfExporter = [] { return std::make_shared<native::NativePdfExporter>(); },
       .makeSurfaceContent = native::MakeSurface,
       .loadPicture = native::LoadPictureFile,
       .decodePicture = native::DecodePicture,
-      .defaultPrinter = [] { return std::string(); },
+      .defaultPrinter = DefaultPrinter,
   };
 }
 

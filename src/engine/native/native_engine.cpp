@@ -9,7 +9,8 @@ namespace pagivo::native {
 NativeEngine::NativeEngine(EngineServices services)
     : services_(std::move(services)),
       document_(std::make_unique<Document>()),
-      recorder_(std::make_unique<Recorder>(*document_)) {
+      recorder_(std::make_unique<Recorder>(*document_)),
+      printers_(services_.printers) {
   SetStyles(*recorder_);
 }
 
@@ -30,6 +31,7 @@ void NativeEngine::StartDoc() {
   document_ = std::move(document);
   stage_ = Stage::Composing;
   preview_.Show(1);
+  ApplyOrigin();
   MoveToMargins();
   if (observer_ != nullptr) observer_->DocumentReplaced();
 }
@@ -53,6 +55,7 @@ void NativeEngine::NewPage() {
         "Een document kan niet meer dan " + std::to_string(kMaximumPages) + " pagina's bevatten");
   }
   recorder_->BeginPage(pageSettings_.Geometry());
+  ApplyOrigin();
   MoveToMargins();
   ViewChanged();
 }
@@ -76,6 +79,7 @@ void NativeEngine::StartOverlay(const std::int16_t& page) {
   recorder_->BeginOverlay(page);
   overlayPage_ = page;
   stage_ = Stage::Overlay;
+  ApplyOrigin();
   MoveToMargins();
 }
 

@@ -5,10 +5,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "engine/native/document/document.h"
 #include "engine/native/document/recorder.h"
 #include "engine/native/page_settings.h"
+#include "engine/native/printer_choice.h"
 #include "engine/native/text_layout.h"
 #include "engine/native/view/page_layout.h"
 #include "engine/native/window_pictures.h"
@@ -24,7 +26,9 @@ struct ArcAngles;
 struct EngineServices {
   // Shows the engine's own dialogs and knows the windows that are drawn into a document. Null: a
   // dialog is never confirmed, and there are no windows.
-  std::shared_ptr<WindowSystem> windows;
+  std::shared_ptr<WindowSystem> windows = nullptr;
+  // Null: there are no printers.
+  std::shared_ptr<PrintServer> printers = nullptr;
 };
 
 // What happens to the view of a document.
@@ -109,6 +113,8 @@ class NativeEngine final : public PrintEngine {
   void PutPageWidth(double width) override;
   Variant GetPageHeight() override;
   void PutPageHeight(double height) override;
+  // False: positions count from the printable area's corner, as the current printer has it now.
+  // What is drawn already stays where it is.
   void PutPhysicalPage(const bool& physical) override;
   Variant GetMarginLeft() override { return margins_.left; }
   void PutMarginLeft(const Variant& margin) override;
@@ -148,7 +154,10 @@ class NativeEngine final : public PrintEngine {
   std::string GetPort() override;
   std::int16_t GetCopies() override { return copies_; }
   void PutCopies(std::int16_t copies) override;
+  // Prints those of the pages that exist; no dialog is shown.
   void PrintDoc(bool showDialog, std::int16_t firstPage, std::int16_t lastPage) override;
+  // Who is told how printing goes on, and may cancel it; empty for nobody.
+  void WatchPrinting(PrintWatcher watcher) { printWatcher_ = std::move(watcher); }
 
   // --- Windows (engine_windows.cpp) ---------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;
@@ -196,6 +205,8 @@ class NativeEngine final : public PrintEngine {
   void RequireDrawing() const;
   void MoveToMargins();
   void ApplyPaper();
+  void ReadPrintableArea();
+  void ApplyOrigin();
   template <typename Value>
   void ChangeFont(Value FontDescription::*property, const Value& value);
   Font& CurrentFont();
@@ -232,6 +243,10 @@ class NativeEngine final : public PrintEngine {
   WindowPictures windowPictures_;
   Rectangle target_;  // X1, Y1, X2, Y2
   std::int16_t copies_ = 1;
+  PrinterChoice printers_;
+  PrintWatcher printWatcher_;
+  bool isPhysicalPage_ = true;
+  PrinterMedia printerMedia_;  // of the current printer, unless isPhysicalPage_
   PreviewState preview_;
 };
 

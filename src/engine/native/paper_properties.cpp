@@ -8,6 +8,7 @@ namespace pagivo::native {
 void NativeEngine::ApplyPaper() {
   if (stage_ == Stage::Composing && recorder_->PageIsBlank()) {
     recorder_->SetGeometry(pageSettings_.Geometry());
+    ApplyOrigin();
     ViewChanged();
   }
 }
@@ -39,7 +40,7 @@ void NativeEngine::PutPaperSize(std::int32_t code) {
 
 // Without a printer every known size is supported.
 bool NativeEngine::GetPaperSizes(std::int32_t code) {
-  return code == kPaperUserDefined || FindPaperSize(code) != nullptr;
+  return SupportsPaper(printers_.Media(), code);
 }
 
 Variant NativeEngine::GetPageWidth() {
@@ -62,8 +63,10 @@ void NativeEngine::PutPageHeight(double height) {
   ApplyPaper();
 }
 
-// Without a printer the printable area is the whole paper: both ways of measuring agree.
-void NativeEngine::PutPhysicalPage(const bool& /*physical*/) {}
+void NativeEngine::PutPhysicalPage(const bool& physical) {
+  isPhysicalPage_ = physical;
+  ReadPrintableArea();
+}
 
 void NativeEngine::PutMarginLeft(const Variant& margin) {
   margins_.left = CheckedLength("MarginLeft", margin);

@@ -1,28 +1,32 @@
-// NativeEngine's printers: there is no print server behind it, so it knows none.
-#include "engine/native/checked_values.h"
+// NativeEngine's printers and printing.
+#include <algorithm>
+#include <limits>
+
 #include "engine/native/native_engine.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
 
-std::string NativeEngine::GetDevices(std::int16_t /*index*/) {
-  ThrowSubscriptOutOfRange();
+std::string NativeEngine::GetDevices(std::int16_t index) {
+  return printers_.Name(index);
 }
 
 std::int16_t NativeEngine::GetNDevices() {
-  return 0;
+  constexpr int kMost = std::numeric_limits<std::int16_t>::max();
+  return static_cast<std::int16_t>(std::min(printers_.Count(), kMost));
 }
 
 std::string NativeEngine::GetDevice() {
-  return {};
+  return printers_.Current();
 }
 
 void NativeEngine::PutDevice(const std::string& name) {
-  throw Error(ErrorNumber::PrinterFailure, "De printer \"" + name + "\" bestaat niet");
+  printers_.Choose(name);
+  if (!isPhysicalPage_) ReadPrintableArea();
 }
 
 std::string NativeEngine::GetPort() {
-  return {};
+  return printers_.Port();
 }
 
 void NativeEngine::PutCopies(std::int16_t copies) {
@@ -30,10 +34,33 @@ void NativeEngine::PutCopies(std::int16_t copies) {
   copies_ = copies;
 }
 
-void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t /*firstPage*/,
-                            std::int16_t /*lastPage*/) {
+void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t firstPage, std::int16_t lastPage) {
   if (!IsComplete()) throw Error(ErrorNumber::NoDocument, "Er is geen afgesloten document");
-  throw Error(ErrorNumber::PrinterFailure, "Er is geen printer geïnstalleerd");
+  const std::int32_t first = std::max<std::int32_t>(firstPage, 1);
+  const std::int32_t last = std::min<std::int32_t>(lastPage, document_->PageCount());
+  if (first > last) {
+    throw Error(ErrorNumber::PageOutOfRange, "Het document heeft geen pagina's " +
+                                                 std::to_string(firstPage) + " tot en met " +
+                                                 std::to_string(lastPage));
+  }
+  printers_.Print(*document_,
+                  {.printer = {}, .copies = copies_, .firstPage = first, .lastPage = last},
+                  printWatcher_);
+}
+
+// Read once, as pages must not wait for a print server.
+void NativeEngine::ReadPrintableArea() {
+  printerMedia_ = isPhysicalPage_ ? PrinterMedia() : printers_.Media();
+  ApplyOrigin();
+}
+
+// Of the page that is drawn on.
+void NativeEngine::ApplyOrigin() {
+  if (stage_ == Stage::None) return;
+  const auto [width, height] = document_->GeometryOf(GetCurrentPage());
+  const PrintableCorner corner =
+      isPhysicalPage_ ? PrintableCorner() : PrintableCornerOf(printerMedia_, width, height);
+  recorder_->SetOrigin({static_cast<float>(corner.x), static_cast<float>(corner.y)});
 }
 
 }  // namespace pagivo::native

@@ -118,7 +118,7 @@ void Recorder::DrawText(Point position, std::string_view text) {
   UseTextStyle();
   CommandWriter command =
       Begin(Operation::Text, sizeof position + kMaximumNumberSize + text.size());
-  command.Put(position);
+  command.Put(position + origin_);
   command.PutNumber(text.size());
   command.PutBytes(text.data(), text.size());
   Add(command);
@@ -129,22 +129,22 @@ void Recorder::DrawText(Point position, std::string_view text) {
 void Recorder::DrawLine(Point from, Point to) {
   UsePen();
   CommandWriter command = Begin(Operation::Line, sizeof from + sizeof to);
-  command.Put(from);
-  command.Put(to);
+  command.Put(from + origin_);
+  command.Put(to + origin_);
   Add(command);
 }
 
 void Recorder::DrawRectangle(const Rectangle& rectangle) {
   UsePenAndBrush();
   CommandWriter command = Begin(Operation::Rectangle, sizeof rectangle);
-  command.Put(rectangle);
+  command.Put(rectangle + origin_);
   Add(command);
 }
 
 void Recorder::DrawCircle(Point center, float radius) {
   UsePenAndBrush();
   CommandWriter command = Begin(Operation::Circle, sizeof center + sizeof radius);
-  command.Put(center);
+  command.Put(center + origin_);
   command.Put(radius);
   Add(command);
 }
@@ -152,7 +152,9 @@ void Recorder::DrawCircle(Point center, float radius) {
 void Recorder::DrawArc(const Arc& arc) {
   UsePenAndBrush();
   CommandWriter command = Begin(Operation::Arc, sizeof arc);
-  command.Put(arc);
+  Arc moved = arc;
+  moved.center = arc.center + origin_;
+  command.Put(moved);
   Add(command);
 }
 
@@ -169,14 +171,14 @@ void Recorder::DrawPolygon(std::span<const Point> points) {
 void Recorder::DrawPoints(Operation operation, std::span<const Point> points) {
   CommandWriter command = Begin(operation, kMaximumNumberSize + points.size_bytes());
   command.PutNumber(points.size());
-  command.PutBytes(points.data(), points.size_bytes());
+  for (const Point& point : points) command.Put(point + origin_);
   Add(command);
 }
 
 void Recorder::DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) {
   const std::uint32_t index = document_.storage_->pictures.IndexOf(picture);
   CommandWriter command = Begin(Operation::Picture, sizeof rectangle + kMaximumNumberSize);
-  command.Put(rectangle);
+  command.Put(rectangle + origin_);
   command.PutNumber(index);
   Add(command);
 }

@@ -27,6 +27,9 @@ class Recorder final : public Player {
   void SetGeometry(const PageGeometry& geometry);
   bool PageIsBlank() const noexcept;
 
+  // Where positions count from, until another is set.
+  void SetOrigin(Point origin) noexcept { origin_ = origin; }
+
   // Drawing goes onto `page` (from 1, existing) until EndOverlay.
   void BeginOverlay(std::int32_t page);
   void EndOverlay();
@@ -75,6 +78,7 @@ class Recorder final : public Player {
 
   Document& document_;
   std::size_t pageIndex_ = 0;  // where drawing goes
+  Point origin_;
   // Where the page's open segment ends; commands that follow it directly extend it.
   const std::byte* segmentEnd_ = nullptr;
   Style<FontDescription> font_;

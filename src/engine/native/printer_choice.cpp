@@ -1,0 +1,88 @@
+#include "engine/native/printer_choice.h"
+
+#include <algorithm>
+
+#include "engine/native/spool/print_failures.h"
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+namespace {
+
+// What is read, or its like of nothing when the server cannot be reached.
+template <typename Read>
+auto ReadOrNothing(Read&& read) -> decltype(read()) {
+  try {
+    return read();
+  } catch (const Error&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+int PrinterChoice::Count() {
+  if (!server_) return 0;
+  server_->Refresh();
+  return ReadOrNothing([this] { return static_cast<int>(server_->Printers().size()); });
+}
+
+std::string PrinterChoice::Name(int index) {
+  if (!server_ || index < 0) ThrowSubscriptOutOfRange();
+  const auto& printers = server_->Printers();
+  const auto position = static_cast<std::size_t>(index);
+  if (position >= printers.size()) ThrowSubscriptOutOfRange();
+  return printers[position].name;
+}
+
+const Printer* PrinterChoice::Find(const std::string& name) {
+  const auto& printers = server_->Printers();
+  const auto found = std::ranges::find(printers, name, &Printer::name);
+  return found == printers.end() ? nullptr : &*found;
+}
+
+// A default printer may be the name of one that is gone.
+std::string PrinterChoice::UsualPrinter() {
+  const std::string name = server_->DefaultPrinter();
+  if (!name.empty() && Find(name) != nullptr) return name;
+  const auto& printers = server_->Printers();
+  return printers.empty() ? std::string() : printers.front().name;
+}
+
+std::string PrinterChoice::Current() {
+  if (!chosen_.empty() || !server_) return chosen_;
+  return ReadOrNothing([this] { return UsualPrinter(); });
+}
+
+// A printer that is not in the list may have come since it was read.
+void PrinterChoice::Choose(const std::string& name) {
+  if (!server_) ThrowNoSuchPrinter(name);
+  if (Find(name) == nullptr) {
+    server_->Refresh();
+    if (Find(name) == nullptr) ThrowNoSuchPrinter(name);
+  }
+  chosen_ = name;
+}
+
+std::string PrinterChoice::Port() {
+  if (!server_) return {};
+  return ReadOrNothing([this] {
+    const Printer* printer = Find(Current());
+    return printer == nullptr ? std::string() : printer->deviceAddress;
+  });
+}
+
+PrinterMedia PrinterChoice::Media() {
+  const std::string current = Current();
+  if (current.empty()) return {};
+  return ReadOrNothing([&] { return server_->MediaOf(current); });
+}
+
+void PrinterChoice::Print(const Document& document, PrintRequest request,
+                          const PrintWatcher& watcher) {
+  if (!server_) ThrowNoPrinters();
+  request.printer = chosen_.empty() ? UsualPrinter() : chosen_;
+  if (request.printer.empty()) ThrowNoPrinters();
+  PrintPages(*server_, document, request, watcher);
+}
+
+}  // namespace pagivo::native

@@ -1,0 +1,43 @@
+// The printers that an engine can choose from, and which one it has chosen.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "engine/native/spool/document_printing.h"
+#include "engine/native/spool/print_server.h"
+
+namespace pagivo::native {
+
+// Without a server, or while it cannot be reached, there are no printers. Nothing is asked of the
+// server before a function needs it.
+class PrinterChoice {
+ public:
+  explicit PrinterChoice(std::shared_ptr<PrintServer> server) : server_(std::move(server)) {}
+
+  // Reads the list anew.
+  int Count();
+  // From 0; raises ErrorNumber::SubscriptOutOfRange outside the list that was read last.
+  std::string Name(int index);
+  // The one chosen, else the default printer, else the first; empty when there is none.
+  std::string Current();
+  // Raises ErrorNumber::PrinterFailure for a printer that does not exist.
+  void Choose(const std::string& name);
+  // The current printer's address; empty when there is none.
+  std::string Port();
+  // The current printer's; of no printer nothing is known.
+  PrinterMedia Media();
+
+  // On the current printer, whatever `request` names. Raises ErrorNumber::PrinterFailure.
+  void Print(const Document& document, PrintRequest request, const PrintWatcher& watcher);
+
+ private:
+  const Printer* Find(const std::string& name);
+  std::string UsualPrinter();
+
+  std::shared_ptr<PrintServer> server_;
+  std::string chosen_;  // empty: none yet
+};
+
+}  // namespace pagivo::native
