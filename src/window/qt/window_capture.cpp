@@ -18,6 +18,7 @@ namespace {
 
 // Where a widget is transparent the paper shows.
 QImage OnWhite(const QImage& image) {
+  if (image.isNull()) return image;
   QImage opaque(image.size(), QImage::Format_RGB32);
   opaque.fill(Qt::white);
   QPainter(&opaque).drawImage(opaque.rect(), image);
