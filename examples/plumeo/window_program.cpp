@@ -27,6 +27,7 @@ void UseWindows() {
 
 void RunMainWindow(const Project& project, const Results& results, const ReportOptions& options) {
   QApplication::setApplicationName("Plumeo");
+  QApplication::setQuitOnLastWindowClosed(true);
   QApplication::setWindowIcon(ProgramIcon(options.pictureFolder));
   QLocale::setDefault(QLocale(QLocale::Dutch));
   QTranslator dutch;  // of Qt's own file dialog and buttons
