@@ -15,7 +15,18 @@ inline constexpr float kDialogGap = 120;
 inline constexpr float kDialogWidth = 6612;
 inline constexpr float kFrameWidth = kDialogWidth - 2 * kDialogGap;
 
-inline constexpr float kPaperFrameHeight = 1212;
+// Two rows in a frame: a label in the left column, what it is for in the right one, over the width
+// that is left. Tops allow for labels that are less high than boxes.
+inline constexpr float kFrameOfTwoRows = 1212;
+inline constexpr float kLabelColumn = 120;
+inline constexpr float kLabelWidth = 1020;
+inline constexpr float kValueColumn = 1200;
+inline constexpr float kValueWidth = kFrameWidth - kValueColumn - kDialogGap;
+inline constexpr float kFirstRow = 390;
+inline constexpr float kSecondRow = 810;
+inline constexpr float kBesideComboBox = 60;
+inline constexpr float kBesideTextBox = 45;
+inline constexpr float kBesideOption = 30;
 
 // The paper and its orientation, in a frame at `top`.
 constexpr auto PaperControls(float top) {
@@ -23,30 +34,30 @@ constexpr auto PaperControls(float top) {
       {.name = "paperFrame",
        .kind = ControlKind::Frame,
        .caption = "Papier",
-       .placement = {kDialogGap, top, kFrameWidth, kPaperFrameHeight}},
+       .placement = {kDialogGap, top, kFrameWidth, kFrameOfTwoRows}},
       {.name = "paperLabel",
        .kind = ControlKind::Label,
        .caption = "&Formaat:",
-       .placement = {120, 360, 900, 252},
+       .placement = {kLabelColumn, kFirstRow + kBesideComboBox, kLabelWidth, 252},
        .container = "paperFrame"},
       {.name = "paper",
        .kind = ControlKind::ComboBox,
-       .placement = {1080, 320, 5172, 315},
+       .placement = {kValueColumn, kFirstRow, kValueWidth, 315},
        .container = "paperFrame"},
       {.name = "orientationLabel",
        .kind = ControlKind::Label,
        .caption = "Afdrukstand:",
-       .placement = {120, 780, 960, 252},
+       .placement = {kLabelColumn, kSecondRow + kBesideOption, kLabelWidth, 252},
        .container = "paperFrame"},
       {.name = "portrait",
        .kind = ControlKind::OptionButton,
        .caption = "&Staand",
-       .placement = {1080, 780, 1332, 252},
+       .placement = {kValueColumn, kSecondRow, 1332, 252},
        .container = "paperFrame"},
       {.name = "landscape",
        .kind = ControlKind::OptionButton,
        .caption = "&Liggend",
-       .placement = {2520, 780, 1332, 252},
+       .placement = {2640, kSecondRow, 1332, 252},
        .container = "paperFrame"},
   }};
 }

@@ -11,31 +11,36 @@
 namespace pagivo::native {
 namespace {
 
-constexpr float kMarginsTop = kDialogGap + kPaperFrameHeight + kDialogGap;
+constexpr float kMarginsTop = kDialogGap + kFrameOfTwoRows + kDialogGap;
 constexpr float kMarginsHeight = 2412;
 constexpr float kClosingTop = kMarginsTop + kMarginsHeight + kDialogGap;
 
-constexpr ControlDesign MarginLabel(std::string_view name, std::string_view caption, float top) {
+// Rows count from 0.
+constexpr float RowTop(int row) {
+  return kFirstRow + 510 * static_cast<float>(row);
+}
+
+constexpr ControlDesign MarginLabel(std::string_view name, std::string_view caption, int row) {
   return {.name = name,
           .kind = ControlKind::Label,
           .caption = caption,
-          .placement = {120, top + 40, 900, 252},
+          .placement = {kLabelColumn, RowTop(row) + kBesideTextBox, kLabelWidth, 252},
           .container = "marginsFrame"};
 }
 
-constexpr ControlDesign MarginBox(std::string_view name, float top) {
+constexpr ControlDesign MarginBox(std::string_view name, int row) {
   return {.name = name,
           .kind = ControlKind::TextBox,
-          .placement = {1080, top, 852, 288},
+          .placement = {kValueColumn, RowTop(row), 852, 288},
           .container = "marginsFrame",
           .maximumLength = 8};
 }
 
-constexpr ControlDesign MarginUnit(std::string_view name, float top) {
+constexpr ControlDesign MarginUnit(std::string_view name, int row) {
   return {.name = name,
           .kind = ControlKind::Label,
           .caption = "mm",
-          .placement = {2040, top + 40, 480, 252},
+          .placement = {2160, RowTop(row) + kBesideTextBox, 480, 252},
           .container = "marginsFrame"};
 }
 
@@ -44,25 +49,25 @@ constexpr std::array<ControlDesign, 15> kMarginControls{{
      .kind = ControlKind::Frame,
      .caption = "Marges",
      .placement = {kDialogGap, kMarginsTop, 2892, kMarginsHeight}},
-    MarginLabel("marginLeftLabel", "L&inks:", 360),
-    MarginBox("marginLeft", 360),
-    MarginUnit("marginLeftUnit", 360),
-    MarginLabel("marginRightLabel", "&Rechts:", 840),
-    MarginBox("marginRight", 840),
-    MarginUnit("marginRightUnit", 840),
-    MarginLabel("marginTopLabel", "&Boven:", 1320),
-    MarginBox("marginTop", 1320),
-    MarginUnit("marginTopUnit", 1320),
-    MarginLabel("marginBottomLabel", "&Onder:", 1800),
-    MarginBox("marginBottom", 1800),
-    MarginUnit("marginBottomUnit", 1800),
+    MarginLabel("marginLeftLabel", "L&inks:", 0),
+    MarginBox("marginLeft", 0),
+    MarginUnit("marginLeftUnit", 0),
+    MarginLabel("marginRightLabel", "&Rechts:", 1),
+    MarginBox("marginRight", 1),
+    MarginUnit("marginRightUnit", 1),
+    MarginLabel("marginTopLabel", "&Boven:", 2),
+    MarginBox("marginTop", 2),
+    MarginUnit("marginTopUnit", 2),
+    MarginLabel("marginBottomLabel", "&Onder:", 3),
+    MarginBox("marginBottom", 3),
+    MarginUnit("marginBottomUnit", 3),
     {.name = "pictureFrame",
      .kind = ControlKind::Frame,
      .caption = "Voorbeeld",
      .placement = {3132, kMarginsTop, 3360, kMarginsHeight}},
     {.name = "picture",
      .kind = ControlKind::Surface,
-     .placement = {120, 300, 3120, 1992},
+     .placement = {120, 375, 3120, 1917},
      .container = "pictureFrame",
      .accessibleName = "Voorbeeld van de pagina"},
 }};

@@ -9,31 +9,31 @@
 namespace pagivo::native {
 namespace {
 
-constexpr float kPaperTop = 1392;
-constexpr float kClosingTop = kPaperTop + kPaperFrameHeight + kDialogGap;
+constexpr float kPaperTop = kDialogGap + kFrameOfTwoRows + kDialogGap;
+constexpr float kClosingTop = kPaperTop + kFrameOfTwoRows + kDialogGap;
 
 constexpr std::array<ControlDesign, 5> kPrinterControls{{
     {.name = "printerFrame",
      .kind = ControlKind::Frame,
      .caption = "Printer",
-     .placement = {kDialogGap, kDialogGap, kFrameWidth, 1152}},
+     .placement = {kDialogGap, kDialogGap, kFrameWidth, kFrameOfTwoRows}},
     {.name = "printersLabel",
      .kind = ControlKind::Label,
      .caption = "&Naam:",
-     .placement = {120, 360, 900, 252},
+     .placement = {kLabelColumn, kFirstRow + kBesideComboBox, kLabelWidth, 252},
      .container = "printerFrame"},
     {.name = "printers",
      .kind = ControlKind::ComboBox,
-     .placement = {1080, 320, 5172, 315},
+     .placement = {kValueColumn, kFirstRow, kValueWidth, 315},
      .container = "printerFrame"},
     {.name = "locationLabel",
      .kind = ControlKind::Label,
      .caption = "Waar:",
-     .placement = {120, 760, 900, 252},
+     .placement = {kLabelColumn, kSecondRow + kBesideOption, kLabelWidth, 252},
      .container = "printerFrame"},
     {.name = "location",
      .kind = ControlKind::Label,
-     .placement = {1080, 760, 5172, 252},
+     .placement = {kValueColumn, kSecondRow + kBesideOption, kValueWidth, 252},
      .container = "printerFrame"},
 }};
 
