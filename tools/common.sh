@@ -5,12 +5,14 @@ build_packages=(
   g++ cmake ninja-build pkg-config
   libfontconfig-dev libfreetype-dev libharfbuzz-dev libfribidi-dev libcairo2-dev
   libgdk-pixbuf-2.0-dev librsvg2-dev libdeflate-dev libcups2-dev
+  qt6-base-dev libxcb1-dev qt6-translations-l10n
   fonts-liberation fonts-dejavu-core
 )
 test_packages=(
   clang-format clang-tidy python3 libgtest-dev libgmock-dev libbenchmark-dev
   cups-daemon cups-core-drivers cups-client cups-ipp-utils dbus-daemon
   poppler-utils mupdf-tools qpdf imagemagick locales file libhpdf-dev fonts-urw-base35
+  xvfb openbox xdotool x11-utils
 )
 
 say() { printf '== %s\n' "$*"; }
