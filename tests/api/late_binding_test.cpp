@@ -79,6 +79,8 @@ struct Case {
   std::string result = "Empty";
   // The arguments afterwards where the method writes them, else they stay as they were.
   std::optional<Lines> argumentsAfter = std::nullopt;
+  // Whether `log` is only what comes before the window is shown and painted.
+  bool showsWindow = false;
 };
 
 const Lines kPen = {"put PenStyle Long 0", "put PenWidth Integer 0", "put PenColor Long 0"};
@@ -186,10 +188,11 @@ std::vector<Case> Cases() {
       {"VsPreviewFile",
        {std::int32_t{4}},
        {"get ZoomMode", "get PageCount", "put PreviewPage Integer 3",
-        // The window's first layout and its page box.
-        "put ZoomMode Long 3", "get Zoom", "get PreviewPage", "get ZoomMode", "get PageCount"},
+        // The window's first layout.
+        "put ZoomMode Long 3", "get Zoom"},
        "Empty",
-       Lines{"Integer 3"}},
+       Lines{"Integer 3"},
+       true},
       {"VsPrintFile",
        {std::int16_t{1}},
        {"get PageCount", "get PageCount", "get PageCount", "put Copies Integer 1",
@@ -228,7 +231,9 @@ void ExpectOutcome(const Case& expected, const Call& call) {
   Host host;
   Arguments arguments = expected.arguments;
   EXPECT_EQ(Describe(call(host.print, arguments)), expected.result);
-  EXPECT_EQ(host.Log(), expected.log);
+  Lines log = host.Log();
+  if (expected.showsWindow) log.resize(std::min(log.size(), expected.log.size()));
+  EXPECT_EQ(log, expected.log);
   if (!expected.argumentsAfter) {
     EXPECT_EQ(arguments, expected.arguments);
     return;

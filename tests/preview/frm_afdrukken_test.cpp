@@ -195,8 +195,8 @@ TEST_F(PreviewWindow, ResizingLaysOutTheEngineUnderTheToolbar) {
   form->PutSize({.width = 6000, .height = 5000});
   EXPECT_EQ(form->PreviewSurface().Left(), 20);
   EXPECT_EQ(form->PreviewSurface().Top(), form->tbAfdrukken().Height());
-  EXPECT_EQ(form->PreviewSurface().Width(), 5980);
-  EXPECT_EQ(form->PreviewSurface().Height(), 5000 - form->tbAfdrukken().Height());
+  EXPECT_EQ(form->PreviewSurface().Width(), form->ClientWidth() - 20);
+  EXPECT_EQ(form->PreviewSurface().Height(), form->ClientHeight() - form->tbAfdrukken().Height());
 }
 
 TEST_F(PreviewWindow, ThePageBoxFollowsItsPlaceholderSidewaysOnly) {
@@ -213,7 +213,7 @@ TEST_F(PreviewWindow, WithoutThePlaceholderThePageBoxStaysAndTheRestIsLaidOut) {
   form->tbAfdrukken().Button("Paginanummer").key = "Anders";
   form->PutWidth(6000);
   EXPECT_EQ(form->txtPaginanummer().Left(), 1080);
-  EXPECT_EQ(form->PreviewSurface().Width(), 5980);
+  EXPECT_EQ(form->PreviewSurface().Width(), form->ClientWidth() - 20);
 }
 
 TEST_F(PreviewWindow, EveryResizeReturnsToTheWholePage) {
@@ -239,7 +239,7 @@ TEST_F(PreviewWindow, AFailingEngineDoesNotStopTheLayout) {
   Engine().FailOn("put ZoomMode");
   Engine().FailOn("get Zoom");
   form->PutSize({.width = 6000, .height = 5000});
-  EXPECT_EQ(form->PreviewSurface().Width(), 5980);
+  EXPECT_EQ(form->PreviewSurface().Width(), form->ClientWidth() - 20);
   EXPECT_EQ(form->ZoomPercent(), 30);
 }
 

@@ -20,35 +20,67 @@
 namespace pagivo {
 namespace {
 
+using ::testing::AllOf;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 constexpr std::array<MenuItem, 1> kMenu{{{.text = "&Groot", .key = "Groot"}}};
 constexpr std::array<ToolbarButton, 1> kButtons{
     {{.key = "Zoom", .style = ToolbarButton::Style::DropDown, .menu = kMenu}}};
 
 constexpr std::array<ControlDesign, 9> kControls{{
-    {.name = "lblNaam", .kind = ControlKind::Label, .caption = "&Naam:", .tabIndex = 0},
-    {.name = "txtNaam", .kind = ControlKind::TextBox, .tabIndex = 1},
-    {.name = "cboKeuze", .kind = ControlKind::ComboBox, .tabIndex = 2, .editable = true},
-    {.name = "optAan", .kind = ControlKind::OptionButton, .caption = "&Aan", .tabIndex = 3},
-    {.name = "vsbStand", .kind = ControlKind::ScrollBar, .tabIndex = 4, .maximum = 9},
+    {.name = "lblNaam",
+     .kind = ControlKind::Label,
+     .caption = "&Naam:",
+     .placement = {120, 600, 900, 300},
+     .tabIndex = 0},
+    {.name = "txtNaam",
+     .kind = ControlKind::TextBox,
+     .placement = {1200, 600, 1500, 300},
+     .tabIndex = 1},
+    {.name = "cboKeuze",
+     .kind = ControlKind::ComboBox,
+     .placement = {1200, 1200, 1500, 330},
+     .tabIndex = 2,
+     .editable = true},
+    {.name = "optAan",
+     .kind = ControlKind::OptionButton,
+     .caption = "&Aan",
+     .placement = {120, 1800, 1500, 300},
+     .tabIndex = 3},
+    {.name = "vsbStand",
+     .kind = ControlKind::ScrollBar,
+     .placement = {3000, 600, 180, 300},
+     .tabIndex = 4,
+     .maximum = 9},
     {.name = "cmdOK",
      .kind = ControlKind::Button,
      .caption = "OK",
+     .placement = {120, 2400, 1200, 330},
      .tabIndex = 5,
      .role = ButtonRole::Default},
     {.name = "cmdAnnuleren",
      .kind = ControlKind::Button,
      .caption = "Annuleren",
+     .placement = {1500, 2400, 1200, 330},
      .tabIndex = 6,
      .role = ButtonRole::Cancel},
-    {.name = "cmdMeer", .kind = ControlKind::Button, .caption = "&Meer", .tabIndex = 7},
-    {.name = "tbBalk", .kind = ControlKind::Toolbar, .buttons = kButtons},
+    {.name = "cmdMeer",
+     .kind = ControlKind::Button,
+     .caption = "&Meer",
+     .placement = {2880, 2400, 1200, 330},
+     .tabIndex = 7},
+    {.name = "tbBalk",
+     .kind = ControlKind::Toolbar,
+     .placement = {0, 0, 4500, 420},
+     .buttons = kButtons},
 }};
 
 constexpr FormDesign kDesign{.caption = "Proef",
-                             .client = {.width = 3000, .height = 2000},
+                             .client = {.width = 4500, .height = 3000},
+                             .sizable = true,
                              .keyPreview = true,
                              .controls = kControls};
 
@@ -78,7 +110,9 @@ class TrialForm : public Form {
   }
   void OnResize() override { notes.emplace_back("resize"); }
   void OnPaint() override { notes.emplace_back("paint"); }
+  // Shift, Ctrl and Alt are keys of their own on a real keyboard only.
   void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override {
+    if (keyCode >= 16 && keyCode <= 18) return;
     notes.push_back("key " + std::to_string(keyCode) + " " + std::to_string(shift));
     if (keyCode == consumed) keyCode = 0;
   }
@@ -97,6 +131,16 @@ class FormWithControls : public ::testing::Test {
     });
     form->ShowModal();
     return notes;
+  }
+
+  // The same without the keys, which a user who types presses on a real keyboard only, and without
+  // the paints, which are a screen's own affair.
+  std::vector<std::string> EventsOf(const std::function<void(FormUser&)>& acts) {
+    std::vector<std::string> events = NotesOf(acts);
+    std::erase_if(events, [](const std::string& note) {
+      return note == "paint" || note.starts_with("key ");
+    });
+    return events;
   }
 
   std::shared_ptr<testing::TrialWindows> windows = testing::MakeTrialWindows();
@@ -120,22 +164,27 @@ TEST_F(FormWithControls, AShowingResizesOnceGivesTheFocusToTheFirstAndPaints) {
   windows->AddScript([](Form& shown, FormUser&) { shown.Hide(); });
   windows->AddScript([](Form& shown, FormUser&) { shown.Hide(); });
   form->ShowModal();
-  EXPECT_THAT(form->notes, ElementsAre("resize", "focus txtNaam", "paint"));
+  ASSERT_GE(form->notes.size(), 3U);
+  EXPECT_EQ(form->notes[0], "resize");
+  EXPECT_EQ(form->notes[1], "focus txtNaam");
+  EXPECT_EQ(form->notes.back(), "paint");
   form->notes.clear();
   form->ShowModal();
-  EXPECT_THAT(form->notes, ElementsAre("paint"));
+  // A screen may ask for the window's contents more than once.
+  EXPECT_THAT(form->notes, AllOf(Not(IsEmpty()), Each("paint")));
 }
 
 TEST_F(FormWithControls, EveryNewSizeRaisesResize) {
   form->Load();
-  form->PutWidth(3000);
+  const Extent frame{form->Width() - 4500, form->Height() - 3000};
+  form->PutWidth(form->Width());
   EXPECT_THAT(form->notes, IsEmpty());
-  form->PutWidth(4000);
-  form->PutHeight(2500);
-  form->PutSize({.width = 1, .height = 2});
+  form->PutWidth(6000);
+  form->PutHeight(4500);
+  form->PutSize({.width = 5400, .height = 3300});
   EXPECT_THAT(form->notes, ElementsAre("resize", "resize", "resize"));
-  EXPECT_EQ(form->ClientWidth(), 1);
-  EXPECT_EQ(form->ClientHeight(), 2);
+  EXPECT_EQ(form->ClientWidth(), 5400 - frame.width);
+  EXPECT_EQ(form->ClientHeight(), 3300 - frame.height);
 }
 
 TEST_F(FormWithControls, AFailingHandlerEndsTheShowingAndIsReported) {
@@ -236,13 +285,13 @@ TEST_F(FormWithControls, ClickingGivesTheFocusAndRaisesTheClick) {
 
 TEST_F(FormWithControls, WhatIsDoneToADisabledControlHasNoEffect) {
   for (const auto& control : form->Controls().All()) control->PutEnabled(false);
-  EXPECT_THAT(NotesOf([](FormUser& user) {
+  EXPECT_THAT(EventsOf([](FormUser& user) {
                 user.Click("cmdOK");
                 user.Replace("txtNaam", "Piet");
                 user.Type("txtNaam", "Piet");
                 user.Erase("txtNaam");
                 user.Pick("cboKeuze", 0);
-                user.Scroll("vsbStand", 5);
+                user.Scroll("vsbStand", 1);
                 user.ClickUpArrow("vsbStand");
                 user.ClickDownArrow("vsbStand");
                 user.ClickToolbar("tbBalk", "Zoom");
@@ -254,7 +303,7 @@ TEST_F(FormWithControls, WhatIsDoneToADisabledControlHasNoEffect) {
 }
 
 TEST_F(FormWithControls, AUserTypesAtOnceOrKeyByKey) {
-  EXPECT_THAT(NotesOf([this](FormUser& user) {
+  EXPECT_THAT(EventsOf([this](FormUser& user) {
                 user.Replace("txtNaam", "Piet");
                 user.Replace("txtNaam", "Jé");
                 user.Type("txtNaam", "ë!");
@@ -270,9 +319,9 @@ TEST_F(FormWithControls, AUserTypesAtOnceOrKeyByKey) {
 
 TEST_F(FormWithControls, AUserPicksAndScrolls) {
   form->Get<ComboBox>("cboKeuze").AddItem("Een");
-  EXPECT_THAT(NotesOf([](FormUser& user) {
+  EXPECT_THAT(EventsOf([](FormUser& user) {
                 user.Pick("cboKeuze", 0);
-                user.Scroll("vsbStand", 5);
+                user.Scroll("vsbStand", 1);
                 user.ClickUpArrow("vsbStand");
                 user.ClickDownArrow("vsbStand");
               }),
@@ -281,7 +330,7 @@ TEST_F(FormWithControls, AUserPicksAndScrolls) {
 }
 
 TEST_F(FormWithControls, AUserClicksToolbarAndMenu) {
-  EXPECT_THAT(NotesOf([](FormUser& user) {
+  EXPECT_THAT(EventsOf([](FormUser& user) {
                 user.ClickToolbar("tbBalk", "Zoom");
                 user.ClickToolbarMenu("tbBalk", "Groot");
               }),
@@ -289,8 +338,10 @@ TEST_F(FormWithControls, AUserClicksToolbarAndMenu) {
 }
 
 TEST_F(FormWithControls, AUserResizesAndCloses) {
-  EXPECT_THAT(NotesOf([](FormUser& user) { user.Resize({.width = 500, .height = 600}); }),
+  EXPECT_THAT(NotesOf([](FormUser& user) { user.Resize({.width = 6000, .height = 4500}); }),
               ElementsAre("resize", "paint"));
+  EXPECT_EQ(form->Width(), 6000);
+  EXPECT_EQ(form->Height(), 4500);
   NotesOf([this](FormUser& user) {
     user.Close();
     EXPECT_FALSE(form->IsLoaded());
