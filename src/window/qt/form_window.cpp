@@ -66,12 +66,13 @@ void FormWindow::ShowModal() {
 
 void FormWindow::Open() {
   before_ = QApplication::activeWindow();
+  // Placed before it gets its native window, without which Qt knows that the place is the frame's.
+  Place();
   window_->winId();
   QWindow* handle = window_->windowHandle();
   handle->installEventFilter(this);
   handle->setTransientParent(before_ ? before_->windowHandle() : nullptr);
   NameControls(*this);
-  Place();
   showing_ = true;
   switch (form_.GetWindowState()) {
     case WindowState::Maximised:
