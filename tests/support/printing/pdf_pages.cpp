@@ -1,5 +1,6 @@
 #include "support/printing/pdf_pages.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <memory>
@@ -32,6 +33,54 @@ bool ReadSize(const std::string& line, PdfPage& page) {
   return std::sscanf(line.c_str(), "Page %*d size: %lf x %lf", &page.width, &page.height) == 2;
 }
 
+struct GreyPicture {
+  int width = 0;
+  int height = 0;
+  std::string dots;  // a byte each, row by row
+
+  int At(int x, int y) const {
+    const bool isInside = x >= 0 && x < width && y >= 0 && y < height;
+    const auto index = static_cast<std::size_t>(y * width + x);
+    return isInside ? static_cast<unsigned char>(dots.at(index)) : 255;
+  }
+};
+
+// A PGM file: "P5", width, height, the largest value, and the dots.
+GreyPicture PictureOf(const std::string& file, int page) {
+  const std::string number = std::to_string(page);
+  const std::string pgm =
+      OutputOf("pdftoppm -r 72 -gray -f " + number + " -l " + number + " '" + file + "'");
+  GreyPicture picture;
+  int headerSize = 0;
+  if (std::sscanf(pgm.c_str(), "P5 %d %d 255%n", &picture.width, &picture.height, &headerSize) !=
+      2) {
+    throw std::runtime_error("no picture of " + file);
+  }
+  picture.dots = pgm.substr(static_cast<std::size_t>(headerSize) + 1);
+  return picture;
+}
+
+int DarkestBeside(const GreyPicture& picture, int x, int y) {
+  int darkest = 255;
+  for (int row = y - 1; row <= y + 1; ++row) {
+    for (int column = x - 1; column <= x + 1; ++column) {
+      darkest = std::min(darkest, picture.At(column, row));
+    }
+  }
+  return darkest;
+}
+
+bool Covers(const GreyPicture& one, const GreyPicture& other) {
+  constexpr int kDark = 100;
+  constexpr int kHardlyDark = 200;
+  for (int y = 0; y < other.height; ++y) {
+    for (int x = 0; x < other.width; ++x) {
+      if (other.At(x, y) < kDark && DarkestBeside(one, x, y) > kHardlyDark) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 std::vector<PdfPage> ReadPdfPages(const std::string& file) {
@@ -49,9 +98,11 @@ std::vector<PdfPage> ReadPdfPages(const std::string& file) {
   return pages;
 }
 
-std::string PictureOfPdfPage(const std::string& file, int page) {
-  const std::string number = std::to_string(page);
-  return OutputOf("pdftoppm -r 36 -gray -f " + number + " -l " + number + " '" + file + "'");
+bool LookAlike(const std::string& oneFile, int onePage, const std::string& otherFile,
+               int otherPage) {
+  const GreyPicture one = PictureOf(oneFile, onePage);
+  const GreyPicture other = PictureOf(otherFile, otherPage);
+  return Covers(one, other) && Covers(other, one);
 }
 
 }  // namespace pagivo

@@ -15,7 +15,9 @@ struct PdfPage {
 
 std::vector<PdfPage> ReadPdfPages(const std::string& file);
 
-// A grey picture of a page at 36 dots an inch: the bytes of a PGM file.
-std::string PictureOfPdfPage(const std::string& file, int page);
+// Whether two pages show the same at 72 dots an inch: every dark dot of one has a dark one beside
+// it in the other, for print servers move pages by parts of a dot.
+bool LookAlike(const std::string& oneFile, int onePage, const std::string& otherFile,
+               int otherPage);
 
 }  // namespace pagivo

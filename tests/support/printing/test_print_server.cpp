@@ -65,6 +65,15 @@ constexpr const char* kBusSettings = R"(<!DOCTYPE busconfig PUBLIC
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/>
 <allow user="*"/></policy><listen>)";
 
+int CountLines(const std::string& file, const std::string& part) {
+  int count = 0;
+  std::ifstream lines(file);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find(part) != std::string::npos) ++count;
+  }
+  return count;
+}
+
 }  // namespace
 
 void UsePrintServer(const std::string& address) {
@@ -143,8 +152,16 @@ void TestPrintServer::Command(std::vector<std::string> command) const {
   RunProgram(command, Log("commands"));
 }
 
+// The server asks the printer for its properties in a thread of its own, and does not survive the
+// queue's removal before that has ended.
 void TestPrintServer::AddQueue(const std::string& queue, const TestPrinter& printer) {
+  const std::string message = "Printer \"" + queue + "\" is now available";
+  const auto timesSaid = [&] { return CountLines(Log("error"), message); };
+  const int before = timesSaid();
   Command({"lpadmin", "-p", queue, "-E", "-v", printer.Address(), "-m", "everywhere"});
+  for (int tick = 0; tick < 1000 && timesSaid() == before; ++tick) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
 }
 
 void TestPrintServer::RemoveQueue(const std::string& queue) {

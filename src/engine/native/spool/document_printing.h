@@ -23,7 +23,7 @@ struct PrintProgress {
   std::int32_t pageCount = 0;  // those of every copy that is sent for itself
 };
 
-// Told before each page is written, and about every tenth of a second while the server is silent;
+// Told before each page is written, and many times a second while the server is silent;
 // false cancels the printing.
 using PrintWatcher = std::function<bool(const PrintProgress&)>;
 

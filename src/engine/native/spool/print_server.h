@@ -34,7 +34,7 @@ struct JobTicket {
   std::optional<MediaMargins> margins;
 };
 
-// Asked about every tenth of a second while a server is silent; false ends the waiting.
+// Asked many times a second while a server is silent; false ends the waiting.
 using KeepWaiting = std::function<bool()>;
 
 // A job whose document is being sent. Left before Finish it is cancelled: nothing is printed.

@@ -8,7 +8,7 @@ namespace pagivo::native {
 namespace {
 
 // How often libcups asks whether to wait on; seconds.
-constexpr double kWaitingSlice = 0.1;
+constexpr double kWaitingSlice = 0.05;
 
 // libcups would ask on the terminal.
 const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*method*/,

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "engine/native/spool/cups/cups_print_server.h"
 #include "engine/native/spool/print_failures.h"
 
 namespace pagivo::native {
@@ -47,6 +48,12 @@ void AddKeyword(ipp_t* request, const char* name, const char* value) {
   AddText(request, IPP_TAG_JOB, IPP_TAG_KEYWORD, name, value);
 }
 
+IppMessage NewJobQuestion(ipp_op_t operation, const CupsJob& job) {
+  IppMessage request = NewRequest(operation, job.printerUri);
+  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", job.id);
+  return request;
+}
+
 }  // namespace
 
 IppMessage NewJobRequest(const Printer& printer, const JobTicket& ticket) {
@@ -61,24 +68,28 @@ IppMessage NewJobRequest(const Printer& printer, const JobTicket& ticket) {
   return request;
 }
 
-std::string ResourceOf(const Printer& printer) {
+IppMessage CancelJobRequest(const CupsJob& job) {
+  return NewJobQuestion(IPP_OP_CANCEL_JOB, job);
+}
+
+std::string ResourceOf(const std::string& printerUri) {
   std::array<char, 64> scheme{};
   std::array<char, HTTP_MAX_HOST> user{};
   std::array<char, HTTP_MAX_HOST> host{};
   std::array<char, HTTP_MAX_URI> resource{};
   int port = 0;
-  httpSeparateURI(HTTP_URI_CODING_ALL, printer.uri.c_str(), scheme.data(), scheme.size(),
+  httpSeparateURI(HTTP_URI_CODING_ALL, printerUri.c_str(), scheme.data(), scheme.size(),
                   user.data(), user.size(), host.data(), host.size(), &port, resource.data(),
                   resource.size());
   return resource.data();
 }
 
-CupsPrintJob::CupsPrintJob(std::unique_ptr<CupsConnection> connection, Printer printer, int id,
-                           KeepWaiting keepWaiting)
-    : connection_(std::move(connection)),
-      printer_(std::move(printer)),
-      resource_(ResourceOf(printer_)),
-      id_(id) {
+CupsPrintJob::CupsPrintJob(CupsPrintServer& server, std::unique_ptr<CupsConnection> connection,
+                           CupsJob job, KeepWaiting keepWaiting)
+    : server_(server),
+      connection_(std::move(connection)),
+      job_(std::move(job)),
+      resource_(ResourceOf(job_.printerUri)) {
   connection_->SetPatience(kPatience, std::move(keepWaiting));
 }
 
@@ -86,14 +97,8 @@ CupsPrintJob::~CupsPrintJob() {
   if (connection_) Cancel();
 }
 
-IppMessage CupsPrintJob::NewJobQuestion(ipp_op_t operation) const {
-  IppMessage request = NewRequest(operation, printer_.uri);
-  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id_);
-  return request;
-}
-
 void CupsPrintJob::Begin() {
-  const IppMessage request = NewJobQuestion(IPP_OP_SEND_DOCUMENT);
+  const IppMessage request = NewJobQuestion(IPP_OP_SEND_DOCUMENT, job_);
   AddText(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", kFormat);
   ippAddBoolean(request.get(), IPP_TAG_OPERATION, "last-document", 1);
   isBegun_ = true;
@@ -112,19 +117,18 @@ void CupsPrintJob::Finish() {
   connection_.reset();
 }
 
-// The connection that failed goes first, as its job cannot be cancelled while the server reads it.
 void CupsPrintJob::Fail() {
   const bool isCancelled = connection_->WasCancelled();
+  server_.NoteSilence(*connection_);
   Cancel();
   if (isCancelled) ThrowPrintingCancelled();
-  ThrowConnectionLost(printer_.name);
+  ThrowConnectionLost(job_.printer);
 }
 
+// The job's own connection goes first: the server does not cancel what it is still reading.
 void CupsPrintJob::Cancel() noexcept {
   connection_.reset();
-  if (std::exchange(isTakenBack_, true)) return;
-  CupsConnection connection;
-  connection.Ask(NewJobQuestion(IPP_OP_CANCEL_JOB), resource_);
+  if (!std::exchange(isTakenBack_, true)) server_.TakeBack(job_);
 }
 
 }  // namespace pagivo::native

@@ -10,19 +10,30 @@
 
 namespace pagivo::native {
 
+class CupsPrintServer;
+
+// A job that the server has.
+struct CupsJob {
+  std::string printer;     // its name
+  std::string printerUri;  // by which the server knows it
+  int id = 0;
+};
+
 // Creates a job without documents, at the printer's resource.
 IppMessage NewJobRequest(const Printer& printer, const JobTicket& ticket);
-// The path of the printer's address.
-std::string ResourceOf(const Printer& printer);
+IppMessage CancelJobRequest(const CupsJob& job);
+// The path of a printer's address.
+std::string ResourceOf(const std::string& printerUri);
 
-// The server prints nothing of a job before its document is complete.
+// The server prints nothing of a job before its document is complete. The print server object lives
+// longer than its jobs.
 class CupsPrintJob final : public PrintJob {
  public:
   // How long a server that has taken a job may be silent: a busy one has disks to write.
   static constexpr std::chrono::seconds kPatience{30};
 
-  // Job `id` of the printer was created over this connection and has no document yet.
-  CupsPrintJob(std::unique_ptr<CupsConnection> connection, Printer printer, int id,
+  // The job was created over this connection and has no document yet.
+  CupsPrintJob(CupsPrintServer& server, std::unique_ptr<CupsConnection> connection, CupsJob job,
                KeepWaiting keepWaiting);
   ~CupsPrintJob() override;
 
@@ -31,14 +42,13 @@ class CupsPrintJob final : public PrintJob {
   void Cancel() noexcept override;
 
  private:
-  IppMessage NewJobQuestion(ipp_op_t operation) const;
   void Begin();
   [[noreturn]] void Fail();
 
+  CupsPrintServer& server_;
   std::unique_ptr<CupsConnection> connection_;  // null once the job is finished or failed
-  Printer printer_;
+  CupsJob job_;
   std::string resource_;
-  int id_;
   bool isBegun_ = false;
   bool isTakenBack_ = false;
 };

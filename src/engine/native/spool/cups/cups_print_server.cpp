@@ -1,9 +1,9 @@
 #include "engine/native/spool/cups/cups_print_server.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
-#include "engine/native/spool/cups/cups_print_job.h"
 #include "engine/native/spool/print_failures.h"
 
 namespace pagivo::native {
@@ -13,12 +13,32 @@ std::unique_ptr<CupsConnection> CupsPrintServer::Connect() {
   auto connection = std::make_unique<CupsConnection>();
   NoteSilence(*connection);
   if (!connection->IsOpen()) ThrowNoServer();
+  CancelAbandoned(*connection);
   return connection;
 }
 
 // A server that refuses connections costs no time and may be back at any moment.
-void CupsPrintServer::NoteSilence(const CupsConnection& connection) {
+void CupsPrintServer::NoteSilence(const CupsConnection& connection) noexcept {
+  if (connection.WasCancelled()) awayUntil_ = Clock::now() + kPause;
   if (connection.WasSilent()) awayUntil_ = Clock::now() + kAbsence;
+}
+
+// Nothing of an abandoned job is printed in any case, unless it had been accepted.
+void CupsPrintServer::TakeBack(const CupsJob& job) noexcept {
+  try {
+    abandoned_.push_back(job);
+    Connect();
+  } catch (const std::exception&) {
+    return;  // there will be another connection
+  }
+}
+
+void CupsPrintServer::CancelAbandoned(CupsConnection& connection) {
+  for (const CupsJob& job : std::exchange(abandoned_, {})) {
+    const auto answer = connection.Ask(CancelJobRequest(job), ResourceOf(job.printerUri));
+    if (!answer.isThere) abandoned_.push_back(job);
+  }
+  NoteSilence(connection);
 }
 
 CupsAnswer CupsPrintServer::Ask(IppMessage request) {
@@ -94,7 +114,8 @@ std::unique_ptr<PrintJob> CupsPrintServer::OpenJob(const JobTicket& ticket,
                                                    const KeepWaiting& keepWaiting) {
   const Printer printer = FindPrinter(ticket.printer);
   auto connection = Connect();
-  const CupsAnswer answer = connection->Ask(NewJobRequest(printer, ticket), ResourceOf(printer));
+  const CupsAnswer answer =
+      connection->Ask(NewJobRequest(printer, ticket), ResourceOf(printer.uri));
   NoteSilence(*connection);
   if (!answer.isThere) ThrowNoServer();
   if (answer.status == IPP_STATUS_ERROR_NOT_FOUND) {
@@ -103,7 +124,9 @@ std::unique_ptr<PrintJob> CupsPrintServer::OpenJob(const JobTicket& ticket,
   }
   if (!answer.IsSuccess()) ThrowPrinterRefuses(ticket.printer);
   const int id = ippGetInteger(Find(answer.message.get(), "job-id"), 0);
-  return std::make_unique<CupsPrintJob>(std::move(connection), printer, id, keepWaiting);
+  return std::make_unique<CupsPrintJob>(
+      *this, std::move(connection),
+      CupsJob{.printer = printer.name, .printerUri = printer.uri, .id = id}, keepWaiting);
 }
 
 }  // namespace pagivo::native

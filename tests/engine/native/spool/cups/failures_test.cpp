@@ -1,0 +1,197 @@
+// What goes wrong between the host and the printer.
+#include <thread>
+
+#include "engine/native/spool/cups/printing_test.h"
+#include "support/printing/loopback.h"
+
+namespace pagivo {
+namespace {
+
+using native::PrintProgress;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr const char* kColor = TestPrintServer::kColorPrinter;
+constexpr const char* kNoServer = "De afdrukserver is niet bereikbaar";
+constexpr const char* kCancelled = "Het afdrukken is geannuleerd";
+
+class FailuresTest : public PrintingTest {
+ protected:
+  ~FailuresTest() override {
+    if (wantsReprint) ExpectAllPagesPrint();
+  }
+
+  // All pages, watched.
+  std::string FailureOfPrinting(const native::PrintWatcher& watcher) {
+    return PrinterFailureOf([&] {
+      native::PrintPages(*printers, Engine().GetDocument(),
+                         {.printer = kColor, .copies = 1, .firstPage = 1, .lastPage = kPages},
+                         watcher);
+    });
+  }
+
+  std::string FailureOfPrinting() {
+    return PrinterFailureOf([this] { Engine().PrintDoc(false, 1, kPages); });
+  }
+
+  void ExpectNothingPrinted() {
+    EXPECT_THAT(Received(Server().Color()), IsEmpty());
+    EXPECT_THAT(Received(Server().Drawing()), IsEmpty());
+  }
+
+  void ExpectAllPagesPrint() {
+    UsePrintServer(Server().Address());
+    print.VsPPSetDevice(kColor);
+    print.VsPrintFile(1);
+    const auto jobs = Received(Server().Color());
+    ASSERT_THAT(jobs, SizeIs(1));
+    EXPECT_THAT(TextsOf(jobs[0]), SizeIs(kPages));
+  }
+
+  // About 1 MB of PDF, more than fits into the buffers between two programs.
+  void ComposeMuch() {
+    std::uint32_t noise = 1;
+    for (int page = 1; page <= kPages; ++page) {
+      for (int line = 1; line <= 80; ++line) {
+        std::string text;
+        for (int letter = 0; letter < 100; ++letter) {
+          noise = noise * 1664525 + 1013904223;
+          text.push_back(static_cast<char>('a' + (noise >> 24) % 26));
+        }
+        print.VsPPPrint(text, 500.0, 180.0 * line);
+      }
+      print.VsPPNewPage();
+    }
+    print.VsPPFinish("Rapport");
+  }
+
+  static constexpr std::int16_t kPages = 100;
+  bool wantsReprint = true;  // a document that failed comes out whole after all
+};
+
+TEST_F(FailuresTest, AServerThatDoesNotRunHasNoPrintersAndPrintsNothing) {
+  Compose(kPages);
+  Server().Stop();
+  EXPECT_EQ(FailureOfPrinting(), kNoServer);
+  EXPECT_EQ(print.VsPPGetNDevices(), 0);
+  EXPECT_EQ(print.VsPPGetDevice(), "");
+  EXPECT_EQ(Engine().GetPort(), "");
+  print.VsPrintFile(2);
+  Server().Start();
+  ExpectNothingPrinted();
+}
+
+TEST_F(FailuresTest, AServerThatStopsAfterItsPrintersWereListed) {
+  Compose(kPages);
+  EXPECT_EQ(print.VsPPGetNDevices(), 2);
+  print.VsPPSetDevice(kColor);
+  Server().Stop();
+  EXPECT_EQ(FailureOfPrinting(), kNoServer);
+  Server().Start();
+  ExpectNothingPrinted();
+}
+
+TEST_F(FailuresTest, APrinterThatIsRemovedBetweenListingAndPrinting) {
+  Compose(kPages);
+  Server().AddQueue("Balie", Server().Color());
+  EXPECT_EQ(print.VsPPGetNDevices(), 3);
+  print.VsPPSetDevice("Balie");
+  Engine().GetPaperSizes(9);
+  Server().RemoveQueue("Balie");
+  EXPECT_EQ(FailureOfPrinting(), "De printer \"Balie\" bestaat niet");
+  EXPECT_EQ(print.VsPPGetDevice(), "Balie");
+  ExpectNothingPrinted();
+}
+
+TEST_F(FailuresTest, AQueueThatRejectsJobs) {
+  Compose(kPages);
+  Server().Reject(kColor);
+  EXPECT_EQ(FailureOfPrinting(), "De printer \"Kleur-A4\" neemt geen afdruktaken aan");
+  print.VsPrintFile(1);
+  Server().Accept(kColor);
+  ExpectNothingPrinted();
+}
+
+TEST_F(FailuresTest, AConnectionThatBreaksInTheMiddleOfAJob) {
+  ComposeMuch();
+  const FaultyRelay relay(Server().Port(), 300'000, RelayFault::Cut);
+  UsePrintServer("127.0.0.1:" + std::to_string(relay.Port()));
+  EXPECT_EQ(FailureOfPrinting(),
+            "De verbinding met de afdrukserver is verbroken; de afdruktaak voor de printer "
+            "\"Kleur-A4\" is geannuleerd");
+  EXPECT_EQ(relay.FaultCount(), 1);
+  EXPECT_THAT(Server().WaitingJobs(), IsEmpty());
+  ExpectNothingPrinted();
+}
+
+TEST_F(FailuresTest, AUserWhoCancels) {
+  ComposeMuch();
+  std::vector<int> pages;
+  const auto watcher = [&](const PrintProgress& progress) {
+    EXPECT_EQ(progress.pageCount, kPages);
+    pages.push_back(progress.page);
+    return progress.page < 60;
+  };
+  EXPECT_EQ(FailureOfPrinting(watcher), kCancelled);
+  EXPECT_EQ(pages.front(), 1);
+  EXPECT_EQ(pages.back(), 60);
+  EXPECT_THAT(Server().WaitingJobs(), IsEmpty());
+  ExpectNothingPrinted();
+}
+
+// The user presses the button when nothing moves any more.
+TEST_F(FailuresTest, AUserWhoCancelsWhileTheServerIsSilent) {
+  ComposeMuch();
+  const FaultyRelay relay(Server().Port(), 300'000, RelayFault::Silence);
+  UsePrintServer("127.0.0.1:" + std::to_string(relay.Port()));
+  auto pressed = std::chrono::steady_clock::time_point::max();
+  int lastPage = 0;
+  const auto watcher = [&](const PrintProgress& progress) {
+    const auto now = std::chrono::steady_clock::now();
+    const bool isWaiting = progress.page == lastPage;
+    lastPage = progress.page;
+    if (isWaiting && relay.FaultCount() > 0) pressed = std::min(pressed, now);
+    return now < pressed;
+  };
+  EXPECT_EQ(FailureOfPrinting(watcher), kCancelled);
+  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - pressed;
+  EXPECT_LT(taken.count(), 0.2);
+  EXPECT_THAT(Server().WaitingJobs(), SizeIs(1));
+  UsePrintServer(Server().Address());
+  std::this_thread::sleep_for(native::CupsPrintServer::kPause);
+  EXPECT_EQ(print.VsPPGetNDevices(), 2);
+  EXPECT_THAT(Server().WaitingJobs(), IsEmpty());
+  ExpectNothingPrinted();
+}
+
+TEST_F(FailuresTest, AServerThatNeverAnswersCostsTwoSecondsOnce) {
+  wantsReprint = false;
+  Compose(1);
+  LoopbackSocket silent;
+  UsePrintServer("127.0.0.1:" + std::to_string(silent.Listen()));
+  const auto first = TimeOf([&] { EXPECT_EQ(print.VsPPGetNDevices(), 0); });
+  EXPECT_LT(first.count(), 2.0);
+  EXPECT_GT(first.count(), 1.0);
+  const auto later = TimeOf([&] {
+    EXPECT_EQ(print.VsPPGetNDevices(), 0);
+    EXPECT_EQ(print.VsPPGetDevice(), "");
+    EXPECT_EQ(FailureOfPrinting(), kNoServer);
+    EXPECT_TRUE(Engine().GetPaperSizes(9));
+    print.VsPPSetPhysicalPage(false);
+    print.VsPrintFile(3);
+  });
+  EXPECT_LT(later.count(), 0.1);
+}
+
+TEST_F(FailuresTest, AServerThatGoesSilentAfterItsPrintersWereListed) {
+  wantsReprint = false;
+  Compose(1);
+  EXPECT_EQ(print.VsPPGetNDevices(), 2);
+  LoopbackSocket silent;
+  UsePrintServer("127.0.0.1:" + std::to_string(silent.Listen()));
+  const auto taken = TimeOf([&] { EXPECT_EQ(FailureOfPrinting(), kNoServer); });
+  EXPECT_LT(taken.count(), 2.0);
+}
+
+}  // namespace
+}  // namespace pagivo

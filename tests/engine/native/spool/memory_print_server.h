@@ -1,0 +1,77 @@
+// A print server in memory: it has the printers that a test gives it, and keeps what it is sent.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/native/spool/print_failures.h"
+#include "engine/native/spool/print_server.h"
+
+namespace pagivo::native {
+
+struct MemoryJob {
+  JobTicket ticket;
+  std::string document;
+  bool isFinished = false;
+  bool isCancelled = false;
+};
+
+class MemoryPrintServer final : public PrintServer {
+ public:
+  std::vector<Printer> printers;
+  std::map<std::string, PrinterMedia> media;
+  std::string defaultPrinter;
+  bool isAway = false;
+  // The job of this number (from 1) loses its connection at its first bytes; 0 for none.
+  std::size_t failingJob = 0;
+
+  std::vector<std::shared_ptr<MemoryJob>> jobs;
+  int questions = 0;
+
+  const std::vector<Printer>& Printers() override {
+    Answer();
+    return printers;
+  }
+  std::string DefaultPrinter() override {
+    Answer();
+    return defaultPrinter;
+  }
+  const PrinterMedia& MediaOf(const std::string& printer) override {
+    Answer();
+    return media[printer];
+  }
+  void Refresh() noexcept override {}
+
+  std::unique_ptr<PrintJob> OpenJob(const JobTicket& ticket, const KeepWaiting&) override {
+    Answer();
+    jobs.push_back(std::make_shared<MemoryJob>());
+    jobs.back()->ticket = ticket;
+    return std::make_unique<OpenedJob>(jobs.back(), jobs.size() == failingJob);
+  }
+
+ private:
+  class OpenedJob final : public PrintJob {
+   public:
+    OpenedJob(std::shared_ptr<MemoryJob> job, bool isFailing)
+        : job_(std::move(job)), isFailing_(isFailing) {}
+    void Write(std::span<const std::uint8_t> bytes) override {
+      if (isFailing_) ThrowConnectionLost(job_->ticket.printer);
+      job_->document.append(bytes.begin(), bytes.end());
+    }
+    void Finish() override { job_->isFinished = true; }
+    void Cancel() noexcept override { job_->isCancelled = true; }
+
+   private:
+    std::shared_ptr<MemoryJob> job_;
+    bool isFailing_;
+  };
+
+  void Answer() {
+    ++questions;
+    if (isAway) ThrowNoServer();
+  }
+};
+
+}  // namespace pagivo::native
