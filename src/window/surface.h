@@ -53,7 +53,8 @@ enum class SurfaceCursor { Arrow, Pointing, OpenHand, ClosedHand };
 
 // Draws itself on a surface and answers the user there. It decides what is visible; the surface's
 // peer shows the bitmap and the scroll bars and reports what the user does. Errors of handlers that
-// it runs are passed on.
+// it runs are passed on. A handler may discard the window, so whoever calls holds the content
+// meanwhile.
 class SurfaceContent {
  public:
   using Handler = std::function<void()>;

@@ -57,7 +57,8 @@ void NativeEngine::NewPage() {
   recorder_->BeginPage(pageSettings_.Geometry());
   ApplyOrigin();
   MoveToMargins();
-  ViewChanged();
+  PageChanged(document_->PageCount() - 1);
+  PageChanged(document_->PageCount());
 }
 
 std::int16_t NativeEngine::GetPageCount() {
@@ -89,7 +90,7 @@ void NativeEngine::EndOverlay() {
   }
   recorder_->EndOverlay();
   stage_ = Stage::Complete;
-  ViewChanged();
+  PageChanged(overlayPage_);
 }
 
 void NativeEngine::PutDocName(const std::string& name) {

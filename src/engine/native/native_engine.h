@@ -222,6 +222,7 @@ class NativeEngine final : public PrintEngine {
   PageGeometry GeometryOf(std::int32_t page) const;
   ShownPages PagesInView() const;
   void ViewChanged();
+  void PageChanged(std::int32_t page);
 
   EngineServices services_;
   PrintEngineEvents* events_ = nullptr;

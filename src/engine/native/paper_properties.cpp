@@ -9,7 +9,7 @@ void NativeEngine::ApplyPaper() {
   if (stage_ == Stage::Composing && recorder_->PageIsBlank()) {
     recorder_->SetGeometry(pageSettings_.Geometry());
     ApplyOrigin();
-    ViewChanged();
+    PageChanged(document_->PageCount());
   }
 }
 

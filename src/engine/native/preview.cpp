@@ -23,6 +23,11 @@ void NativeEngine::ViewChanged() {
   if (observer_ != nullptr) observer_->ViewChanged();
 }
 
+// Of the many pages of a document few are visible, so most changes of pages concern no observer.
+void NativeEngine::PageChanged(std::int32_t page) {
+  if (preview_.MayShow(page)) ViewChanged();
+}
+
 std::int32_t NativeEngine::AdmittedPage(std::int32_t page) {
   auto wanted = static_cast<std::int16_t>(ClampPage(page));
   if (events_ != nullptr) events_->BeforePageChange(wanted);

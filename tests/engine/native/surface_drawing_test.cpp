@@ -214,6 +214,39 @@ TEST_F(SurfaceDrawing, WhatIsInForceAlreadyIsNoChange) {
   }
 }
 
+TEST_F(SurfaceDrawing, PagesThatAreNotVisibleAreNotTold) {
+  Compose(40);
+  PutArea(816, 1216);
+  struct Row {
+    std::int32_t mode;
+    int told;  // of overlays on the pages 1 to 4 while page 2 is shown
+  };
+  for (const Row& row : {Row{kZoomPercent, 1}, Row{kZoomOverview, 4}, Row{kZoomTwoPages, 2},
+                         Row{kZoomWholePage, 1}, Row{kZoomPageWidth, 1}}) {
+    engine->PutZoomMode(row.mode);
+    ShowPage(2);
+    changes = 0;
+    for (std::int16_t page = 1; page <= 4; ++page) {
+      engine->StartOverlay(page);
+      engine->PutText("concept");
+      engine->EndOverlay();
+    }
+    EXPECT_EQ(changes, row.told) << "mode " << row.mode;
+  }
+}
+
+TEST_F(SurfaceDrawing, ComposingTellsOfThePageThatIsShown) {
+  engine->StartDoc();
+  changes = 0;
+  for (int page = 2; page <= 100; ++page) engine->NewPage();
+  EXPECT_EQ(changes, 1) << "page 1 is complete";
+  engine->PutZoomMode(kZoomTwoPages);
+  ShowPage(99);
+  changes = 0;
+  engine->NewPage();
+  EXPECT_EQ(changes, 1) << "page 100 is";
+}
+
 TEST_F(SurfaceDrawing, TheAreaIsNoChangeByItself) {
   Compose(1);
   PutArea(500, 600);

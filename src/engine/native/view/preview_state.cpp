@@ -20,6 +20,17 @@ void PreviewState::Show(std::int32_t page) noexcept {
   scrollTop_ = 0;
 }
 
+bool PreviewState::MayShow(std::int32_t page) const noexcept {
+  switch (zoomMode_) {
+    case kZoomOverview:
+      return true;
+    case kZoomTwoPages:
+      return page == page_ || page == page_ + 1;
+    default:
+      return page == page_;
+  }
+}
+
 void PreviewState::PutZoomMode(std::int32_t mode) {
   if (mode < kZoomPercent || mode > kZoomPageWidth) ThrowInvalidPropertyValue("ZoomMode");
   zoomMode_ = mode;

@@ -24,6 +24,8 @@ class PreviewState {
   std::int32_t Page() const noexcept { return page_; }
   // Shows another page from its top. The caller has clamped it.
   void Show(std::int32_t page) noexcept;
+  // Whether a page could be among the visible ones.
+  bool MayShow(std::int32_t page) const noexcept;
 
   std::int32_t ZoomMode() const noexcept { return zoomMode_; }
   // Raises ErrorNumber::InvalidPropertyValue outside 0..4.

@@ -179,6 +179,25 @@ TEST_F(PreviewStateTest, OnlyModesOfOneLargePageScroll) {
   }
 }
 
+TEST_F(PreviewStateTest, OnlyPagesThatCouldBeVisibleMayBeShown) {
+  preview.Show(5);
+  struct Row {
+    std::int32_t mode;
+    bool before, itself, behind, far;
+  };
+  for (const Row& row :
+       {Row{kZoomPercent, false, true, false, false}, Row{kZoomOverview, true, true, true, true},
+        Row{kZoomTwoPages, false, true, true, false},
+        Row{kZoomWholePage, false, true, false, false},
+        Row{kZoomPageWidth, false, true, false, false}}) {
+    preview.PutZoomMode(row.mode);
+    EXPECT_EQ(preview.MayShow(4), row.before) << row.mode;
+    EXPECT_EQ(preview.MayShow(5), row.itself) << row.mode;
+    EXPECT_EQ(preview.MayShow(6), row.behind) << row.mode;
+    EXPECT_EQ(preview.MayShow(7), row.far) << row.mode;
+  }
+}
+
 TEST_F(PreviewStateTest, AnAreaIsAtLeastAPixelOfAPositiveScale) {
   for (const double scale : {0.0, -2.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
     preview.PutArea({-5, 0, scale});
