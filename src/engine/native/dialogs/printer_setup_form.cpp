@@ -45,12 +45,11 @@ constexpr FormDesign kDesign{
     .client = {.width = kDialogWidth, .height = kClosingTop + kClosingHeight},
     .controls = kControls};
 
-// Makes a printer the engine's for as long as this lives, to ask what it can do. An engine that has
-// no printer cannot be brought back to that, so it keeps none.
+// Makes a printer the engine's for as long as this lives, to ask what it can do.
 class BorrowedPrinter {
  public:
   BorrowedPrinter(PrintEngine& engine, const std::string& printer)
-      : engine_(engine), own_(engine.GetDevice()), isBorrowed_(!own_.empty() && printer != own_) {
+      : engine_(engine), own_(engine.GetDevice()), isBorrowed_(printer != own_) {
     if (isBorrowed_) engine_.PutDevice(printer);
   }
   ~BorrowedPrinter() {
@@ -92,11 +91,16 @@ void PrinterSetupForm::ListPrinters() {
 
 void PrinterSetupForm::SelectPrinter() {
   for (std::int32_t i = 0; i < printers().Count(); ++i) {
-    if (printers().Item(i) == enginePrinter_) return printers().PutListIndex(i);
+    if (printers().Item(i) != enginePrinter_) continue;
+    enginePrinterExists_ = true;
+    return printers().PutListIndex(i);
   }
 }
 
+// An engine without a printer, or whose own is gone, could not be brought back to that: its picked
+// printer is asked nothing before OK.
 void PrinterSetupForm::printers_Click() {
+  if (!enginePrinterExists_) return;
   const BorrowedPrinter borrowed(Engine(), printers().Text());
   Get("location").PutCaption(Engine().GetPort());
   ListPapers();

@@ -26,6 +26,7 @@ class PrinterSetupForm final : public PaperForm {
   void SelectPrinter();
 
   std::string enginePrinter_;
+  bool enginePrinterExists_ = false;
 };
 
 }  // namespace pagivo::native

@@ -200,14 +200,19 @@ TEST_F(PrinterSetup, APickedPrinterWithoutTheChosenPaperKeepsItAndSaysSo) {
   });
 }
 
-TEST_F(PrinterSetup, AnEngineWithoutACurrentPrinterGetsOneOnlyByOk) {
-  engine.Answer("Device", "");
-  EXPECT_TRUE(Show([this](Form&, FormUser& user) {
-    user.Pick("printers", 1);
+// It could not be brought back to the printer that it has.
+TEST_F(PrinterSetup, AnEngineWithoutAPrinterOrWithOneThatIsGoneGetsOneOnlyByOk) {
+  for (const char* printer : {"", "Weg"}) {
+    log->Clear();
+    engine.Answer("Device", printer);
+    EXPECT_FALSE(Show([](Form&, FormUser& user) { user.Pick("printers", 1); }));
     EXPECT_THAT(Puts(), IsEmpty());
-    user.Click("ok");
-  }));
-  EXPECT_THAT(Puts(), ElementsAre("put Device String \"Laser\""));
+    EXPECT_TRUE(Show([](Form&, FormUser& user) {
+      user.Pick("printers", 1);
+      user.Click("ok");
+    }));
+    EXPECT_THAT(Puts(), ElementsAre("put Device String \"Laser\""));
+  }
 }
 
 // --- No printers ------------------------------------------------------------------------------
