@@ -35,6 +35,20 @@ void Form::LoadNow() {
 }
 
 void Form::ShowModal() {
+  Show(&FormPeer::ShowModal);
+}
+
+void Form::Open() {
+  Show(&FormPeer::Open);
+}
+
+void Form::HandleEvents() {
+  if (!visible_) return;
+  const auto self = shared_from_this();
+  PassOnFailure([this] { std::shared_ptr(peer_)->HandleEvents(); });
+}
+
+void Form::Show(void (FormPeer::*showing)()) {
   const auto self = shared_from_this();
   Load();
   if (visible_) {
@@ -42,8 +56,13 @@ void Form::ShowModal() {
                 "Het venster \"" + caption_ + "\" is al zichtbaar en kan niet nog eens open");
   }
   visible_ = true;
+  PassOnFailure([&] { ShowBy(showing); });
+}
+
+template <typename Step>
+void Form::PassOnFailure(Step step) {
   try {
-    Show();
+    step();
   } catch (...) {
     Hide();
     OnShowingFailed();
@@ -51,12 +70,12 @@ void Form::ShowModal() {
   }
 }
 
-void Form::Show() {
+void Form::ShowBy(void (FormPeer::*showing)()) {
   // Held on its own: the form gives it up when it is unloaded during the showing.
   const std::shared_ptr<FormPeer> peer = peer_;
   if (!std::exchange(displayed_, true)) OnResize();
   if (visible_ && controls_->Focused() == nullptr) MoveFocus(false);
-  if (visible_) peer->ShowModal();
+  if (visible_) (peer.get()->*showing)();
 }
 
 void Form::Hide() {

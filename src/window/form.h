@@ -53,6 +53,12 @@ class Form : public std::enable_shared_from_this<Form> {
   // hidden or unloaded. The first showing after a load raises resize. Raises Error when it is
   // visible already; passes on the error of a handler, with the form hidden.
   void ShowModal();
+  // Shows it in the same way but returns at once: the caller goes on with its work and lets the
+  // user act now and then, with HandleEvents.
+  void Open();
+  // Handles what the user has done since. Passes on the error of a handler, with the form hidden.
+  // Nothing when the form is not visible.
+  void HandleEvents();
   void Hide();
   // Asks the query-unload handler, which may refuse, hides the form and gives up its controls.
   // Nothing when it is not loaded.
@@ -127,7 +133,11 @@ class Form : public std::enable_shared_from_this<Form> {
   void LoadNow();
   void TakeDesign(const Extent& frame);
   void MakeControls();
-  void Show();
+  void Show(void (FormPeer::*showing)());
+  void ShowBy(void (FormPeer::*showing)());
+  // Hides the form when the step fails.
+  template <typename Step>
+  void PassOnFailure(Step step);
   void MoveFocus(bool backwards);
   void Discard();
   // Changes one property of the loaded form and shows it.

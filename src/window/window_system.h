@@ -31,6 +31,12 @@ class FormPeer {
   // Shows the window and handles the user's doings until the form is no longer visible. The form
   // may be unloaded meanwhile.
   virtual void ShowModal() = 0;
+  // Shows the window and returns at once. As with ShowModal no other window takes input until it is
+  // hidden.
+  virtual void Open() = 0;
+  // Handles what the user has done in an opened window since. Passes on the error of a handler,
+  // with the form hidden.
+  virtual void HandleEvents() = 0;
   // The form is no longer visible.
   virtual void Hide() = 0;
 };

@@ -268,6 +268,8 @@ class FramedPeer : public FormPeer {
   Extent FrameExtent() const override { return {.width = 60, .height = 400}; }
   void Update() override { ++updates_; }
   void ShowModal() override { throw Error(ErrorNumber::FileAccess, "Geen beeldscherm"); }
+  void Open() override { ShowModal(); }
+  void HandleEvents() override {}
   void Hide() override {}
 
  private:

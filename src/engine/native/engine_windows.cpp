@@ -6,6 +6,8 @@
 namespace pagivo::native {
 
 bool NativeEngine::GetPrintDialog(std::int32_t dialog) {
+  // The host may discard the engine while the dialog is open.
+  const auto self = weak_from_this().lock();
   return ShowEngineDialog(dialog, *this, services_.windows);
 }
 

@@ -17,11 +17,18 @@ NativeEngine::NativeEngine(EngineServices services)
 NativeEngine::~NativeEngine() = default;
 
 bool NativeEngine::IsComplete() const noexcept {
-  return stage_ == Stage::Complete || stage_ == Stage::Overlay;
+  return stage_ != Stage::None && stage_ != Stage::Composing;
+}
+
+void NativeEngine::RequireNoPrinting() const {
+  if (stage_ == Stage::Printing) {
+    throw Error(ErrorNumber::NoDocument, "Het document wordt nog afgedrukt");
+  }
 }
 
 // The new document is whole before the old one goes.
 void NativeEngine::StartDoc() {
+  RequireNoPrinting();
   auto document = std::make_unique<Document>();
   auto recorder = std::make_unique<Recorder>(*document);
   document->SetTitle(documentName_);
@@ -70,6 +77,7 @@ std::int16_t NativeEngine::GetCurrentPage() {
 }
 
 void NativeEngine::StartOverlay(const std::int16_t& page) {
+  RequireNoPrinting();
   if (!IsComplete()) {
     throw Error(ErrorNumber::NoDocument, "Er is geen afgesloten document");
   }

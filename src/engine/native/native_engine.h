@@ -43,9 +43,10 @@ class PreviewObserver {
   ~PreviewObserver() = default;
 };
 
-// A document's life: none, composing (StartDoc .. EndDoc), complete, and complete with a page
-// reopened (StartOverlay .. EndOverlay). Drawing needs composing or an open overlay; without it
-// every drawing operation raises ErrorNumber::NoDocument and does nothing else.
+// A document's life: none, composing (StartDoc .. EndDoc), complete, complete with a page reopened
+// (StartOverlay .. EndOverlay), and complete while it is being printed. Drawing needs composing or
+// an open overlay; without it every drawing operation raises ErrorNumber::NoDocument and does
+// nothing else.
 //
 // A fresh engine: Arial 10, black text, solid black hairline pen, transparent white brush, margins
 // of an inch, A4 portrait, preview of the whole page. Font, colours, pen, brush, margins, paper,
@@ -55,7 +56,7 @@ class PreviewObserver {
 //
 // A page keeps the paper that it was begun with. New paper settings reach the page being composed
 // only while nothing is drawn on it, else the next one.
-class NativeEngine final : public PrintEngine {
+class NativeEngine final : public PrintEngine, public std::enable_shared_from_this<NativeEngine> {
  public:
   static constexpr std::int32_t kMaximumPages = 32767;
   static constexpr float kMaximumFontSize = 1638;  // points
@@ -154,10 +155,10 @@ class NativeEngine final : public PrintEngine {
   std::string GetPort() override;
   std::int16_t GetCopies() override { return copies_; }
   void PutCopies(std::int16_t copies) override;
-  // Prints those of the pages that exist; no dialog is shown.
+  // Prints those of the pages that exist; no dialog is shown. A job that takes a while gets a
+  // window in which the user can stop it. Other code may run meanwhile, but the document stays as
+  // it is: what would change it raises ErrorNumber::NoDocument.
   void PrintDoc(bool showDialog, std::int16_t firstPage, std::int16_t lastPage) override;
-  // Who is told how printing goes on, and may cancel it; empty for nobody.
-  void WatchPrinting(PrintWatcher watcher) { printWatcher_ = std::move(watcher); }
 
   // --- Windows (engine_windows.cpp) ---------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;
@@ -192,7 +193,7 @@ class NativeEngine final : public PrintEngine {
   void RaiseAfterPageChange();
 
  private:
-  enum class Stage : std::uint8_t { None, Composing, Complete, Overlay };
+  enum class Stage : std::uint8_t { None, Composing, Complete, Overlay, Printing };
 
   // Where the next text goes. After a text that is at its end; hosts nearly always put another
   // position first, so the end is measured only when it is asked for.
@@ -203,6 +204,8 @@ class NativeEngine final : public PrintEngine {
   };
 
   void RequireDrawing() const;
+  void RequireNoPrinting() const;
+  void PrintRange(std::int32_t firstPage, std::int32_t lastPage);
   void MoveToMargins();
   void ApplyPaper();
   void ReadPrintableArea();
@@ -245,7 +248,6 @@ class NativeEngine final : public PrintEngine {
   Rectangle target_;  // X1, Y1, X2, Y2
   std::int16_t copies_ = 1;
   PrinterChoice printers_;
-  PrintWatcher printWatcher_;
   bool isPhysicalPage_ = true;
   PrinterMedia printerMedia_;  // of the current printer, unless isPhysicalPage_
   PreviewState preview_;

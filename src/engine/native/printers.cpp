@@ -1,7 +1,9 @@
 // NativeEngine's printers and printing.
 #include <algorithm>
 #include <limits>
+#include <utility>
 
+#include "engine/native/dialogs/print_progress.h"
 #include "engine/native/native_engine.h"
 #include "pagivo/error.h"
 
@@ -36,6 +38,7 @@ void NativeEngine::PutCopies(std::int16_t copies) {
 
 void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t firstPage, std::int16_t lastPage) {
   if (!IsComplete()) throw Error(ErrorNumber::NoDocument, "Er is geen afgesloten document");
+  RequireNoPrinting();
   const std::int32_t first = std::max<std::int32_t>(firstPage, 1);
   const std::int32_t last = std::min<std::int32_t>(lastPage, document_->PageCount());
   if (first > last) {
@@ -43,9 +46,26 @@ void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t firstPage, std::in
                                                  std::to_string(firstPage) + " tot en met " +
                                                  std::to_string(lastPage));
   }
-  printers_.Print(*document_,
-                  {.printer = {}, .copies = copies_, .firstPage = first, .lastPage = last},
-                  printWatcher_);
+  PrintRange(first, last);
+}
+
+// The document is held as it is, and so is the engine: in the window that follows the job the user
+// acts, and the host may act too.
+void NativeEngine::PrintRange(std::int32_t firstPage, std::int32_t lastPage) {
+  const auto self = weak_from_this().lock();
+  const Stage before = std::exchange(stage_, Stage::Printing);
+  try {
+    PrintProgressWindow window(services_.windows,
+                               {document_->Title(), printers_.Current(), printers_.Port()});
+    printers_.Print(
+        *document_,
+        {.printer = {}, .copies = copies_, .firstPage = firstPage, .lastPage = lastPage},
+        [&](const PrintProgress& progress) { return window.Continues(progress.page); });
+    stage_ = before;
+  } catch (...) {
+    stage_ = before;
+    throw;
+  }
 }
 
 // Read once, as pages must not wait for a print server.

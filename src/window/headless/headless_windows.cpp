@@ -45,6 +45,8 @@ class HeadlessWindows::Window : public FormPeer {
   Extent FrameExtent() const override { return {}; }
   void Update() override {}
   void ShowModal() override { windows_.PlayUser(form_); }
+  void Open() override { form_.Paint(); }
+  void HandleEvents() override { windows_.PlayScript(form_); }
   void Hide() override {}
 
  private:
@@ -69,13 +71,16 @@ WindowImage HeadlessWindows::CaptureWindow(std::int32_t) {
 
 void HeadlessWindows::PlayUser(Form& form) {
   form.Paint();
-  if (!scripts_.empty()) {
-    const Script script = std::move(scripts_.front());
-    scripts_.pop_front();
-    script(form);
-  }
+  PlayScript(form);
   if (form.Visible()) form.Unload(UnloadMode::ControlMenu);
   form.Hide();
+}
+
+void HeadlessWindows::PlayScript(Form& form) {
+  if (scripts_.empty()) return;
+  const Script script = std::move(scripts_.front());
+  scripts_.pop_front();
+  script(form);
 }
 
 }  // namespace pagivo

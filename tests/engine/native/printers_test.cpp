@@ -120,7 +120,7 @@ TEST_F(EnginePrintersTest, EveryKindOfDrawingCountsFromThePrintableArea) {
   engine->PutPhysicalPage(false);
   engine->PutPenStyle(0);
   engine->DrawRectangle(0.0, 0.0, 10.0, 10.0);
-  engine->DrawCircle(0.0, 0.0, 10.0, Variant::Missing(), Variant::Missing());
+  engine->DrawCircle(0.0, 0.0, 10.0, Missing, Missing);
   engine->DrawCircle(0.0, 0.0, 10.0, 1.0, 2.0);
   engine->PutPolyline("0 0 10 10");
   engine->PutPolygon("0 0 10 10 0 10");

@@ -1,6 +1,7 @@
 // A print server in memory: it has the printers that a test gives it, and keeps what it is sent.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -26,6 +27,8 @@ class MemoryPrintServer final : public PrintServer {
   bool isAway = false;
   // The job of this number (from 1) loses its connection at its first bytes; 0 for none.
   std::size_t failingJob = 0;
+  // Runs when a job is opened, and before it takes bytes.
+  std::function<void()> meanwhile = [] {};
 
   std::vector<std::shared_ptr<MemoryJob>> jobs;
   int questions = 0;
@@ -48,15 +51,17 @@ class MemoryPrintServer final : public PrintServer {
     Answer();
     jobs.push_back(std::make_shared<MemoryJob>());
     jobs.back()->ticket = ticket;
-    return std::make_unique<OpenedJob>(jobs.back(), jobs.size() == failingJob);
+    meanwhile();
+    return std::make_unique<OpenedJob>(*this, jobs.back(), jobs.size() == failingJob);
   }
 
  private:
   class OpenedJob final : public PrintJob {
    public:
-    OpenedJob(std::shared_ptr<MemoryJob> job, bool isFailing)
-        : job_(std::move(job)), isFailing_(isFailing) {}
+    OpenedJob(MemoryPrintServer& server, std::shared_ptr<MemoryJob> job, bool isFailing)
+        : server_(server), job_(std::move(job)), isFailing_(isFailing) {}
     void Write(std::span<const std::uint8_t> bytes) override {
+      server_.meanwhile();
       if (isFailing_) ThrowConnectionLost(job_->ticket.printer);
       job_->document.append(bytes.begin(), bytes.end());
     }
@@ -64,6 +69,7 @@ class MemoryPrintServer final : public PrintServer {
     void Cancel() noexcept override { job_->isCancelled = true; }
 
    private:
+    MemoryPrintServer& server_;
     std::shared_ptr<MemoryJob> job_;
     bool isFailing_;
   };
