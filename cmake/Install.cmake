@@ -6,6 +6,11 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Pagivo)
 install(TARGETS pagivo EXPORT PagivoTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY include/pagivo DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT PagivoTargets NAMESPACE Pagivo:: DESTINATION ${package_folder})
+if(PAGIVO_QT)
+  install(TARGETS pagivo-qt EXPORT PagivoQtTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(EXPORT PagivoQtTargets NAMESPACE Pagivo:: DESTINATION ${package_folder})
+  install(FILES ${PROJECT_SOURCE_DIR}/cmake/QtDependencies.cmake DESTINATION ${package_folder})
+endif()
 
 configure_file(cmake/PagivoConfig.cmake.in PagivoConfig.cmake @ONLY)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/PagivoConfigVersion.cmake

@@ -32,11 +32,13 @@ constexpr std::array<ControlDesign, 3> kControls{{
      .caption = "Text1",
      .placement = {1080, 60, 600, 330},
      .container = "tbAfdrukken",
-     .tabIndex = 1},
+     .tabIndex = 1,
+     .accessibleName = "Pagina"},
     {.name = "vsPrint",
      .kind = ControlKind::Surface,
      .placement = {kEngineMargin, 420, 9295, 3795},
-     .tabIndex = 0},
+     .tabIndex = 0,
+     .accessibleName = "Afdrukvoorbeeld"},
 }};
 
 constexpr FormDesign kDesign{.caption = "Afdrukvoorbeeld",

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the build folder $1 into a scratch folder, builds the host beside this script from there,
-# once through find_package and once through pkg-config, runs both and reads the PDF back.
+# once through find_package and once through pkg-config, runs both and reads the PDF back; with
+# windows, when the build has them, also a host that shows its preview.
 set -euo pipefail
 build=$1
 host=$(dirname "$(readlink -f "$0")")/host
@@ -15,9 +16,13 @@ run_and_read() {
   [ "$(pdfinfo "$1/eerste.pdf" | sed -n 's/^Pages: *//p')" = 1 ]
 }
 
-cmake -S "$host" -B "$scratch/cmake" -DCMAKE_PREFIX_PATH="$scratch/prefix" -DCMAKE_CXX_FLAGS="$flags" >"$scratch/log"
+windows=$(sed -n 's/^PAGIVO_QT:BOOL=//p' "$build/CMakeCache.txt")
+
+cmake -S "$host" -B "$scratch/cmake" -DCMAKE_PREFIX_PATH="$scratch/prefix" -DCMAKE_CXX_FLAGS="$flags" \
+  -DWINDOWS="$windows" >"$scratch/log"
 cmake --build "$scratch/cmake" >"$scratch/log" || { cat "$scratch/log"; exit 1; }
 run_and_read "$scratch/cmake" ./host
+case $windows in ON | TRUE | 1) QT_QPA_PLATFORM=offscreen "$scratch/cmake/window_host" ;; esac
 
 mkdir "$scratch/pkgconfig"
 pc=$(dirname "$(find "$scratch/prefix" -name pagivo.pc)")

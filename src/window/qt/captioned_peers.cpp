@@ -31,6 +31,7 @@ class LabelPeer final : public WidgetPeer {
   LabelPeer(FormWindow& window, Control& label)
       : LabelPeer(window, label, new QLabel(window.ParentFor(label))) {
     text_->setTextFormat(Qt::PlainText);
+    text_->setWordWrap(true);
     text_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   }
 

@@ -1,6 +1,7 @@
 #include "window/qt/fonts.h"
 
 #include <QFontDatabase>
+#include <QHash>
 #include <QStringList>
 
 #include "window/qt/text.h"
@@ -22,12 +23,20 @@ const QStringList& Replacements() {
 
 // Picked by hand: a list of families is handed to the system's matching, whose replacement for the
 // first one is often a wide face.
-QString InstalledFamily(const QString& wanted) {
+QString FindFamily(const QString& wanted) {
   if (QFontDatabase::hasFamily(wanted)) return wanted;
   for (const QString& family : Replacements()) {
     if (QFontDatabase::hasFamily(family)) return family;
   }
   return wanted;
+}
+
+// Remembered, for controls ask at every change.
+QString InstalledFamily(const QString& wanted) {
+  static QHash<QString, QString> found;
+  QString& family = found[wanted];
+  if (family.isEmpty()) family = FindFamily(wanted);
+  return family;
 }
 
 }  // namespace

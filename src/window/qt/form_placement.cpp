@@ -80,7 +80,8 @@ void FormWindow::ShowPlacement() {
 }
 
 void FormWindow::ReportPlacement() {
-  if (!showing_) return;
+  // On its way to the screen a window is here and there.
+  if (!exposed_) return;
   SettleFrame();
   Report([this] { form_.TakePlacement(PresentPlacement(), ToExtent(frame_), PresentState()); });
 }
@@ -89,7 +90,7 @@ void FormWindow::ReportPlacement() {
 // was asked with its frame, a dialog that of its client area.
 void FormWindow::SettleFrame() {
   const QWindow* handle = window_->windowHandle();
-  if (!handle->isExposed() || handle->frameMargins() == frame_) return;
+  if (handle->frameMargins() == frame_) return;
   frame_ = handle->frameMargins();
   RememberFrame(form_.Design().sizable, frame_);
   if (!form_.Design().sizable || PresentState() != WindowState::Normal) return;

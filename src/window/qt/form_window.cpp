@@ -30,8 +30,10 @@ QString TitleOf(const Form& form) {
 
 FormWindow::FormWindow(Form& form)
     : form_(form),
-      window_(
-          new FormWidget(FlagsFor(form.Design()), [this](bool forwards) { MoveFocus(forwards); })),
+      window_(new FormWidget(FlagsFor(form.Design()),
+                             [self = QPointer(this)](bool forwards) {
+                               if (self) self->MoveFocus(forwards);
+                             })),
       frame_(ExpectedFrame(form.Design().sizable)) {
   window_->setAttribute(Qt::WA_QuitOnClose, false);
   window_->setWindowModality(Qt::ApplicationModal);
@@ -39,32 +41,49 @@ FormWindow::FormWindow(Form& form)
 }
 
 FormWindow::~FormWindow() {
-  // A showing under way holds its window, so none of its events is being handled any more.
-  delete window_.data();
+  if (Window() == nullptr) return;
+  // Not now: one of its events may be on the way.
+  window_->hide();
+  window_->deleteLater();
 }
 
 void FormWindow::Update() {
-  if (!window_) return;
+  if (Window() == nullptr) return;
   window_->setWindowTitle(TitleOf(form_));
   if (showing_) ShowPlacement();
 }
 
 void FormWindow::ShowModal() {
-  if (!window_) {
-    throw Error(ErrorNumber::InvalidArgument,
-                "De vensters van het hoofdprogramma zijn al gesloten");
-  }
+  Appear();
   QEventLoop loop;
-  QEventLoop* outer = std::exchange(loop_, &loop);
-  Open();
-  // Opening may already have ended the showing.
+  loop_ = &loop;
+  // Appearing may already have ended the showing.
   if (showing_) loop.exec(QEventLoop::DialogExec);
-  loop_ = outer;
+  loop_ = nullptr;
   if (showing_) CloseAsTheUserDoes();
-  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+  PassOnFailure();
 }
 
 void FormWindow::Open() {
+  Appear();
+  PassOnFailure();
+}
+
+void FormWindow::HandleEvents() {
+  QCoreApplication::processEvents();
+  PassOnFailure();
+}
+
+void FormWindow::PassOnFailure() {
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void FormWindow::Appear() {
+  if (Window() == nullptr) {
+    throw Error(ErrorNumber::InvalidArgument,
+                "De vensters van het hoofdprogramma zijn al gesloten");
+  }
+  failure_ = nullptr;
   before_ = QApplication::activeWindow();
   // Placed before it gets its native window, without which Qt knows that the place is the frame's.
   Place();
@@ -97,8 +116,9 @@ void FormWindow::CloseAsTheUserDoes() {
 
 void FormWindow::Hide() {
   showing_ = false;
+  exposed_ = false;
   if (loop_ != nullptr) loop_->quit();
-  if (!window_) return;
+  if (Window() == nullptr) return;
   window_->hide();
   if (before_ && before_->isVisible()) before_->activateWindow();
 }
@@ -138,6 +158,8 @@ void FormWindow::MoveFocus(bool forwards) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  // Held: the form may give up its window meanwhile.
+  const auto self = weak_from_this().lock();
   if (watched->isWindowType()) {
     FilterNative(*event);
     return false;
@@ -167,6 +189,7 @@ bool FormWindow::FilterWindow(QEvent& event) {
 // that would go round in circles with a form that changes its controls when it is painted.
 void FormWindow::FilterNative(const QEvent& event) {
   if (event.type() != QEvent::Expose || !window_->windowHandle()->isExposed()) return;
+  exposed_ = true;
   ReportPlacement();
   Report([this] { form_.Paint(); });
 }

@@ -1,6 +1,7 @@
 // A form as a window of Qt.
 #pragma once
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMargins>
@@ -9,6 +10,7 @@
 #include <QWidget>
 #include <exception>
 #include <map>
+#include <memory>
 
 #include "window/form.h"
 
@@ -16,7 +18,9 @@ namespace pagivo::qt {
 
 // The window filters the events of its own widget and of the widgets that take the focus in it. An
 // error of a handler never travels through Qt: it ends the showing, which passes it on.
-class FormWindow final : public QObject, public FormPeer {
+class FormWindow final : public QObject,
+                         public FormPeer,
+                         public std::enable_shared_from_this<FormWindow> {
  public:
   explicit FormWindow(Form& form);
   ~FormWindow() override;
@@ -25,10 +29,12 @@ class FormWindow final : public QObject, public FormPeer {
   Extent FrameExtent() const override;
   void Update() override;
   void ShowModal() override;
+  void Open() override;
+  void HandleEvents() override;
   void Hide() override;
 
-  // Null once Qt has destroyed it together with the application object.
-  QWidget* Window() const noexcept { return window_; }
+  // Null once the application object is gone, without which no widget can be used.
+  QWidget* Window() const noexcept { return application_ ? window_.data() : nullptr; }
   Form& GetForm() const noexcept { return form_; }
 
   // Where the widget of a control belongs.
@@ -44,6 +50,7 @@ class FormWindow final : public QObject, public FormPeer {
   template <typename Doing>
   void Report(const Doing& doing) {
     if (!showing_) return;
+    const auto self = shared_from_this();
     try {
       doing();
     } catch (...) {
@@ -61,8 +68,9 @@ class FormWindow final : public QObject, public FormPeer {
   void MoveFocus(bool forwards);
   void Fail(std::exception_ptr failure);
 
-  void Open();
+  void Appear();
   void CloseAsTheUserDoes();
+  void PassOnFailure();
 
   // --- Placement (form_placement.cpp) ---------------------------------------------------------
   void Place();
@@ -74,11 +82,13 @@ class FormWindow final : public QObject, public FormPeer {
   WindowState PresentState() const;
 
   Form& form_;
+  QPointer<QCoreApplication> application_ = QCoreApplication::instance();
   QPointer<QWidget> window_;
   QPointer<QWidget> before_;  // the window that was active before the showing
   std::map<const Control*, QPointer<QWidget>> widgets_;
   QMargins frame_;
   bool showing_ = false;
+  bool exposed_ = false;        // since the showing began
   QEventLoop* loop_ = nullptr;  // of the showing under way
   std::exception_ptr failure_;  // what ends it
 };

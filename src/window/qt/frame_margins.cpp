@@ -15,6 +15,8 @@ std::map<bool, QMargins>& Seen() {
 
 QMargins Guess() {
   const QString platform = QGuiApplication::platformName();
+  // What Qt frames windows with that are drawn into memory.
+  if (platform == QLatin1String("offscreen")) return {2, 2, 2, 2};
   if (platform != QLatin1String("xcb") && !platform.startsWith(QLatin1String("wayland"))) return {};
   return {1, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 1, 1};
 }

@@ -3,11 +3,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOption>
+#include <QWheelEvent>
+#include <algorithm>
 
 namespace pagivo::qt {
 
 SpinArrows::SpinArrows(QWidget* parent) : QAbstractSlider(parent) {
-  setInvertedControls(true);
   setFocusPolicy(Qt::WheelFocus);
 }
 
@@ -51,6 +52,13 @@ void SpinArrows::mouseReleaseEvent(QMouseEvent*) {
   setRepeatAction(SliderNoAction);
   pressed_ = Arrow::None;
   update();
+}
+
+void SpinArrows::wheelEvent(QWheelEvent* event) {
+  turned_ += event->angleDelta().y();
+  const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
+  turned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+  setValue(value() - notches * singleStep());
 }
 
 }  // namespace pagivo::qt

@@ -6,8 +6,8 @@
 
 namespace pagivo::qt {
 
-// The upper arrow and turning the wheel away from the user step towards the minimum. Holding an
-// arrow down repeats its step.
+// The upper arrow, and a notch of the wheel away from the user, steps towards the minimum. Holding
+// an arrow down repeats its step.
 class SpinArrows final : public QAbstractSlider {
  public:
   explicit SpinArrows(QWidget* parent);
@@ -16,6 +16,7 @@ class SpinArrows final : public QAbstractSlider {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   enum class Arrow { None, Up, Down };
@@ -24,6 +25,7 @@ class SpinArrows final : public QAbstractSlider {
   void Draw(QPainter& painter, Arrow arrow) const;
 
   Arrow pressed_ = Arrow::None;
+  int turned_ = 0;  // eighths of a degree that the wheel has turned since the last step
 };
 
 }  // namespace pagivo::qt

@@ -18,7 +18,7 @@ namespace pagivo::qt {
 
 namespace {
 
-constexpr double kAngleOfNotch = 120;  // eighths of a degree
+constexpr double kAnglePerNotch = QWheelEvent::DefaultDeltasPerStep;
 
 Qt::CursorShape ShapeOf(SurfaceCursor cursor) {
   switch (cursor) {
@@ -72,7 +72,7 @@ class SurfacePeer final : public WidgetPeer {
 
   bool FilterViewport(QEvent& event);
   void Paint();
-  void Draw();
+  bool Draw();
   void ReportScroll();
   void TurnWheel(const QWheelEvent& event);
   void ReportPointer(const QMouseEvent& event, void (SurfaceContent::*report)(SurfacePoint));
@@ -195,11 +195,11 @@ bool SurfacePeer::FilterViewport(QEvent& event) {
 void SurfacePeer::Paint() {
   // The window may have come to a screen of another density.
   if (surface_.Content() && PresentArea() != taken_) Update();
-  if (!isDrawn_) Draw();
-  QPainter(&Viewport()).drawImage(QPoint(0, 0), bitmap_);
+  if (isDrawn_ || Draw()) QPainter(&Viewport()).drawImage(QPoint(0, 0), bitmap_);
 }
 
-void SurfacePeer::Draw() {
+// Tells whether there is still something to be shown.
+bool SurfacePeer::Draw() {
   const SurfaceArea area = PresentArea();
   const SurfaceColors colors = SurfaceColorsFor(Viewport().palette());
   if (bitmap_.size() != QSize(area.width, area.height)) {
@@ -207,10 +207,13 @@ void SurfacePeer::Draw() {
   }
   bitmap_.setDevicePixelRatio(area.scale);
   const auto content = surface_.Content();
-  if (!content) return bitmap_.fill(colors.ground);
+  if (!content) {
+    bitmap_.fill(colors.ground);
+    return true;
+  }
   const auto pixels = static_cast<std::size_t>(area.width) * static_cast<std::size_t>(area.height);
   isDrawn_ = true;
-  Report([&] {
+  return Report([&] {
     content->Draw({.width = area.width,
                    .height = area.height,
                    .pixels = {reinterpret_cast<std::uint32_t*>(bitmap_.bits()), pixels}},
@@ -229,8 +232,8 @@ void SurfacePeer::ReportScroll() {
 void SurfacePeer::TurnWheel(const QWheelEvent& event) {
   Report([&] {
     if (const auto content = surface_.Content()) {
-      content->TurnWheel(PointOf(event.position()), event.angleDelta().x() / kAngleOfNotch,
-                         event.angleDelta().y() / kAngleOfNotch, ShiftStateOf(event.modifiers()));
+      content->TurnWheel(PointOf(event.position()), event.angleDelta().x() / kAnglePerNotch,
+                         event.angleDelta().y() / kAnglePerNotch, ShiftStateOf(event.modifiers()));
     }
   });
 }
@@ -239,14 +242,11 @@ void SurfacePeer::ReportPointer(const QMouseEvent& event,
                                 void (SurfaceContent::*report)(SurfacePoint)) {
   const bool isMove = event.type() == QEvent::MouseMove;
   if (!isMove && event.button() != Qt::LeftButton) return;
-  Report([&] {
-    const auto content = surface_.Content();
-    if (!content) return;
-    const SurfacePoint at = PointOf(event.position());
-    (content.get()->*report)(at);
-    // Still there, when the form is.
-    Report([&] { Viewport().setCursor(ShapeOf(content->CursorAt(at))); });
-  });
+  const auto content = surface_.Content();
+  if (!content) return;
+  const SurfacePoint at = PointOf(event.position());
+  if (!Report([&] { (content.get()->*report)(at); })) return;
+  Report([&] { Viewport().setCursor(ShapeOf(content->CursorAt(at))); });
 }
 
 // The content's own menu. What is chosen goes to the content that offered it.

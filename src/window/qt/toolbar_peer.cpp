@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QMargins>
 #include <QMenu>
 #include <QPixmap>
 #include <QToolButton>
@@ -19,7 +20,9 @@ namespace pagivo::qt {
 
 namespace {
 
-constexpr int kButtonHeight = 22;  // pixels: an image of 16 with an edge
+// Pixels: an image of 16 with an edge, and what is left free around a separator's line.
+constexpr int kButtonHeight = 22;
+constexpr QMargins kAroundLine{2, 3, 2, 3};
 
 QPixmap PixmapOf(FileBytes png) {
   QPixmap pixmap;
@@ -80,7 +83,8 @@ QWidget* ToolbarPeer::MakePart(const ToolbarButton& design) {
       return new QWidget(bar_);
     case ToolbarButton::Style::Separator: {
       auto* line = new QFrame(bar_);
-      line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+      line->setFrameStyle(QFrame::VLine | QFrame::Plain);
+      line->setForegroundRole(QPalette::Mid);
       return line;
     }
     default:
@@ -128,9 +132,9 @@ void ToolbarPeer::Place(QWidget& part, const ToolbarButton& button) const {
   const int left = ToPixels(toolbar_.LeftOf(button));
   const int width = ToPixels(Toolbar::WidthOf(button));
   const int top = (bar_->height() - kButtonHeight) / 2;
+  const QRect place(left, top, width, kButtonHeight);
   const bool isLine = button.style == ToolbarButton::Style::Separator;
-  part.setGeometry(
-      QRect(left, top, width, kButtonHeight).adjusted(isLine ? 2 : 0, 0, isLine ? -2 : 0, 0));
+  part.setGeometry(isLine ? place.marginsRemoved(kAroundLine) : place);
   part.setEnabled(button.enabled);
   part.setVisible(button.visible);
   part.setToolTip(ToQt(button.toolTip));

@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <clocale>
 #include <memory>
 #include <string>
@@ -25,6 +27,16 @@ class LocaleKeeper {
   std::string locale_;
 };
 
+// What Qt says of itself, as in the menu of a text box. A host's own application has its own
+// choice.
+void SpeakDutch(QApplication& application) {
+  auto* dutch = new QTranslator(&application);
+  if (dutch->load(QStringLiteral("qtbase_nl"),
+                  QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(dutch);
+  }
+}
+
 void MakeApplication() {
   if (!qt::HasDisplay()) {
     throw Error(ErrorNumber::InvalidArgument,
@@ -38,6 +50,7 @@ void MakeApplication() {
   // Never destroyed: the preview window may outlive everything else in the process.
   static auto* application = new QApplication(count, arguments);
   application->setQuitOnLastWindowClosed(false);
+  SpeakDutch(*application);
 }
 
 void EnsureApplication() {

@@ -23,28 +23,37 @@ Placement PlacementOf(const Control& control) {
 WidgetPeer::WidgetPeer(FormWindow& window, Control& control, QWidget* widget)
     : window_(window), control_(control), widget_(widget) {
   widget->setObjectName(ToQt(control.Name()));
+  if (control.Design().tabIndex < 0) widget->setFocusPolicy(Qt::NoFocus);
   widget->installEventFilter(this);
   // After this peer's own filter: the last one is the first to see an event.
   window.Add(control, *widget);
 }
 
 void WidgetPeer::Update() {
-  if (!widget_) return;
+  if (window_.Window() == nullptr) return;
+  const QPointer<QObject> self(this);
   const bool outer = std::exchange(updating_, true);
-  ShowCommon();
+  ShowPlace();
   Show();
-  updating_ = outer;
+  ShowReach();
+  if (self) updating_ = outer;
 }
 
 void WidgetPeer::Focus() {
-  if (widget_) widget_->setFocus();
+  if (window_.Window() != nullptr) widget_->setFocus();
 }
 
-void WidgetPeer::ShowCommon() {
+void WidgetPeer::ShowPlace() {
   widget_->setGeometry(ToPixels(PlacementOf(control_)));
   widget_->setFont(FontFor(control_.FontName(), control_.FontSize(), *widget_));
+}
+
+// A control with the focus that can no longer be reached loses it to the next one, whose handler
+// may unload the form.
+void WidgetPeer::ShowReach() {
+  const QPointer<QObject> self(this);
   widget_->setEnabled(control_.Enabled());
-  widget_->setVisible(control_.Visible());
+  if (self) widget_->setVisible(control_.Visible());
 }
 
 bool WidgetPeer::eventFilter(QObject*, QEvent* event) {

@@ -12,8 +12,8 @@
 namespace pagivo::qt {
 
 // Shows placement, font, enabling and visibility in the widget, and gives the control the focus
-// when the widget gets the keyboard. Connections and event filters of a peer end with it; the
-// widget goes with the window.
+// when the widget gets the keyboard. Connections and event filters of a peer end with it; its
+// widget goes later, with the window.
 class WidgetPeer : public QObject, public ControlPeer {
  public:
   // `widget` is owned by its parent.
@@ -30,19 +30,24 @@ class WidgetPeer : public QObject, public ControlPeer {
 
   FormWindow& Window() const noexcept { return window_; }
 
-  // Runs what the user has done, as FormWindow::Report does. Nothing while the control is shown: a
-  // widget reports what it is made to show just as what the user does.
+  // Runs what the user has done, as FormWindow::Report does, and tells whether this peer has
+  // survived it: a handler may unload the form. Nothing while the control is shown: a widget
+  // reports what it is made to show just as what the user does.
   template <typename Doing>
-  void Report(const Doing& doing) {
-    if (!updating_) window_.Report(doing);
+  bool Report(const Doing& doing) {
+    if (updating_) return true;
+    const QPointer<QObject> self(this);
+    window_.Report(doing);
+    return !self.isNull();
   }
 
  private:
-  void ShowCommon();
+  void ShowPlace();
+  void ShowReach();
 
   FormWindow& window_;
   Control& control_;
-  QPointer<QWidget> widget_;
+  QWidget* widget_;
   bool updating_ = false;
 };
 
