@@ -70,6 +70,7 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
 
   Parts& Reach();
   void PlaceParts();
+  void ShowTurnedPage();
   void HideWithFocusOnEngine();
   void ToggleZoom();
 

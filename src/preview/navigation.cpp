@@ -88,6 +88,7 @@ void frmAfdrukken::ZetPaginaNummer() {
 }
 
 void frmAfdrukken::BladerNaar(std::int16_t richting) {
+  const auto self = shared_from_this();
   const auto engine = vsPrint();
   const std::int16_t step = ShowsTwoPages(*engine) ? 2 : 1;
   switch (richting) {
@@ -107,8 +108,7 @@ void frmAfdrukken::BladerNaar(std::int16_t richting) {
     default:
       break;
   }
-  ZetPaginaNummer();
-  PreviewSurface().Focus();
+  ShowTurnedPage();
 }
 
 void frmAfdrukken::GaNaarPagina() {
@@ -119,18 +119,25 @@ void frmAfdrukken::GaNaarPagina() {
   if (!IsLoaded()) return;
   const std::int32_t page = State().GoToPageResult;
   if (page > 0) ShowAskedPage(*engine, page);
+  ShowTurnedPage();
+}
+
+void frmAfdrukken::ShowTurnedPage() {
+  // A host that hears of the turning may have discarded the window.
+  if (!IsLoaded()) return;
   ZetPaginaNummer();
   PreviewSurface().Focus();
 }
 
 void frmAfdrukken::KeyDown(std::int16_t& keyCode, std::int16_t) {
+  const auto self = shared_from_this();
   const auto engine = vsPrint();
   if (keyCode == kKeyDown) {
     ArrowDown(*engine, keyCode);
   } else if (keyCode == kKeyUp) {
     ArrowUp(*engine, keyCode);
   }
-  AfterPageChange();
+  if (IsLoaded()) AfterPageChange();
 }
 
 void frmAfdrukken::BeforePageChange(std::int16_t& page) {

@@ -57,9 +57,10 @@ void frmAfdrukken::tbAfdrukken_ButtonClick(std::string_view key) {
 }
 
 void frmAfdrukken::tbAfdrukken_ButtonMenuClick(std::string_view key) {
+  const auto self = shared_from_this();
   const auto choice = std::ranges::find(kZoomChoices, key, &ZoomChoice::key);
   if (choice != kZoomChoices.end()) Zoom(*vsPrint(), *choice);
-  AfterPageChange();
+  if (IsLoaded()) AfterPageChange();
 }
 
 void frmAfdrukken::ToggleZoom() {

@@ -8,13 +8,20 @@ namespace pagivo::testing {
 class TrialWindows::Window : public FormPeer {
  public:
   Window(TrialWindows& windows, Form& form)
-      : windows_(windows), form_(form), shown_(windows.backEnd_->MakeFormPeer(form)) {}
+      : windows_(windows), form_(form), shown_(windows.backEnd_->MakeFormPeer(form)) {
+    ++windows_.count_;
+  }
+  ~Window() override { --windows_.count_; }
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
 
   FormPeer& Shown() noexcept { return *shown_; }
 
   Extent FrameExtent() const override { return shown_->FrameExtent(); }
   void Update() override { shown_->Update(); }
   void ShowModal() override { windows_.ShowModal(form_, *shown_, windows_.NextScript()); }
+  void Open() override { shown_->Open(); }
+  void HandleEvents() override { shown_->HandleEvents(); }
   void Hide() override { shown_->Hide(); }
 
  private:

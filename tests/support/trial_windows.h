@@ -25,6 +25,9 @@ class TrialWindows : public WindowSystem {
   void AddScript(Script script) { scripts_.push_back(std::move(script)); }
   std::size_t ScriptsLeft() const noexcept { return scripts_.size(); }
 
+  // How many windows exist, shown or not, as far as the back end can tell.
+  virtual std::size_t Count() const { return count_; }
+
   std::shared_ptr<FormPeer> MakeFormPeer(Form& form) override;
   std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) override;
   WindowImage CaptureWindow(std::int32_t handle) override;
@@ -43,6 +46,7 @@ class TrialWindows : public WindowSystem {
 
   std::shared_ptr<WindowSystem> backEnd_;
   std::deque<Script> scripts_;
+  std::size_t count_ = 0;  // windows that were made and are not gone
 };
 
 // Windows of the back end that the test program is linked with.

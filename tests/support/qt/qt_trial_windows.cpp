@@ -29,6 +29,7 @@ class Showing {
     QObject begin;
     QTimer::singleShot(0, &begin, [this] { Attend(); });
     peer.ShowModal();
+    EXPECT_FALSE(window_ && window_->isVisible()) << "a window stays open";
     if (failure_) std::rethrow_exception(failure_);
   }
 
@@ -36,9 +37,9 @@ class Showing {
   // Nothing may be thrown through the event loop.
   void Attend() {
     try {
-      const QPointer<QWidget> window = QApplication::activeModalWidget();
-      if (script_) Play(*window);
-      Leave(window);
+      window_ = QApplication::activeModalWidget();
+      if (script_) Play(*window_);
+      Leave();
     } catch (...) {
       failure_ = std::current_exception();
       form_.Hide();
@@ -56,13 +57,14 @@ class Showing {
     if (form_.Visible()) ExpectShown(form_, window);
   }
 
-  void Leave(const QPointer<QWidget>& window) {
-    if (form_.Visible() && window) QtUser(form_, *window).Close();
+  void Leave() {
+    if (form_.Visible() && window_) QtUser(form_, *window_).Close();
     form_.Hide();
   }
 
   Form& form_;
   TrialWindows::Script script_;
+  QPointer<QWidget> window_;
   std::exception_ptr failure_;
 };
 
@@ -79,6 +81,12 @@ void MakeApplication() {
 class QtTrialWindows : public TrialWindows {
  public:
   QtTrialWindows() : TrialWindows(std::make_shared<QtWindows>()) {}
+
+  std::size_t Count() const override {
+    // What Qt has put off deleting.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return static_cast<std::size_t>(QApplication::topLevelWidgets().size());
+  }
 
  protected:
   void ShowModal(Form& form, FormPeer& peer, Script script) override {
