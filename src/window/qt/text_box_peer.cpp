@@ -1,5 +1,7 @@
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -10,6 +12,9 @@
 namespace pagivo::qt {
 
 namespace {
+
+constexpr int kEdges = 8;       // pixels on both sides together, between the text and the outside
+constexpr int kNarrowest = 65;  // percent of a font's own width
 
 // Tells when it is clicked.
 class ClickableLineEdit final : public QLineEdit {
@@ -41,6 +46,7 @@ class TextBoxPeer final : public WidgetPeer {
   TextBoxPeer(FormWindow& window, TextBox& box, ClickableLineEdit* edit);
 
   void Show() override;
+  void FitText();
   void ShowSelection();
   void ReportEdit(const QString& text);
   void ReportSelection();
@@ -68,7 +74,19 @@ TextBoxPeer::~TextBoxPeer() {
 void TextBoxPeer::Show() {
   const QString text = ToQt(box_.Text());
   if (edit_->text() != text) edit_->setText(text);
+  FitText();
   ShowSelection();
+}
+
+// A text that is wider than its box, such as the pages shown of a long document, is set narrower as
+// far as it can still be read; when that is not enough the tool tip has it whole.
+void TextBoxPeer::FitText() {
+  QFont font = edit_->font();
+  const int width = QFontMetrics(font).horizontalAdvance(edit_->text());
+  const int room = edit_->width() - kEdges;
+  if (width > room) font.setStretch(std::max(kNarrowest, 100 * room / width));
+  edit_->setFont(font);
+  edit_->setToolTip(width * kNarrowest > 100 * room ? edit_->text() : QString());
 }
 
 void TextBoxPeer::ShowSelection() {
