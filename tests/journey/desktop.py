@@ -15,7 +15,7 @@ class NotSeen(AssertionError):
     """Something that should have come on the screen did not come in time."""
 
 
-def wait_until(seen, what, seconds=10):
+def wait_until(seen, what, seconds=20):
     """Returns what seen() gives as soon as that is something; it is asked every few hundredths."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
