@@ -10,6 +10,7 @@
 #include "pagivo/error.h"
 #include "window/combo_box.h"
 #include "window/control_set.h"
+#include "window/key_codes.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
 #include "window/text_box.h"
@@ -244,6 +245,42 @@ TEST_F(Controls, ClickingAnOptionSetsIt) {
   EXPECT_THAT(notes, ElementsAre("een"));
 }
 
+TEST_F(Controls, ArrowsGoToTheOptionBesideAndSetIt) {
+  auto& one = Get<OptionButton>("optEen");
+  auto& two = Get<OptionButton>("optTwee");
+  one.Click();
+  one.Focus();
+  two.WhenClicked(Note("two"));
+  for (const std::int16_t key : {kKeyDown, kKeyRight, kKeyUp, kKeyLeft}) {
+    one.PutValue(true);
+    EXPECT_TRUE(one.PressKey(key, 0)) << key;
+    EXPECT_TRUE(two.Value()) << key;
+    EXPECT_FALSE(one.Value()) << key;
+    EXPECT_EQ(set.Focused(), &two) << key;
+  }
+  EXPECT_EQ(notes.size(), 4U);
+  EXPECT_FALSE(one.PressKey(kKeyHome, 0));
+}
+
+TEST_F(Controls, ArrowsOfAnOptionStayWhereNoOtherCanBeReached) {
+  auto& one = Get<OptionButton>("optEen");
+  Get("optTwee").PutEnabled(false);
+  one.Click();
+  EXPECT_TRUE(one.PressKey(kKeyDown, 0));
+  EXPECT_TRUE(one.Value());
+  EXPECT_FALSE(Get<OptionButton>("optLos").Value());
+}
+
+TEST_F(Controls, ArrowsOfAnOptionStopWhenTheFocusHandlerGivesUpTheControls) {
+  auto own = std::make_unique<ControlSet>(kControls);
+  auto& two = dynamic_cast<OptionButton&>(own->Find("optTwee"));
+  bool clicked = false;
+  two.WhenClicked([&] { clicked = true; });
+  two.WhenFocused([&] { own.reset(); });
+  own->Find("optEen").PressKey(kKeyDown, 0);
+  EXPECT_FALSE(clicked);
+}
+
 // --- Text boxes -------------------------------------------------------------------------------
 
 TEST_F(Controls, ATextRaisesChangeWhenItDiffers) {
@@ -310,6 +347,18 @@ TEST_F(Controls, TypingBeyondTheMaximumLengthIsLost) {
   EXPECT_THAT(notes, ElementsAre("change"));
 }
 
+TEST_F(Controls, AnEditOfTheUsersIsCutAndLeavesTheInsertionPointWhereItIs) {
+  auto& box = Get<TextBox>("txtKort");
+  box.WhenChanged(Note("change"));
+  box.Edit("12345", 2);
+  EXPECT_EQ(box.Text(), "123");
+  EXPECT_EQ(box.SelectionStart(), 2U);
+  EXPECT_EQ(box.SelectionLength(), 0U);
+  box.Edit("123", 9);
+  EXPECT_EQ(box.SelectionStart(), 3U);
+  EXPECT_THAT(notes, ElementsAre("change"));
+}
+
 TEST_F(Controls, BackspaceTakesAwayTheSelectionOrTheCharacterBefore) {
   auto& box = Get<TextBox>("txtVrij");
   box.PutText("abcé");
@@ -368,6 +417,17 @@ TEST_F(Controls, OnlyAnEditableComboBoxTakesATypedText) {
   EXPECT_EQ(box.ListIndex(), -1);
   EXPECT_THAT(notes, ElementsAre("change"));
   EXPECT_THROW(Get<ComboBox>("cboLijst").PutText("12"), Error);
+}
+
+TEST_F(Controls, ArrowsSelectTheItemBesideUnlessAltIsDown) {
+  auto& list = Get<ComboBox>("cboLijst");
+  for (const char* item : {"een", "twee"}) list.AddItem(item);
+  EXPECT_TRUE(list.PressKey(kKeyDown, 0));
+  EXPECT_EQ(list.ListIndex(), 0);
+  // That opens the list where there is one to open.
+  EXPECT_FALSE(list.PressKey(kKeyDown, kAltKey));
+  EXPECT_EQ(list.ListIndex(), 0);
+  EXPECT_FALSE(list.PressKey(kKeyHome, 0));
 }
 
 // --- Scroll bars ------------------------------------------------------------------------------

@@ -302,6 +302,60 @@ TEST(FormPeers, EveryChangeIsShownByThePeer) {
   EXPECT_EQ(windows->updates, afterLoad + 3);
 }
 
+// --- What a peer reports ------------------------------------------------------------------------
+
+class ResizedForm : public NotingForm {
+ public:
+  using NotingForm::NotingForm;
+
+ private:
+  void OnResize() override { notes.emplace_back("resize"); }
+};
+
+TEST(FormPeers, ReportAPlacementThatTheFormTakesAsItIs) {
+  const auto windows = std::make_shared<FramedWindows>();
+  const auto form = std::make_shared<ResizedForm>(windows);
+  form->Load();
+  form->notes.clear();
+  const int afterLoad = windows->updates;
+  form->TakePlacement({150, 300, 6000, 4500}, {.width = 30, .height = 450}, WindowState::Maximised);
+  EXPECT_EQ(form->Left(), 150);
+  EXPECT_EQ(form->Top(), 300);
+  EXPECT_EQ(form->ClientWidth(), 5970);
+  EXPECT_EQ(form->ClientHeight(), 4050);
+  EXPECT_EQ(form->GetWindowState(), WindowState::Maximised);
+  // It comes from the peer, which knows it already.
+  EXPECT_EQ(windows->updates, afterLoad);
+  EXPECT_THAT(form->notes, ElementsAre("resize"));
+  EXPECT_FALSE(form->IsPlaced());
+}
+
+TEST(FormPeers, RaiseResizeOnlyForAnotherClientArea) {
+  const auto form = std::make_shared<ResizedForm>(std::make_shared<FramedWindows>());
+  form->Load();
+  form->notes.clear();
+  form->TakePlacement({150, 300, form->Width() + 15, form->Height()}, {.width = 75, .height = 400},
+                      WindowState::Normal);
+  EXPECT_THAT(form->notes, IsEmpty());
+}
+
+TEST(FormPeers, ReportNothingToAFormThatIsNotLoaded) {
+  const auto form = std::make_shared<ResizedForm>(std::make_shared<FramedWindows>());
+  form->TakePlacement({150, 300, 6000, 4500}, {}, WindowState::Normal);
+  EXPECT_EQ(form->Left(), 0);
+  EXPECT_FALSE(form->IsLoaded());
+}
+
+TEST(FormPeers, ChooseThePlaceOfAFormThatWasNotPlacedSinceItWasLoaded) {
+  const auto form = std::make_shared<NotingForm>(std::make_shared<FramedWindows>());
+  EXPECT_FALSE(form->IsPlaced());
+  form->PutTop(0);
+  EXPECT_TRUE(form->IsPlaced());
+  form->Unload();
+  form->Load();
+  EXPECT_FALSE(form->IsPlaced());
+}
+
 TEST(FormPeers, AShowingThatCannotBeginLeavesTheFormHidden) {
   const auto form = std::make_shared<NotingForm>(std::make_shared<FramedWindows>());
   EXPECT_THROW(form->ShowModal(), Error);

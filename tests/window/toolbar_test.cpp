@@ -101,6 +101,14 @@ TEST_F(ToolbarButtons, StandInARow) {
   EXPECT_THROW(toolbar.LeftOf("Zoek"), Error);
 }
 
+TEST_F(ToolbarButtons, AreAsWideAsTheirStyleAsks) {
+  float left = 0;
+  for (const ToolbarButton& button : toolbar.Buttons()) {
+    EXPECT_EQ(toolbar.LeftOf(button), left) << button.key;
+    left += Toolbar::WidthOf(button);
+  }
+}
+
 TEST_F(ToolbarButtons, CloseTheGapOfAHiddenOne) {
   toolbar.Button("Open").visible = false;
   EXPECT_EQ(toolbar.LeftOf("Dicht"), 90);
