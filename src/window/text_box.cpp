@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "window/key_codes.h"
+
 namespace pagivo {
 
 namespace {
@@ -63,6 +65,12 @@ void TextBox::Backspace() {
 
 void TextBox::Edit(std::string_view text, std::size_t insertionPoint) {
   Take(Cut(text, 0), insertionPoint);
+}
+
+bool TextBox::PressKey(std::int16_t keyCode, std::int16_t) {
+  if (keyCode != kKeyEnter) return false;
+  Click();
+  return true;
 }
 
 // What of a text fits beside `taken` other characters.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,9 @@ class TextBox : public Control {
   // What the user has made of the text by any other means: cut to the maximum length, with nothing
   // selected and the insertion point before that character. Raises change when the text differs.
   void Edit(std::string_view text, std::size_t insertionPoint);
+
+  // Enter is a click, in a form without a default button to press.
+  bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
 
  private:
   std::string Cut(std::string_view text, std::size_t taken) const;

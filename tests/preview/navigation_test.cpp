@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "preview/preview_test.h"
+#include "window/key_codes.h"
 
 namespace pagivo::testing {
 namespace {
@@ -80,10 +81,31 @@ TEST_F(PreviewNavigation, TurnsByOnePage) {
   }
 }
 
+TEST_F(PreviewNavigation, InPairsTurnsByTwoPages) {
+  struct Row {
+    int from, direction, to;
+    std::string_view box;
+  };
+  for (const Row& row : {Row{5, 0, 1, "1 + 2/6"}, Row{5, 1, 3, "3 + 4/6"}, Row{1, 2, 3, "3 + 4/6"},
+                         Row{2, 2, 4, "4 + 5/6"}, Row{1, 3, 5, "5 + 6/6"}}) {
+    Show(6, row.from, kZoomTwoPages);
+    EXPECT_THAT(
+        Turn(row.direction),
+        ElementsAre("put PreviewPage Integer " + std::to_string(row.to), "put ZoomMode Long 2"));
+    EXPECT_EQ(PageBox(), row.box);
+  }
+}
+
 TEST_F(PreviewNavigation, StaysOnTheLastPage) {
   Show(5, 5);
   EXPECT_THAT(Turn(2), IsEmpty());
   EXPECT_EQ(PageBox(), "5/5");
+}
+
+TEST_F(PreviewNavigation, StaysOnTheLastPair) {
+  Show(4, 3, kZoomTwoPages);
+  EXPECT_THAT(Turn(2), ElementsAre("put ZoomMode Long 2"));
+  EXPECT_EQ(PageBox(), "3 + 4/4");
 }
 
 TEST_F(PreviewNavigation, BeforeTheFirstPageTheEngineDecides) {
@@ -162,6 +184,30 @@ TEST_F(PreviewNavigation, InPairsAnEvenPageIsShownWithTheOneBefore) {
   }
 }
 
+// It is made odd before it is brought within the document, not afterwards.
+TEST_F(PreviewNavigation, InPairsAPageBeyondTheEndIsTheLastOneAlone) {
+  for (const auto* asked : {"6", "7", "999"}) {
+    Show(4, 1, kZoomTwoPages);
+    EXPECT_THAT(GoTo(asked), ElementsAre("put PreviewPage Integer 4", "put ZoomMode Long 3"));
+    EXPECT_EQ(PageBox(), "4/4");
+  }
+}
+
+TEST_F(PreviewNavigation, TabAndEnterAskForAPageToo) {
+  Show(5, 1);
+  User([this](FormUser& user) {
+    User([](FormUser& dialog) {
+      dialog.Replace("cboGaNaar", "2");
+      dialog.Press(kKeyEnter);
+    });
+    user.Press(kKeyTab);
+    user.Press(kKeyEnter);
+    EXPECT_EQ(PageBox(), "2/5");
+    EXPECT_TRUE(EngineHasFocus());
+  });
+  form->ShowModal();
+}
+
 TEST_F(PreviewNavigation, AClickOnThePageBoxAsksForAPage) {
   Show(5, 1);
   User([this](FormUser& user) {
@@ -228,6 +274,23 @@ TEST_F(PreviewNavigation, ArrowDownWithinAPageIsLeftToTheEngine) {
               ElementsAre("put ScrollTop Double 32000", "put ScrollTop Double 120"));
   EXPECT_EQ(left, 40);
   EXPECT_EQ(PageBox(), "2/5");
+}
+
+TEST_F(PreviewNavigation, ArrowDownPutsTheScrollingBackInWholeTwipsRoundedHalfToEven) {
+  for (const auto& [scrolled, rounded] : {std::pair{120.5, "120"}, {121.5, "122"}}) {
+    Show(5, 2);
+    Engine().Answer("ScrollTop", scrolled);
+    EXPECT_EQ(DoingsOf([this] { Key(40); })[1], std::string("put ScrollTop Double ") + rounded);
+  }
+}
+
+// Where a page ends is seldom a whole number of twips.
+TEST_F(PreviewNavigation, ABottomBetweenTwoTwipsIsTheBottom) {
+  Show(5, 2);
+  platform.Log().Meanwhile("get ScrollTop", [this] { Engine().Answer("ScrollTop", 3219.7); });
+  EXPECT_THAT(DoingsOf([this] { Key(40); }),
+              ElementsAre("put ScrollTop Double 32000", "put PreviewPage Integer 3",
+                          "put ScrollTop Double 0"));
 }
 
 TEST_F(PreviewNavigation, ArrowDownAtTheBottomGoesToTheTopOfTheNextPage) {

@@ -372,6 +372,14 @@ TEST_F(Controls, BackspaceTakesAwayTheSelectionOrTheCharacterBefore) {
   EXPECT_EQ(box.Text(), "");
 }
 
+TEST_F(Controls, EnterInATextBoxIsAClick) {
+  auto& box = Get<TextBox>("txtVrij");
+  box.WhenClicked(Note("click"));
+  EXPECT_TRUE(box.PressKey(kKeyEnter, 0));
+  EXPECT_FALSE(box.PressKey(kKeyHome, 0));
+  EXPECT_THAT(notes, ElementsAre("click"));
+}
+
 // --- Combo boxes ------------------------------------------------------------------------------
 
 TEST_F(Controls, SelectingAnItemMakesItTheTextAndRaisesClick) {

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "window/key_codes.h"
 #include "window/qt/control_peers.h"
 #include "window/qt/text.h"
 #include "window/qt/units.h"
@@ -42,7 +43,8 @@ QIcon IconOf(const ImageList& images, std::string_view key) {
 
 // The buttons stand where the portable toolbar says, with room left for placeholders. F10 or F6
 // takes the keyboard into the toolbar: arrows, Home and End move along its buttons, Enter and space
-// press, arrow down opens a menu, Esc, Tab, F10 and F6 leave, and so does every command.
+// press, arrow down opens a menu, Tab, F10 and F6 leave, and so does every command. Esc is the
+// form's, whoever has the keyboard.
 class ToolbarPeer final : public WidgetPeer {
  public:
   ToolbarPeer(FormWindow& window, Toolbar& toolbar)
@@ -178,6 +180,9 @@ bool ToolbarPeer::Enter() {
 bool ToolbarPeer::PressKey(QToolButton* button, int key) {
   switch (key) {
     case Qt::Key_Escape:
+      Window().ReturnFocus();
+      Report([this] { Window().GetForm().PressKey(kKeyEscape); });
+      return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
     case Qt::Key_F6:

@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <QToolButton>
 #include <filesystem>
+#include <set>
 
 #include "dialogs/frm_afdruk_pagina.h"
 #include "dialogs/frm_afdruk_setup.h"
@@ -109,6 +110,38 @@ TEST_P(OurForms, HaveANameForEveryControlThatTheUserReaches) {
       ++named;
     }
     EXPECT_GE(named, 3);
+  });
+}
+
+// What Tab, then F10 and the arrows come by.
+std::set<const QWidget*> WalkByKeyboard(QWidget& window) {
+  constexpr int kMoreThanControls = 40;
+  std::set<const QWidget*> reached;
+  const auto walk = [&](Qt::Key key) {
+    for (int i = 0; i < kMoreThanControls; ++i) {
+      reached.insert(window.focusWidget());
+      QTest::sendKeyEvent(QTest::Click, window.windowHandle(), key, QString(), {});
+    }
+  };
+  walk(Qt::Key_Tab);
+  QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_F10, QString(), {});
+  if (qobject_cast<QToolButton*>(window.focusWidget()) != nullptr) walk(Qt::Key_Right);
+  return reached;
+}
+
+// Arrows go from the set option of a group to the others.
+bool IsPassedOver(const QWidget& widget) {
+  const auto* option = qobject_cast<const QRadioButton*>(&widget);
+  return option != nullptr && !option->isChecked();
+}
+
+TEST_P(OurForms, AreReachedByTheKeyboardAllOver) {
+  Look([](QWidget& window) {
+    const std::set<const QWidget*> reached = WalkByKeyboard(window);
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+      if (!NeedsName(*widget) || !widget->isVisible() || !widget->isEnabled()) continue;
+      EXPECT_TRUE(reached.contains(widget) || IsPassedOver(*widget)) << Describe(*widget);
+    }
   });
 }
 

@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "preview/toolbar_design.h"
+#include "window/key_codes.h"
 #include "window/qt/qt_test.h"
 #include "window/qt/units.h"
 
@@ -147,12 +148,10 @@ TEST_F(ToolbarShown, HasTheDesignsMenuUnderTheArrow) {
 // --- The keyboard
 // -----------------------------------------------------------------------------------
 
-TEST_F(ToolbarShown, TakesTheKeyboardWithF10OrF6AndLeavesItWithEsc) {
-  bool sawEscape = false;
-  form->atKeyDown = [&](std::int16_t& code, std::int16_t) { sawEscape = sawEscape || code == 27; };
+TEST_F(ToolbarShown, TakesTheKeyboardWithF10OrF6AndLeavesItWithThoseOrTab) {
   Show(*form, [&](QWidget& window) {
     for (const Qt::Key enter : {Qt::Key_F10, Qt::Key_F6}) {
-      for (const Qt::Key leave : {Qt::Key_Escape, Qt::Key_Tab, enter}) {
+      for (const Qt::Key leave : {Qt::Key_Tab, Qt::Key_F10, Qt::Key_F6}) {
         Press(window, enter);
         EXPECT_EQ(window.focusWidget(), &ButtonOf(window, "Sluiten"));
         Press(window, leave);
@@ -160,8 +159,31 @@ TEST_F(ToolbarShown, TakesTheKeyboardWithF10OrF6AndLeavesItWithEsc) {
       }
     }
   });
-  // It leaves the toolbar, not the window.
-  EXPECT_FALSE(sawEscape);
+}
+
+TEST_F(ToolbarShown, LeavesEscToTheFormAndGivesTheKeyboardBack) {
+  int escapes = 0;
+  form->atKeyDown = [&](std::int16_t& code, std::int16_t) {
+    escapes += code == kKeyEscape ? 1 : 0;
+  };
+  Show(*form, [&](QWidget& window) {
+    Press(window, Qt::Key_F10);
+    Press(window, Qt::Key_Escape);
+    EXPECT_EQ(window.focusWidget(), &Find(window, "below"));
+  });
+  EXPECT_EQ(escapes, 1);
+}
+
+TEST_F(ToolbarShown, GoesWithAFormThatUnloadsAtEsc) {
+  form->atKeyDown = [&](std::int16_t& code, std::int16_t) {
+    if (code == kKeyEscape) form->Unload();
+  };
+  Show(*form, [&](QWidget& window) {
+    Press(window, Qt::Key_F10);
+    Press(window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_FALSE(form->IsLoaded());
 }
 
 TEST_F(ToolbarShown, IsWalkedWithArrowsRoundTheEndsPastWhatCannotBePressed) {
