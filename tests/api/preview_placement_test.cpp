@@ -91,6 +91,13 @@ TEST_F(PreviewPlacement, AHostThatHidesItsStateCountsAsMaximised) {
   EXPECT_EQ(ShownOver(host), (Placement{0, 0, 8900, 6900}));
 }
 
+TEST_F(PreviewPlacement, AHostWithoutAStateIsNotMaximised) {
+  const auto host = std::make_shared<HostWindow>(std::map<std::string, Variant, std::less<>>{
+      {"WindowState", Null}, {"Left", 300.0F}, {"Top", 400.0F}});
+  const Placement designed{300, 400, PreviewForm().Width(), PreviewForm().Height()};
+  EXPECT_EQ(ShownOver(host), designed);
+}
+
 TEST_F(PreviewPlacement, TakesWhatAHostAnswersAndLeavesTheRest) {
   const float designedHeight = PreviewForm().Height();
   const auto host = std::make_shared<HostWindow>(std::map<std::string, Variant, std::less<>>{

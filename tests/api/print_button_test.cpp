@@ -91,6 +91,25 @@ TEST_F(PrintButton, AFailureReachesTheHostAndKeepsTheStepsDone) {
   ExpectVisible(false, false);
 }
 
+TEST_F(PrintButton, AToolbarWithoutTheButtonFailsAndChangesNothing) {
+  PreviewForm().tbAfdrukken().Button("Afdrukken").key = "Anders";
+  try {
+    print.VsPPAfdrukkenAanUit(true);
+    FAIL() << "nothing was raised";
+  } catch (const Error& error) {
+    EXPECT_STREQ(error.what(), "De werkbalk heeft geen knop \"Afdrukken\"");
+  }
+  EXPECT_TRUE(PreviewForm().tbAfdrukken().Button("Anders").visible);
+  EXPECT_TRUE(PreviewForm().tbAfdrukken().Button("AfdrukkenSep").visible);
+}
+
+TEST_F(PrintButton, AToolbarWithoutTheSeparatorFailsWithTheButtonHidden) {
+  PreviewForm().tbAfdrukken().Button("AfdrukkenSep").key = "Anders";
+  EXPECT_THROW(print.VsPPAfdrukkenAanUit(true), Error);
+  EXPECT_FALSE(PreviewForm().tbAfdrukken().Button("Afdrukken").visible);
+  EXPECT_TRUE(PreviewForm().tbAfdrukken().Button("Anders").visible);
+}
+
 TEST_F(PrintButton, IsBackInANewWindow) {
   print.VsPPAfdrukkenAanUit(true);
   print.VsPPEinde();

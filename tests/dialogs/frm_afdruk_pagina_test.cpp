@@ -278,6 +278,21 @@ TEST_F(PrintRange, OkReadsTheRangeWhateverTheOption) {
   }
 }
 
+TEST_F(PrintRange, APageBeyond16BitsFailsOkAndLeavesNoDialog) {
+  for (const auto* box : {"txtVan", "txtTm"}) {
+    State().PrintRange = 2;
+    State().PrintCancelled = true;
+    User([box](FormUser& user) {
+      user.Replace(box, "9E9");
+      user.Click("cmdOK");
+    });
+    EXPECT_THROW(Dialog().ShowModal(), Error);
+    EXPECT_FALSE(Dialog().IsLoaded());
+    EXPECT_TRUE(State().PrintCancelled);
+    ReleasePrintRangeDialog();
+  }
+}
+
 TEST_F(PrintRange, OkTakesTheCopies) {
   for (const auto& [typed, copies] : {std::pair{"1000", 1000}, {"3", 3}, {"0", 1}, {"x", 1}}) {
     User([&](FormUser& user) {

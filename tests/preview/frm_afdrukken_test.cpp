@@ -189,6 +189,24 @@ TEST_F(PreviewWindow, ThePageBoxIsCurrentWhenTheWindowAppears) {
   form->ShowModal();
 }
 
+TEST_F(PreviewWindow, ThePageBoxIsRepaintedWhenItsTextStaysTheSame) {
+  class CountingPeer : public ControlPeer {
+   public:
+    explicit CountingPeer(int& repaints) : repaints_(repaints) {}
+    void Update() override { ++repaints_; }
+    void Focus() override {}
+
+   private:
+    int& repaints_;
+  };
+  Show(12, 3);
+  form->ZetPaginaNummer();
+  int repaints = 0;
+  form->txtPaginanummer().Attach(std::make_unique<CountingPeer>(repaints));
+  form->ZetPaginaNummer();
+  EXPECT_EQ(repaints, 1);
+}
+
 // --- Layout -----------------------------------------------------------------------------------
 
 TEST_F(PreviewWindow, ResizingLaysOutTheEngineUnderTheToolbar) {
@@ -219,6 +237,12 @@ TEST_F(PreviewWindow, WithoutThePlaceholderThePageBoxStaysAndTheRestIsLaidOut) {
 TEST_F(PreviewWindow, EveryResizeReturnsToTheWholePage) {
   form->tbAfdrukken().ClickMenu("P150");
   EXPECT_THAT(DoingsOf([this] { form->PutWidth(6000); }), ElementsAre("put ZoomMode Long 3"));
+}
+
+TEST_F(PreviewWindow, TheZoomIsReadOnceTheWholePageIsShown) {
+  Engine().ClearLog();
+  form->PutWidth(6000);
+  EXPECT_THAT(Engine().Log(), ElementsAre("put ZoomMode Long 3", "get Zoom"));
 }
 
 TEST_F(PreviewWindow, RemembersTheZoomOfTheResizeWithinItsLimits) {

@@ -57,6 +57,16 @@ TEST_F(PreviewPrinting, PrintsTheShownPageThreeTimesAsThreeJobs) {
               ElementsAre(kOneCopyEach, job, job, job, kBackToPage));
 }
 
+TEST_F(PreviewPrinting, TheShownPageIsThatAfterTheDialogAndTheOneBeforeItReturns) {
+  EXPECT_THAT(
+      Print([this](FormUser& user) {
+        user.Click("optHuidig");
+        Engine().Answer("PreviewPage", std::int16_t{6});
+        user.Click("cmdOK");
+      }),
+      ElementsAre(kOneCopyEach, "call PrintDoc Boolean False, Integer 6, Integer 6", kBackToPage));
+}
+
 TEST_F(PreviewPrinting, PrintsTheRangeAsTheDialogValidatedIt) {
   struct Row {
     std::string_view van, tm;

@@ -72,6 +72,13 @@ TEST_F(PreviewToolbar, ZoomReturnsToTheWholePageFromEveryOtherMode) {
   }
 }
 
+TEST_F(PreviewToolbar, ZoomReturnsFromPairsToTheWholePage) {
+  Show(5, 1, kZoomTwoPages);
+  EXPECT_THAT(DoingsOf([this] { form->tbAfdrukken().ClickButton("Zoom"); }),
+              ElementsAre("put ZoomMode Long 3"));
+  EXPECT_EQ(PageBox(), "1/5");
+}
+
 TEST_F(PreviewToolbar, AfdrukkenPrints) {
   Show(5, 2);
   State().PrintCopies = 1;
@@ -105,7 +112,7 @@ TEST_F(PreviewToolbar, KeysAreComparedWithTheirCase) {
 }
 
 TEST_F(PreviewToolbar, EveryClickRefreshesThePageBox) {
-  for (const auto* key : {"Eerste", "Vorige", "Volgende", "Laatste", "Zoom"}) {
+  for (const auto* key : {"Sluiten", "Eerste", "Vorige", "Volgende", "Laatste", "Zoom"}) {
     Show(5, 3);
     DoingsInWindow([&](FormUser& user) {
       form->txtPaginanummer().PutText("");
@@ -113,6 +120,18 @@ TEST_F(PreviewToolbar, EveryClickRefreshesThePageBox) {
       EXPECT_NE(PageBox(), "") << key;
     });
   }
+}
+
+TEST_F(PreviewToolbar, ACancelledPrintCommandRefreshesThePageBoxToo) {
+  Show(5, 3);
+  DoingsInWindow([this](FormUser& user) {
+    User([this](FormUser& dialog) {
+      form->txtPaginanummer().PutText("");
+      dialog.Click("cmdAnnuleren");
+    });
+    user.ClickToolbar("tbAfdrukken", "Afdrukken");
+    EXPECT_EQ(PageBox(), "3/5");
+  });
 }
 
 TEST_F(PreviewToolbar, AFailingCommandIsPassedOnAndLeavesNoWindowOpen) {
@@ -154,13 +173,15 @@ constexpr std::array<MenuItem, 2> kOtherMenu{{
     {.text = "Anders", .key = "Anders"},
 }};
 
-TEST_F(PreviewToolbar, TheHiddenOverviewIsServedAndAnUnknownKeyDoesNothing) {
+TEST_F(PreviewToolbar, TheHiddenOverviewIsServedAndAnUnknownKeyOnlyRefreshes) {
   Show(5, 3);
   EXPECT_THAT(ClickMenu("Overzicht"), IsEmpty());
   form->tbAfdrukken().Button("Zoom").menu = kOtherMenu;
   EXPECT_THAT(DoingsOf([this] { form->tbAfdrukken().ClickMenu("Overzicht"); }),
               ElementsAre("put ZoomMode Long 1"));
+  form->txtPaginanummer().PutText("");
   EXPECT_THAT(DoingsOf([this] { form->tbAfdrukken().ClickMenu("Anders"); }), IsEmpty());
+  EXPECT_EQ(PageBox(), "3/5");
 }
 
 TEST_F(PreviewToolbar, TheMenuRefreshesThePageBoxAndLeavesTheFocus) {

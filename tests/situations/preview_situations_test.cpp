@@ -198,6 +198,26 @@ TEST_F(PreviewSituation, ShowingItAgainWhileItIsShownReturnsAtOnceWithThePageTur
   EXPECT_FALSE(PreviewForm().Visible());
 }
 
+TEST_F(PreviewSituation, AtItsNextShowingPairsAreShownFromAnOddPageOn) {
+  Compose(5);
+  User([](Form&, FormUser& user) { user.ClickToolbarMenu("tbAfdrukken", "Twee"); });
+  Preview();
+  User([](Form&, FormUser&) { EXPECT_EQ(PageBox(), "3 + 4/5"); });
+  std::int16_t page = 4;
+  print.VsPreviewFile(page);
+  EXPECT_EQ(page, 3);
+  EXPECT_EQ(windows->ScriptsLeft(), 0U);
+}
+
+TEST_F(PreviewSituation, ShownAgainOnceItIsClosedItShowsTheSameDocument) {
+  Compose(3);
+  for (const auto* box : {"2/3", "2/3"}) {
+    User([box](Form&, FormUser&) { EXPECT_EQ(PageBox(), box); });
+    Preview(2);
+    EXPECT_FALSE(PreviewForm().Visible());
+  }
+}
+
 // --- Handlers that fail -----------------------------------------------------------------------
 
 TEST_F(PreviewSituation, AFailingDialogTakesThePreviewOverWhichItStandsAlong) {

@@ -174,6 +174,17 @@ TEST_F(Application, OfAHostWithoutWidgetsIsRefused) {
   EXPECT_PROCESS(run());
 }
 
+TEST_F(Application, ThatIsRefusedLeavesWindowsThatNobodySeesAndThatCloseAtOnce) {
+  const auto run = [] {
+    ForgetDisplays();
+    const bool isRefused = ErrorOf(UseQtWindows).has_value();
+    const auto form = std::make_shared<PlainForm>(CurrentPlatform().windows);
+    form->ShowModal();
+    std::exit(isRefused && !form->Visible() ? 0 : 1);
+  };
+  EXPECT_PROCESS(run());
+}
+
 // --- The host's application ends first
 // --------------------------------------------------------------
 
