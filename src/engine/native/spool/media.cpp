@@ -11,8 +11,13 @@ namespace {
 
 constexpr double kHundredthsPerTwip = 2540.0 / 1440;
 
+// 210 mm are 11906 twips, which are 210.01 mm: what is whole millimetres but for less than half a
+// twip is meant so.
 int Nearest(double twips) {
-  return static_cast<int>(std::lround(twips * kHundredthsPerTwip));
+  const double exact = twips * kHundredthsPerTwip;
+  const double millimetres = std::round(exact / 100) * 100;
+  const bool isWhole = std::abs(millimetres - exact) <= kHundredthsPerTwip / 2;
+  return static_cast<int>(std::lround(isWhole ? millimetres : exact));
 }
 
 int RoundedUp(double twips) {
