@@ -79,6 +79,14 @@ TEST_F(PrinterSetup, HasItsControls) {
   ExpectControls(Dialog(), rows);
   EXPECT_EQ(Get("cmdOK").Design().placement, (Placement{3840, 3600, 1200, 330}));
   EXPECT_EQ(Get("cmdAnnuleren").Design().placement, (Placement{5160, 3600, 1200, 330}));
+  for (const auto* box : {"txtVan", "txtTm", "txtAantal"}) {
+    EXPECT_EQ(Get(box).Design().maximumLength, 0) << box;
+  }
+  EXPECT_FALSE(Get("cboPrinters").Design().editable);
+  EXPECT_EQ(Get<pagivo::ScrollBar>("vsbAantal").Minimum(), 1);
+  EXPECT_EQ(Get<pagivo::ScrollBar>("vsbAantal").Maximum(), 999);
+  EXPECT_EQ(Get("cmdOK").Design().role, ButtonRole::Default);
+  EXPECT_EQ(Get("cmdAnnuleren").Design().role, ButtonRole::Cancel);
 }
 
 TEST_F(PrinterSetup, ItsTabOrderFollowsTheEye) {
