@@ -6,7 +6,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <stdexcept>
 #include <utility>
 
@@ -16,6 +18,7 @@ namespace pagivo {
 namespace {
 
 constexpr int kTickMilliseconds = 20;
+constexpr std::chrono::milliseconds kStutter{166};
 
 sockaddr_in LoopbackAddress(int port) {
   sockaddr_in address{};
@@ -30,13 +33,21 @@ bool HasInput(const LoopbackSocket& socket) {
   return poll(&wanted, 1, kTickMilliseconds) > 0;
 }
 
-// Bytes passed on; 0 when a side has closed.
-std::size_t Pass(const LoopbackSocket& from, const LoopbackSocket& to) {
+std::string Receive(const LoopbackSocket& from) {
   std::array<char, 4096> buffer{};
   const auto count = recv(from.Descriptor(), buffer.data(), buffer.size(), 0);
-  if (count <= 0) return 0;
-  const auto size = static_cast<std::size_t>(count);
-  return send(to.Descriptor(), buffer.data(), size, MSG_NOSIGNAL) == count ? size : 0;
+  return {buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
+}
+
+bool Send(const LoopbackSocket& to, const std::string& bytes) {
+  const auto count = send(to.Descriptor(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+  return count == static_cast<ssize_t>(bytes.size());
+}
+
+// Bytes passed on; 0 when a side has closed.
+std::size_t Pass(const LoopbackSocket& from, const LoopbackSocket& to) {
+  const std::string bytes = Receive(from);
+  return Send(to, bytes) ? bytes.size() : 0;
 }
 
 }  // namespace
@@ -114,9 +125,17 @@ void FaultyRelay::Relay(const LoopbackSocket& client) {
       if (passed == 0) return;
       sent += passed;
     }
-    if (ends[1].revents != 0 && Pass(server, client) == 0) return;
+    if (ends[1].revents != 0 && !PassAnswer(server, client)) return;
   }
   if (sent > bytesBeforeFault_) BreakDown(client);
+}
+
+bool FaultyRelay::PassAnswer(const LoopbackSocket& server, const LoopbackSocket& client) const {
+  if (fault_ != RelayFault::Stutter) return Pass(server, client) > 0;
+  const std::string bytes = Receive(server);
+  if (bytes.empty() || !Send(client, bytes.substr(0, bytes.size() - 1))) return false;
+  std::this_thread::sleep_for(kStutter);
+  return Send(client, bytes.substr(bytes.size() - 1));
 }
 
 // A silent relay reads nothing, so that the other side can write no more either, until it leaves.

@@ -7,8 +7,15 @@
 namespace pagivo::native {
 namespace {
 
-// How often libcups asks whether to wait on; seconds.
-constexpr double kWaitingSlice = 0.05;
+// How long libcups waits for a piece of an answer before it asks whether to wait on: short where a
+// user may lose patience. But within the body of an answer to a question it does not ask, and gives
+// the answer up.
+constexpr std::chrono::milliseconds kSliceOfJob{50};
+constexpr std::chrono::milliseconds kSliceOfQuestion = CupsConnection::kPatience / 2;
+
+double SecondsOf(std::chrono::duration<double> time) {
+  return time.count();
+}
 
 // libcups would ask on the terminal.
 const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*method*/,
@@ -16,12 +23,16 @@ const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*m
   return nullptr;
 }
 
-// libcups makes an IPP status of whatever happens, and these two of a connection that broke.
-CupsAnswer Judge(IppMessage message) {
-  const ipp_status_t status = cupsLastError();
-  const bool isThere = message || (status != IPP_STATUS_ERROR_INTERNAL &&
-                                   status != IPP_STATUS_ERROR_SERVICE_UNAVAILABLE);
-  return {.isThere = isThere, .status = status, .message = std::move(message)};
+// What libcups reads an answer from; it takes fewer bytes than it wanted for a failure.
+ssize_t ReadFrom(void* http, ipp_uchar_t* buffer, size_t length) {
+  size_t count = 0;
+  while (count < length) {
+    const ssize_t read = httpRead2(static_cast<http_t*>(http),
+                                   reinterpret_cast<char*>(buffer) + count, length - count);
+    if (read <= 0) break;
+    count += static_cast<size_t>(read);
+  }
+  return static_cast<ssize_t>(count);
 }
 
 }  // namespace
@@ -32,7 +43,7 @@ CupsConnection::CupsConnection() {
   http_.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                            static_cast<int>(kPatience.count()), nullptr));
   if (http_) {
-    httpSetTimeout(http_.get(), kWaitingSlice, WaitOn, this);
+    httpSetTimeout(http_.get(), SecondsOf(kSliceOfQuestion), WaitOn, this);
   } else {
     wasSilent_ = Clock::now() >= deadline_;
   }
@@ -41,7 +52,7 @@ CupsConnection::CupsConnection() {
 void CupsConnection::SetPatience(std::chrono::milliseconds patience, KeepWaiting keepWaiting) {
   patience_ = patience;
   keepWaiting_ = std::move(keepWaiting);
-  StartWaiting();
+  httpSetTimeout(http_.get(), SecondsOf(kSliceOfJob), WaitOn, this);
 }
 
 int CupsConnection::WaitOn(http_t* /*http*/, void* self) {
@@ -54,9 +65,17 @@ bool CupsConnection::MayWait() {
   return !wasCancelled_ && !wasSilent_;
 }
 
+// libcups makes an IPP status of whatever happens, and these two of a connection that broke.
+bool CupsConnection::HasAnswered() noexcept {
+  const ipp_status_t status = cupsLastError();
+  return status != IPP_STATUS_ERROR_INTERNAL && status != IPP_STATUS_ERROR_SERVICE_UNAVAILABLE;
+}
+
 CupsAnswer CupsConnection::Ask(IppMessage request, const std::string& resource) {
   if (!http_) return {};
-  return Judge(IppMessage(cupsDoRequest(http_.get(), request.release(), resource.c_str())));
+  IppMessage message(cupsDoRequest(http_.get(), request.release(), resource.c_str()));
+  const bool isThere = message || HasAnswered();
+  return {.isThere = isThere, .status = cupsLastError(), .message = std::move(message)};
 }
 
 bool CupsConnection::Begin(const IppMessage& request, const std::string& resource) {
@@ -71,9 +90,21 @@ bool CupsConnection::Send(std::span<const std::uint8_t> bytes) {
                               bytes.size()) == HTTP_STATUS_CONTINUE;
 }
 
-CupsAnswer CupsConnection::Answer(const std::string& resource) {
+// Not by libcups's own function, which gives up an answer that pauses for longer than a slice.
+CupsAnswer CupsConnection::Finish() {
   StartWaiting();
-  return Judge(IppMessage(cupsGetResponse(http_.get(), resource.c_str())));
+  httpWrite2(http_.get(), "", 0);
+  http_status_t status = HTTP_STATUS_CONTINUE;
+  while (status == HTTP_STATUS_CONTINUE) status = httpUpdate(http_.get());
+  if (status != HTTP_STATUS_OK) return {};
+  IppMessage message(ippNew());
+  ipp_state_t state = IPP_STATE_IDLE;
+  while (state != IPP_STATE_DATA && state != IPP_STATE_ERROR) {
+    state = ippReadIO(http_.get(), ReadFrom, 1, nullptr, message.get());
+  }
+  if (state == IPP_STATE_ERROR) return {};
+  return {
+      .isThere = true, .status = ippGetStatusCode(message.get()), .message = std::move(message)};
 }
 
 }  // namespace pagivo::native

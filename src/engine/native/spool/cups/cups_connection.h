@@ -32,8 +32,9 @@ struct CupsAnswer {
 class CupsConnection {
  public:
   // How long a server may take to be reached and to answer a question, in all; a little less than
-  // the two seconds that are promised.
-  static constexpr std::chrono::milliseconds kPatience{1900};
+  // the two seconds that are promised, as libcups looks at the clock only now and then. One that
+  // falls silent within an answer is waited for at most half as long.
+  static constexpr std::chrono::milliseconds kPatience{1800};
 
   // Tries to reach the server.
   CupsConnection();
@@ -41,14 +42,16 @@ class CupsConnection {
   CupsConnection& operator=(const CupsConnection&) = delete;
 
   bool IsOpen() const noexcept { return http_ != nullptr; }
-  // For what libcups does by itself. Borrowed.
+  // For what libcups asks by itself; HasAnswered tells whether it was answered. Borrowed.
   http_t* Get() const noexcept { return http_.get(); }
+  static bool HasAnswered() noexcept;
   // The server was waited for in vain, which took all the time there was.
   bool WasSilent() const noexcept { return wasSilent_; }
   // `keepWaiting` ended the waiting.
   bool WasCancelled() const noexcept { return wasCancelled_; }
 
-  // From now on the server may take this long for each request and each piece of data.
+  // From now on the server may take this long for each request and each piece of data that is sent
+  // with Begin, Send and Finish.
   void SetPatience(std::chrono::milliseconds patience, KeepWaiting keepWaiting);
 
   CupsAnswer Ask(IppMessage request, const std::string& resource);
@@ -56,7 +59,7 @@ class CupsConnection {
   // The same for a request that data follows. False when the server takes no more.
   bool Begin(const IppMessage& request, const std::string& resource);
   bool Send(std::span<const std::uint8_t> bytes);
-  CupsAnswer Answer(const std::string& resource);
+  CupsAnswer Finish();
 
  private:
   struct Closer {

@@ -112,8 +112,7 @@ void CupsPrintJob::Write(std::span<const std::uint8_t> bytes) {
 
 void CupsPrintJob::Finish() {
   if (!isBegun_) Begin();
-  const CupsAnswer answer = connection_->Answer(resource_);
-  if (!answer.IsSuccess()) Fail();
+  if (!connection_->Finish().IsSuccess()) Fail();
   connection_.reset();
 }
 

@@ -67,7 +67,7 @@ std::string CupsPrintServer::DefaultPrinter() {
     const auto connection = Connect();
     const char* name = cupsGetDefault2(connection->Get());
     NoteSilence(*connection);
-    if (connection->WasSilent()) ThrowNoServer();
+    if (name == nullptr && !CupsConnection::HasAnswered()) ThrowNoServer();
     const std::string found = name == nullptr ? std::string() : std::string(name);
     defaultPrinter_ = found.substr(0, found.find('/'));
   }

@@ -189,5 +189,16 @@ TEST_F(FailuresTest, AServerThatGoesSilentAfterItsPrintersWereListed) {
   EXPECT_LT(taken.count(), 2.0);
 }
 
+// As one does on a busy machine; it must not be taken as having gone.
+TEST_F(FailuresTest, AServerThatPausesWithinItsAnswersFailsInNothing) {
+  Compose(1);
+  const FaultyRelay relay(Server().Port(), SIZE_MAX, RelayFault::Stutter);
+  UsePrintServer("127.0.0.1:" + std::to_string(relay.Port()));
+  EXPECT_EQ(print.VsPPGetDevice(), kColor);
+  EXPECT_EQ(FailureOfPrinting(), "");
+  UsePrintServer(Server().Address());
+  EXPECT_THAT(Received(Server().Color()), SizeIs(1));
+}
+
 }  // namespace
 }  // namespace pagivo
