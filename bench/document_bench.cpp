@@ -1,16 +1,14 @@
 // What a document costs: composing, exporting and drawing, by number of pages, beside the libraries
 // that a host could use instead. Times are per page; read them as ratios within one run.
 #include <benchmark/benchmark.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
-#include <functional>
 
 #include "compose_report.h"
 #include "engine/native/native_engine.h"
 #include "engine/native/raster/bitmap_player.h"
+#include "peak_memory.h"
 #include "peers.h"
 #include "preview/preview_form.h"
 
@@ -94,22 +92,6 @@ void CairoBitmap96Dpi(benchmark::State& state) {
     for (int page = 0; page < state.range(0); ++page) DrawReportPageWithCairo(page);
   }
   CountPages(state);
-}
-
-// The largest memory of a process of its own that does just this.
-void PeakMemory(benchmark::State& state, const std::function<void()>& work) {
-  rusage usage{};
-  for (auto _ : state) {
-    const pid_t child = fork();
-    if (child == 0) {
-      work();
-      _exit(0);
-    }
-    int status = 0;
-    wait4(child, &status, 0, &usage);
-    if (status != 0) state.SkipWithError("the child process failed");
-  }
-  state.counters["peak_MB"] = static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
 void MemoryOfPagivo(benchmark::State& state) {

@@ -182,6 +182,18 @@ std::vector<std::string> TestPrintServer::WaitingJobs() const {
   return jobs;
 }
 
+// Besides documents there are jobs, files that begin with a c. Any may go while others are counted.
+std::uintmax_t TestPrintServer::DocumentBytes() const {
+  std::uintmax_t bytes = 0;
+  for (const auto& entry : fs::directory_iterator(folder_.FileNamed("spool"))) {
+    std::error_code gone;
+    const bool isJob = entry.path().filename().string().starts_with('c');
+    const std::uintmax_t size = isJob ? 0 : fs::file_size(entry.path(), gone);
+    if (!gone) bytes += size;
+  }
+  return bytes;
+}
+
 void TestPrintServer::AwaitQuiet() const {
   for (int tick = 0; tick < 300; ++tick) {
     if (WaitingJobs().empty()) return;

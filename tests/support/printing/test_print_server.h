@@ -1,6 +1,7 @@
 // A print server of a test's own, with real printers behind it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,6 +47,8 @@ class TestPrintServer {
 
   // The jobs that the server has and has not printed, as lpstat lists them.
   std::vector<std::string> WaitingJobs() const;
+  // What the documents of all jobs that it has take on its disk, and what of others has arrived.
+  std::uintmax_t DocumentBytes() const;
   // Waits until the server has nothing left to print, for at most fifteen seconds.
   void AwaitQuiet() const;
 
