@@ -26,6 +26,18 @@ QString TitleOf(const Form& form) {
   return ToQt(form.Caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
+// Whether styles mark the widget with the focus, which they do for those who use the keyboard. Qt
+// would begin with that when it moves the focus itself; here the form does.
+bool ShowsFocus(const QWidget& window) {
+  return window.testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void ShowFocus(QWidget& window) {
+  if (ShowsFocus(window)) return;
+  window.setAttribute(Qt::WA_KeyboardFocusChange);
+  if (QWidget* focused = window.focusWidget()) focused->update();
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form)
@@ -103,6 +115,8 @@ void FormWindow::Appear() {
     default:
       window_->showNormal();
   }
+  // Qt forgets this when a window is shown.
+  window_->setAttribute(Qt::WA_KeyboardFocusChange, before_ && ShowsFocus(*before_));
   window_->raise();
   window_->activateWindow();
   ReturnFocus();
@@ -200,7 +214,10 @@ bool FormWindow::FilterKeys(const QObject* watched, QEvent& event) {
   const QWidget* focused = window_->focusWidget();
   if (watched != (focused == nullptr ? window_.data() : focused)) return false;
   const auto& key = static_cast<const QKeyEvent&>(event);
-  if (event.type() == QEvent::KeyPress) return PressKey(key);
+  if (event.type() == QEvent::KeyPress) {
+    ShowFocus(*window_);
+    return PressKey(key);
+  }
   // The form knows the access keys; Qt must not take them for its own.
   if (AccessLetterOf(key) == 0) return false;
   event.accept();

@@ -22,6 +22,13 @@ void SpinArrows::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   Draw(painter, Arrow::Up);
   Draw(painter, Arrow::Down);
+  if (hasFocus()) DrawFocus(painter);
+}
+
+void SpinArrows::DrawFocus(QPainter& painter) const {
+  QStyleOptionFocusRect option;
+  option.initFrom(this);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
 
 void SpinArrows::Draw(QPainter& painter, Arrow arrow) const {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <QLineEdit>
 #include <cstdint>
 
@@ -113,6 +114,10 @@ constexpr ControlDesign kControls[] = {
      .placement = {0, 300, 1200, 330},
      .container = "frame",
      .tabIndex = 2},
+    {.name = "spin",
+     .kind = ControlKind::ScrollBar,
+     .placement = {1500, 0, 180, 288},
+     .tabIndex = 3},
 };
 constexpr FormDesign kPreviewing{.caption = "Toetsen",
                                  .client = {.width = 3000, .height = 1500},
@@ -168,6 +173,46 @@ TEST_F(Keys, WithAltPressTheControlOfThatAccessKeyOnce) {
     EXPECT_EQ(window.focusWidget(), &Find(window, "go"));
   });
   EXPECT_EQ(clicks, 1);
+}
+
+QImage PictureOf(QWidget& widget) {
+  return widget.grab().toImage();
+}
+
+class MarkedFocus : public Keys, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(MarkedFocus, IsSeenFromTheFirstKeyOn) {
+  Show(*form, [&](QWidget& window) {
+    QWidget& widget = Find(window, GetParam());
+    form->Get(GetParam()).Focus();
+    const QImage unmarked = PictureOf(widget);
+    Press(window, Qt::Key_Shift);
+    const QImage marked = PictureOf(widget);
+    EXPECT_NE(marked, unmarked);
+    form->Get("box").Focus();
+    EXPECT_EQ(PictureOf(widget), unmarked);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, MarkedFocus, ::testing::Values("go", "spin"));
+
+TEST_F(Keys, MarkTheFocusInWindowsThatTheyOpen) {
+  const auto other = MakeForm(kPreviewing);
+  const auto isMarked = [&] {
+    bool marked = false;
+    Show(*other, [&](QWidget& window) {
+      other->Get("box").Focus();
+      const QImage without = PictureOf(Find(window, "go"));
+      other->Get("go").Focus();
+      marked = PictureOf(Find(window, "go")) != without;
+    });
+    return marked;
+  };
+  Show(*form, [&](QWidget& window) {
+    EXPECT_FALSE(isMarked());
+    Press(window, Qt::Key_Shift);
+    EXPECT_TRUE(isMarked());
+  });
 }
 
 TEST_F(Keys, ThatHideTheFormDoNotReachItsWidgets) {
