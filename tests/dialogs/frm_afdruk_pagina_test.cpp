@@ -245,6 +245,7 @@ TEST_F(PrintRange, OkValidatesTheTypedRange) {
            Row{"2.5", "3.5", 2, 4},
        }) {
     State().PrintRange = 2;
+    State().PrintCancelled = true;
     User([&](FormUser& user) {
       user.Replace("txtVan", row.van);
       user.Replace("txtTm", row.tm);
@@ -275,6 +276,21 @@ TEST_F(PrintRange, OkReadsTheRangeWhateverTheOption) {
     EXPECT_EQ(State().PrintRange, row.range);
     EXPECT_EQ(State().PrintFromPage, 4);
     EXPECT_EQ(State().PrintToPage, 6);
+  }
+}
+
+TEST_F(PrintRange, OkValidatesTheRangeWhateverTheOption) {
+  for (const auto* option : {"optAlles", "optHuidig"}) {
+    User([option](FormUser& user) {
+      user.Click("optSelectie");
+      user.Replace("txtVan", "7");
+      user.Replace("txtTm", "4");
+      user.Click(option);
+      user.Click("cmdOK");
+    });
+    Show();
+    EXPECT_EQ(State().PrintFromPage, 4) << option;
+    EXPECT_EQ(State().PrintToPage, 7) << option;
   }
 }
 

@@ -118,6 +118,15 @@ TEST_F(PrinterSetup, ListsThePrintersInTheEnginesOrder) {
   EXPECT_EQ(list.Item(2), "Plotter");
 }
 
+TEST_F(PrinterSetup, AsksTheEngineForItsPrintersAndThenForItsOwnOne) {
+  engine->ClearLog();
+  Dialog().Load();
+  EXPECT_THAT(engine->Log(),
+              ElementsAre("get NDevices", "get Devices Integer 0", "get Devices Integer 1",
+                          "get Devices Integer 2", "get Device", "get Device",
+                          "put Device String \"Laser\"", "get Port"));
+}
+
 TEST_F(PrinterSetup, SelectsTheEnginesCurrentPrinter) {
   EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), 1);
   EXPECT_EQ(Get("lblType").Caption(), "Laser");
@@ -181,6 +190,28 @@ TEST_F(PrinterSetup, OnlyPickingTheDefaultPrinterShowsThatItIsReady) {
   Show();
 }
 
+// What a control's caption was whenever it was shown.
+class CaptionPeer : public ControlPeer {
+ public:
+  CaptionPeer(const Control& control, std::vector<std::string>& captions)
+      : control_(control), captions_(captions) {}
+  void Update() override { captions_.push_back(control_.Caption()); }
+  void Focus() override {}
+
+ private:
+  const Control& control_;
+  std::vector<std::string>& captions_;
+};
+
+TEST_F(PrinterSetup, TheDefaultPrinterIsSaidToBeItAndAtOnceThatItIsReady) {
+  platform.PutDefaultPrinter("Plotter");
+  Control& status = Get("lblStatus");
+  std::vector<std::string> captions;
+  status.Attach(std::make_unique<CaptionPeer>(status, captions));
+  Get<ComboBox>("cboPrinters").PutListIndex(2);
+  EXPECT_THAT(captions, ElementsAre("Standaardprinter; gereed", "Gereed"));
+}
+
 TEST_F(PrinterSetup, ShowsThePortOfThePickedPrinter) {
   engine->AnswerInTurn("Port", {"USB001", "LPT2:"});
   User([this](FormUser& user) {
@@ -222,6 +253,20 @@ TEST_F(PrinterSetup, OpensWithTheRangeOfTheRequest) {
     }
     Dialog().Unload();
   }
+}
+
+TEST_F(PrinterSetup, ARangeWithoutAnEndComesBackWithoutOne) {
+  State().PrintFromPage = 3;
+  State().PrintToPage = 0;
+  User([this](FormUser& user) {
+    EXPECT_TRUE(Get<OptionButton>("optSelectie").Value());
+    EXPECT_EQ(Text("txtVan"), "3");
+    EXPECT_EQ(Text("txtTm"), "");
+    user.Click("cmdOK");
+  });
+  Show();
+  EXPECT_EQ(State().PrintFromPage, 3);
+  EXPECT_EQ(State().PrintToPage, 0);
 }
 
 TEST_F(PrinterSetup, TheOptionsSwitchTheRangeBoxesAndLeaveTextsAndFocus) {

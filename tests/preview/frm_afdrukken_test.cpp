@@ -74,6 +74,15 @@ TEST_F(PreviewWindow, ClosingByTheUserOnlyHidesIt) {
   EXPECT_EQ(form->vsPrint(), engine);
 }
 
+TEST_F(PreviewWindow, AskedForWhileItIsShownItStaysWithoutAnError) {
+  platform.Windows().AddScript([](Form& shown, FormUser&) {
+    EXPECT_NO_THROW(ToonVoorbeeld());
+    EXPECT_TRUE(shown.Visible());
+  });
+  EXPECT_NO_THROW(ToonVoorbeeld());
+  EXPECT_FALSE(form->Visible());
+}
+
 TEST_F(PreviewWindow, EveryOtherUnloadingGoesAhead) {
   for (const UnloadMode mode : {UnloadMode::Code, UnloadMode::SystemShutdown}) {
     form->Load();
@@ -210,6 +219,7 @@ TEST_F(PreviewWindow, ThePageBoxIsRepaintedWhenItsTextStaysTheSame) {
 // --- Layout -----------------------------------------------------------------------------------
 
 TEST_F(PreviewWindow, ResizingLaysOutTheEngineUnderTheToolbar) {
+  form->tbAfdrukken().PutHeight(600);
   form->PutSize({.width = 6000, .height = 5000});
   EXPECT_EQ(form->PreviewSurface().Left(), 20);
   EXPECT_EQ(form->PreviewSurface().Top(), form->tbAfdrukken().Height());

@@ -185,6 +185,23 @@ TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {
   }
 }
 
+TEST_F(GoToPage, OnlyAnnulerenTakesAnAnswerBack) {
+  const std::pair<std::function<void(FormUser&)>, int> rows[] = {
+      {[](FormUser& user) { user.Click("cmdAnnuleren"); }, 0},
+      {[](FormUser& user) { user.Press(27); }, 0},
+      // Runs no handler.
+      {[](FormUser& user) { user.Close(); }, 5},
+  };
+  for (const auto& [leave, result] : rows) {
+    User([&](FormUser& user) {
+      State().GoToPageResult = 5;
+      leave(user);
+    });
+    GoToDialog().ShowModal();
+    EXPECT_EQ(State().GoToPageResult, result);
+  }
+}
+
 TEST_F(GoToPage, EachShowingIsAFreshDialog) {
   GoToDialog().Load();
   const std::weak_ptr<Form> first = GoToDialog().weak_from_this();

@@ -13,7 +13,7 @@ class PreviewNavigation : public PreviewTest {
   std::vector<std::string> Turn(int direction) {
     return DoingsOf([&] { form->BladerNaar(static_cast<std::int16_t>(direction)); });
   }
-  std::vector<std::string> GoTo(std::string page) {
+  std::vector<std::string> GoTo(const std::string& page) {
     User([page](FormUser& user) {
       user.Replace("cboGaNaar", page);
       user.Click("cmdOK");
