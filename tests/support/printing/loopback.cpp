@@ -130,21 +130,28 @@ void FaultyRelay::Relay(const LoopbackSocket& client) {
   if (sent > bytesBeforeFault_) BreakDown(client);
 }
 
+// The head of an answer passes whole.
 bool FaultyRelay::PassAnswer(const LoopbackSocket& server, const LoopbackSocket& client) const {
-  if (fault_ != RelayFault::Stutter) return Pass(server, client) > 0;
+  const bool isOnAnswers = fault_ == RelayFault::Stutter || fault_ == RelayFault::Unfinished;
   const std::string bytes = Receive(server);
-  if (bytes.empty() || !Send(client, bytes.substr(0, bytes.size() - 1))) return false;
+  if (!isOnAnswers || bytes.empty() || bytes.ends_with("\r\n\r\n")) {
+    return !bytes.empty() && Send(client, bytes);
+  }
+  if (!Send(client, bytes.substr(0, bytes.size() - 1))) return false;
+  if (fault_ == RelayFault::Unfinished) AwaitLeaving(client);
   std::this_thread::sleep_for(kStutter);
   return Send(client, bytes.substr(bytes.size() - 1));
+}
+
+void FaultyRelay::AwaitLeaving(const LoopbackSocket& client) const {
+  pollfd leaving{.fd = client.Descriptor(), .events = POLLRDHUP, .revents = 0};
+  while (!isEnding_ && leaving.revents == 0) poll(&leaving, 1, kTickMilliseconds);
 }
 
 // A silent relay reads nothing, so that the other side can write no more either, until it leaves.
 void FaultyRelay::BreakDown(const LoopbackSocket& client) {
   ++faults_;
-  pollfd leaving{.fd = client.Descriptor(), .events = POLLRDHUP, .revents = 0};
-  while (fault_ == RelayFault::Silence && !isEnding_ && leaving.revents == 0) {
-    poll(&leaving, 1, kTickMilliseconds);
-  }
+  if (fault_ == RelayFault::Silence) AwaitLeaving(client);
 }
 
 }  // namespace pagivo

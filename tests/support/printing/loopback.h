@@ -33,9 +33,9 @@ int FreePort();
 // ten seconds.
 void AwaitListener(int port, const std::string& logFile);
 
-// What a relay does with a connection that has sent as much as it passes on; or, whatever that is,
-// that the last byte of all that the port answers comes a sixth of a second late.
-enum class RelayFault { Cut, Silence, Stutter };
+// What is wrong with a relay. Either with a connection that has sent as much as it passes on; or
+// with what the port answers, whose last byte comes a sixth of a second late, or never.
+enum class RelayFault { Cut, Silence, Stutter, Unfinished };
 
 // Passes bytes on between whoever connects and a port, one connection at a time and in both
 // directions, until one has sent more than so many bytes to the port.
@@ -53,6 +53,7 @@ class FaultyRelay {
   void Run();
   void Relay(const LoopbackSocket& client);
   bool PassAnswer(const LoopbackSocket& server, const LoopbackSocket& client) const;
+  void AwaitLeaving(const LoopbackSocket& client) const;
   void BreakDown(const LoopbackSocket& client);
 
   LoopbackSocket listener_;

@@ -168,6 +168,14 @@ void TestPrintServer::RemoveQueue(const std::string& queue) {
   Command({"lpadmin", "-x", queue});
 }
 
+void TestPrintServer::Deny(const std::string& queue, const std::string& user) {
+  Command({"lpadmin", "-p", queue, "-u", "deny:" + user});
+}
+
+void TestPrintServer::AllowEverybody(const std::string& queue) {
+  Command({"lpadmin", "-p", queue, "-u", "allow:all"});
+}
+
 void TestPrintServer::MakeDefault(const std::string& queue) {
   Command({"lpadmin", "-d", queue});
 }

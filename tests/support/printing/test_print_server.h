@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "support/printing/child_process.h"
+#include "support/printing/guarded_folder.h"
 #include "support/printing/test_printer.h"
-#include "support/scratch_folder.h"
 
 namespace pagivo {
 
@@ -43,6 +43,8 @@ class TestPrintServer {
   void Resume(const std::string& queue) { Command({"cupsenable", queue}); }
   void Reject(const std::string& queue) { Command({"cupsreject", queue}); }
   void Accept(const std::string& queue) { Command({"cupsaccept", queue}); }
+  void Deny(const std::string& queue, const std::string& user);
+  void AllowEverybody(const std::string& queue);
   void CancelAllJobs() { Command({"cancel", "-a", "-x"}); }
 
   // The jobs that the server has and has not printed, as lpstat lists them.
@@ -58,7 +60,7 @@ class TestPrintServer {
   void Command(std::vector<std::string> command) const;
   std::string Log(const std::string& name) const { return folder_.FileNamed(name + ".log"); }
 
-  ScratchFolder folder_;
+  GuardedFolder folder_;
   int port_;
   std::unique_ptr<ChildProcess> bus_;
   std::unique_ptr<TestPrinter> color_;

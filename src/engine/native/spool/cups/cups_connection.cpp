@@ -75,6 +75,8 @@ CupsAnswer CupsConnection::Ask(IppMessage request, const std::string& resource) 
   if (!http_) return {};
   IppMessage message(cupsDoRequest(http_.get(), request.release(), resource.c_str()));
   const bool isThere = message || HasAnswered();
+  // The pause within an answer that libcups does not ask about.
+  if (!isThere && Clock::now() > deadline_ - patience_ + kSliceOfQuestion) wasSilent_ = true;
   return {.isThere = isThere, .status = cupsLastError(), .message = std::move(message)};
 }
 

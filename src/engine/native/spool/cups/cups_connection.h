@@ -34,7 +34,7 @@ class CupsConnection {
   // How long a server may take to be reached and to answer a question, in all; a little less than
   // the two seconds that are promised, as libcups looks at the clock only now and then. One that
   // falls silent within an answer is waited for at most half as long.
-  static constexpr std::chrono::milliseconds kPatience{1800};
+  static constexpr std::chrono::milliseconds kPatience{1700};
 
   // Tries to reach the server.
   CupsConnection();

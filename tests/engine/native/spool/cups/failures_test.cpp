@@ -1,8 +1,10 @@
 // What goes wrong between the host and the printer.
+#include <cstdint>
 #include <thread>
 
 #include "engine/native/spool/cups/printing_test.h"
 #include "support/printing/loopback.h"
+#include "window/headless/headless_user.h"
 
 namespace pagivo {
 namespace {
@@ -109,6 +111,19 @@ TEST_F(FailuresTest, AQueueThatRejectsJobs) {
   ExpectNothingPrinted();
 }
 
+// After it was chosen, for whoever may not use it does not see it. Root may always, and may be
+// running this.
+TEST_F(FailuresTest, AQueueThatIsClosedToTheUser) {
+  Compose(kPages);
+  print.VsPPSetDevice(kColor);
+  Server().Deny(kColor, "piet");
+  cupsSetUser("piet");
+  EXPECT_EQ(FailureOfPrinting(), "De printer \"Kleur-A4\" neemt geen afdruktaken aan");
+  cupsSetUser(nullptr);
+  Server().AllowEverybody(kColor);
+  ExpectNothingPrinted();
+}
+
 TEST_F(FailuresTest, AConnectionThatBreaksInTheMiddleOfAJob) {
   ComposeMuch();
   const FaultyRelay relay(Server().Port(), 300'000, RelayFault::Cut);
@@ -162,6 +177,27 @@ TEST_F(FailuresTest, AUserWhoCancelsWhileTheServerIsSilent) {
   ExpectNothingPrinted();
 }
 
+// As before, but with the button itself: half a second after the job began the window is there.
+TEST_F(FailuresTest, AUserWhoPressesTheButtonOfTheWindowThatFollowsTheJob) {
+  ComposeMuch();
+  const FaultyRelay relay(Server().Port(), 300'000, RelayFault::Silence);
+  UsePrintServer("127.0.0.1:" + std::to_string(relay.Port()));
+  std::chrono::steady_clock::time_point pressed;
+  windows->AddScript([&](Form& form) {
+    EXPECT_EQ(form.Caption(), "Afdrukken...");
+    pressed = std::chrono::steady_clock::now();
+    HeadlessUser(form).Click("cancel");
+  });
+  EXPECT_EQ(FailureOfPrinting(), kCancelled);
+  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - pressed;
+  EXPECT_LT(taken.count(), 0.2);
+  EXPECT_EQ(windows->ScriptsLeft(), 0U);
+  UsePrintServer(Server().Address());
+  std::this_thread::sleep_for(native::CupsPrintServer::kPause);
+  EXPECT_EQ(print.VsPPGetNDevices(), 2);
+  ExpectNothingPrinted();
+}
+
 TEST_F(FailuresTest, AServerThatNeverAnswersCostsTwoSecondsOnce) {
   Compose(1);
   LoopbackSocket silent;
@@ -187,6 +223,15 @@ TEST_F(FailuresTest, AServerThatGoesSilentAfterItsPrintersWereListed) {
   UsePrintServer("127.0.0.1:" + std::to_string(silent.Listen()));
   const auto taken = TimeOf([&] { EXPECT_EQ(FailureOfPrinting(), kNoServer); });
   EXPECT_LT(taken.count(), 2.0);
+}
+
+TEST_F(FailuresTest, AServerThatGoesSilentWithinAnAnswerCostsThreeSecondsOnce) {
+  const FaultyRelay relay(Server().Port(), SIZE_MAX, RelayFault::Unfinished);
+  UsePrintServer("127.0.0.1:" + std::to_string(relay.Port()));
+  const auto first = TimeOf([&] { EXPECT_EQ(print.VsPPGetNDevices(), 0); });
+  EXPECT_LT(first.count(), 3.0);
+  const auto later = TimeOf([&] { EXPECT_EQ(print.VsPPGetNDevices(), 0); });
+  EXPECT_LT(later.count(), 0.1);
 }
 
 // As one does on a busy machine; it must not be taken as having gone.

@@ -1,5 +1,6 @@
 // What arrives at the printer.
 #include <ostream>
+#include <thread>
 
 #include "engine/native/spool/cups/printing_test.h"
 #include "support/scratch_folder.h"
@@ -28,6 +29,13 @@ class JobsTest : public PrintingTest {
   std::string WritePdf() {
     print.VSPDF(folder.FileNamed("rapport.pdf"));
     return folder.FileNamed("rapport.pdf");
+  }
+
+  // The same pages, turned to the right by so many degrees.
+  std::string Turned(const std::string& pdf, const std::string& degrees) {
+    const std::string turned = folder.FileNamed("gedraaid" + degrees + ".pdf");
+    RunProgram({"qpdf", "--rotate=" + degrees, pdf, turned}, folder.FileNamed("qpdf.log"));
+    return turned;
   }
 
   ScratchFolder folder;
@@ -250,6 +258,21 @@ TEST_F(JobsTest, MixOrientationsOnOnePaper) {
   EXPECT_THAT(ReadPdfPages(jobs[0].pdfFile), testing::Each(PageOf(595.3, 841.9)));
 }
 
+// Which way a server turns them is its own affair.
+TEST_F(JobsTest, ShowLandscapePagesWholeAndTurned) {
+  print.VsPPSetOrientation(kLandscape);
+  print.VsPPLine(500.0, 700.0, 16000.0, 700.0);
+  print.VsPPLine(500.0, 700.0, 12000.0, 11000.0);
+  FinishPage("Liggend");
+  print.VsPPFinish("Rapport");
+  print.VsPrintFile(1);
+  const auto jobs = OnColor();
+  ASSERT_THAT(jobs, SizeIs(1));
+  const std::string pdf = WritePdf();
+  EXPECT_NE(LookAlike(jobs[0].pdfFile, 1, Turned(pdf, "+90"), 1),
+            LookAlike(jobs[0].pdfFile, 1, Turned(pdf, "-90"), 1));
+}
+
 TEST_F(JobsTest, AreOneForEachRunOfPagesOfOnePaper) {
   print.VsPPSetDevice(TestPrintServer::kDrawingPrinter);
   FinishPage("Tekst 1");
@@ -291,6 +314,25 @@ TEST_F(JobsTest, OfManyPagesComeOutWhole) {
   for (int page = 1; page <= kPages; ++page) {
     EXPECT_EQ(texts[static_cast<std::size_t>(page - 1)], "Blad " + std::to_string(page));
   }
+}
+
+TEST_F(JobsTest, ReachTheServerWhileTheyAreStillBeingWritten) {
+  constexpr std::int16_t kPages = 500;
+  Compose(kPages);
+  std::uintmax_t arrived = 0;
+  const auto watcher = [&](const native::PrintProgress& progress) {
+    for (int tick = 0; progress.page == kPages / 2 && arrived == 0 && tick < 500; ++tick) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      arrived = Server().DocumentBytes();
+    }
+    return true;
+  };
+  native::PrintPages(
+      *printers, Engine().GetDocument(),
+      {.printer = TestPrintServer::kColorPrinter, .copies = 1, .firstPage = 1, .lastPage = kPages},
+      watcher);
+  EXPECT_GT(arrived, 0U);
+  EXPECT_THAT(OnColor(), SizeIs(1));
 }
 
 TEST_F(JobsTest, WaitInAPausedQueue) {

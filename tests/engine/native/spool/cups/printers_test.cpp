@@ -85,6 +85,17 @@ TEST_F(PrintersTest, OneThatComesLaterIsListedAndCanBeChosen) {
   EXPECT_THAT(Listed(), ElementsAre(kColor, kDrawing));
 }
 
+TEST_F(PrintersTest, WhatWasReadOfThemIsKeptUntilTheListIsOpenedAnew) {
+  EXPECT_EQ(print.VsPPGetNDevices(), 2);
+  const auto paper = PaperOf(kDrawing);
+  UsePrintServer("127.0.0.1:1");
+  EXPECT_EQ(print.VsPPGetDevice(), kDrawing);
+  EXPECT_EQ(Engine().GetDevices(1), kDrawing);
+  EXPECT_EQ(Engine().GetPort(), Server().Drawing().Address());
+  EXPECT_EQ(PaperOf(kDrawing), paper);
+  EXPECT_EQ(print.VsPPGetNDevices(), 0);
+}
+
 TEST_F(PrintersTest, AnIndexOutsideTheListIsAnError) {
   for (const std::int16_t index : {std::int16_t{-1}, std::int16_t{2}})
     EXPECT_THROW(Engine().GetDevices(index), Error);

@@ -31,6 +31,7 @@ PrintingTest::PrintingTest() {
   Server().Drawing().ForgetJobs();
   UsePrintServer(Server().Address());
   Platform platform = NativePlatform();
+  platform.windows = windows;
   platform.makeEngine = [this](const Platform& inUse) {
     return std::make_shared<native::NativeEngine>(
         native::EngineServices{.windows = inUse.windows, .printers = printers});

@@ -18,6 +18,7 @@
 #include "preview/preview_form.h"
 #include "support/printing/pdf_pages.h"
 #include "support/printing/test_print_server.h"
+#include "window/headless/headless_windows.h"
 
 namespace pagivo {
 
@@ -43,6 +44,7 @@ class PrintingTest : public testing::Test {
   // The texts on a received job's pages.
   static std::vector<std::string> TextsOf(const ReceivedJob& job);
 
+  std::shared_ptr<HeadlessWindows> windows = std::make_shared<HeadlessWindows>();
   std::shared_ptr<native::CupsPrintServer> printers = std::make_shared<native::CupsPrintServer>();
   PgPrint print;
 };

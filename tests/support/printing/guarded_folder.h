@@ -1,0 +1,29 @@
+// A folder that servers write in.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "support/scratch_folder.h"
+
+namespace pagivo {
+
+// A scratch folder that is also removed when the test program is killed, with its servers.
+class GuardedFolder {
+ public:
+  GuardedFolder();
+
+  const std::string& Path() const noexcept { return folder_.Path(); }
+  std::string FileNamed(const std::string& name) const { return folder_.FileNamed(name); }
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* pipe) const noexcept { pclose(pipe); }
+  };
+
+  ScratchFolder folder_;
+  std::unique_ptr<std::FILE, Closer> guard_;  // a process that waits for the end of its input
+};
+
+}  // namespace pagivo
