@@ -119,7 +119,6 @@ TEST_F(Application, LeavesTheHostsLocaleAsItIs) {
 }
 
 // --- Refusals
-// -------------------------------------------------------------------------------------
 
 TEST_F(Application, IsRefusedWithoutADisplay) {
   const auto run = [] {
@@ -186,7 +185,6 @@ TEST_F(Application, ThatIsRefusedLeavesWindowsThatNobodySeesAndThatCloseAtOnce) 
 }
 
 // --- The host's application ends first
-// --------------------------------------------------------------
 
 TEST_F(Application, ThatIsGoneMakesFormsFail) {
   const auto run = [] {

@@ -88,7 +88,6 @@ class Controls : public QtWindowsTest {
 };
 
 // --- Text boxes
-// -----------------------------------------------------------------------------------
 
 TEST_F(Controls, TextThatIsTypedGoesToTheTextBoxACharacterAtATime) {
   std::vector<std::string> texts;
@@ -176,7 +175,6 @@ TEST_F(Controls, TextBoxIsClickedByTheMouse) {
 }
 
 // --- Combo boxes
-// ----------------------------------------------------------------------------------
 
 TEST_F(Controls, PickingAnItemSelectsItAndClicks) {
   for (const char* item : {"een", "twee", "drie"}) List("list").AddItem(item);
@@ -233,7 +231,6 @@ TEST_F(Controls, ComboBoxShowsAnEmptiedListAndItsTextAnew) {
 }
 
 // --- Option buttons
-// -------------------------------------------------------------------------------
 
 TEST_F(Controls, OneOptionIsSetAtATime) {
   int clicks = 0;
@@ -275,7 +272,6 @@ TEST_F(Controls, ArrowsGoToTheNextOptionAndSetIt) {
 }
 
 // --- Scroll bars
-// ----------------------------------------------------------------------------------
 
 TEST_F(Controls, UpperArrowStepsTowardsTheMinimum) {
   Bar("arrows").PutValue(5);
@@ -324,7 +320,6 @@ TEST_F(Controls, LongScrollBarIsTheDesktopsOwn) {
 }
 
 // --- Buttons and focus
-// ------------------------------------------------------------------------------
 
 TEST_F(Controls, ButtonIsPressedByMouseAndSpace) {
   int clicks = 0;

@@ -101,7 +101,6 @@ TEST_F(Placing, GivesAFamilyThatIsNotInstalledToOneThatIs) {
 }
 
 // --- Dialogs
-// --------------------------------------------------------------------------------------
 
 TEST_F(Placing, LetsNobodySizeADialog) {
   auto form = MakeForm(kDialog);
@@ -157,7 +156,6 @@ TEST_F(Placing, KeepsADialogWholeOnTheScreen) {
 }
 
 // --- Windows that can be sized
-// ----------------------------------------------------------------------
 
 TEST_F(Placing, PutsAWindowWhereTheProgramAsksWithItsFrame) {
   auto form = MakeForm(kSizable);

@@ -111,7 +111,7 @@ TEST_F(Showing, EndsAfterTheInnerOneWhenTheOuterFormIsUnloadedFromThere) {
   EXPECT_FALSE(form->IsLoaded());
 }
 
-// --- The close box ------------------------------------------------------------------------------
+// --- The close box
 
 TEST_F(Showing, AsksTheFormWhenTheUserClosesTheWindow) {
   std::vector<UnloadMode> modes;
@@ -143,7 +143,6 @@ TEST_F(Showing, HidesAFormThatHidesWhenItIsClosed) {
 }
 
 // --- Errors of handlers
-// ---------------------------------------------------------------------------
 
 TEST_F(Showing, EndsWithTheErrorOfAHandlerAndTheWindowHidden) {
   bool failed = false;
@@ -212,7 +211,7 @@ TEST_F(Showing, OfAFormThatIsVisibleIsAnError) {
   Show(*form, [&](QWidget&) { EXPECT_THROW(form->ShowModal(), Error); });
 }
 
-// --- Opened windows ------------------------------------------------------------------------------
+// --- Opened windows
 
 TEST_F(Showing, OfAnOpenedFormLeavesTheCallerToItsWork) {
   int clicks = 0;
@@ -252,7 +251,6 @@ TEST_F(Showing, OfAnOpenedFormThatUnloadsInAHandlerDestroysItsWindowAfterwards) 
 }
 
 // --- Paint
-// ----------------------------------------------------------------------------------------
 
 TEST_F(Showing, PaintsOnceWhenTheWindowAppearsAndNotWhenAControlDoes) {
   int paints = 0;
@@ -270,7 +268,6 @@ TEST_F(Showing, PaintsOnceWhenTheWindowAppearsAndNotWhenAControlDoes) {
 }
 
 // --- The host's application
-// -----------------------------------------------------------------------
 
 TEST_F(Showing, DoesNotQuitTheApplicationWhenItIsTheOnlyWindow) {
   bool quit = false;

@@ -161,7 +161,6 @@ TEST_F(SurfaceShown, PassesOnTheErrorOfDrawing) {
 }
 
 // --- Scroll bars
-// ------------------------------------------------------------------------------------
 
 TEST_F(SurfaceShown, HasScrollBarsOnlyWhereTheContentWantsThem) {
   Show(*form, [&](QWidget& window) {
@@ -208,7 +207,6 @@ TEST_F(SurfaceShown, ScrollsWithItsBarsAndShowsTheContentsOwnScrolling) {
 }
 
 // --- The user
-// ---------------------------------------------------------------------------------------
 
 TEST_F(SurfaceShown, ReportsThePointerInItsOwnPixels) {
   Show(*form, [&](QWidget& window) {
@@ -286,7 +284,6 @@ TEST_F(SurfaceShown, ReportsNothingOnceTheFormIsHidden) {
 }
 
 // --- Colours
-// ----------------------------------------------------------------------------------------
 
 TEST(SurfaceColours, PartGroundEdgeAndPageInLightAndDarkThemes) {
   for (const QColor& window : {QColor(0xEF, 0xEF, 0xEF), QColor(0x35, 0x35, 0x35)}) {

@@ -146,7 +146,6 @@ TEST_F(ToolbarShown, HasTheDesignsMenuUnderTheArrow) {
 }
 
 // --- The keyboard
-// -----------------------------------------------------------------------------------
 
 TEST_F(ToolbarShown, TakesTheKeyboardWithF10OrF6AndLeavesItWithThoseOrTab) {
   Show(*form, [&](QWidget& window) {
