@@ -91,6 +91,7 @@ class TrialForm : public Form {
   std::vector<std::string> notes;
   std::int16_t consumed = 0;
   std::function<void()> atOk = [] {};
+  std::function<void()> atKeyDown = [] {};
 
  private:
   void CreateControls() override {
@@ -115,6 +116,7 @@ class TrialForm : public Form {
     if (keyCode >= 16 && keyCode <= 18) return;
     notes.push_back("key " + std::to_string(keyCode) + " " + std::to_string(shift));
     if (keyCode == consumed) keyCode = 0;
+    atKeyDown();
   }
   void OnShowingFailed() override { notes.emplace_back("failed"); }
 };
@@ -231,6 +233,17 @@ TEST_F(FormWithControls, ADisabledButtonIsNotPressedByItsKey) {
 TEST_F(FormWithControls, TheFormMayConsumeAKeyBeforeItsControlsSeeIt) {
   form->consumed = kKeyEnter;
   EXPECT_THAT(NotesOf([](FormUser& user) { user.Press(kKeyEnter); }), ElementsAre("key 13 0"));
+}
+
+TEST_F(FormWithControls, AKeyThatHidesOrUnloadsTheFormDoesNothingMore) {
+  const std::function<void()> endings[] = {[this] { form->Hide(); }, [this] { form->Unload(); }};
+  for (const auto& end : endings) {
+    for (const std::int16_t key : {kKeyEnter, kKeyTab, kKeyDown}) {
+      form->atKeyDown = end;
+      EXPECT_THAT(NotesOf([key](FormUser& user) { user.Press(key); }),
+                  ElementsAre("key " + std::to_string(key) + " 0"));
+    }
+  }
 }
 
 TEST_F(FormWithControls, TabMovesTheFocusBothWays) {
