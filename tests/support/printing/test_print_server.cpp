@@ -1,6 +1,7 @@
 #include "support/printing/test_print_server.h"
 
 #include <cups/cups.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -180,14 +181,19 @@ void TestPrintServer::MakeDefault(const std::string& queue) {
   Command({"lpadmin", "-d", queue});
 }
 
+// Not by lpstat, as tests ask many times a second.
 std::vector<std::string> TestPrintServer::WaitingJobs() const {
-  const std::string output = folder_.FileNamed("waiting");
-  fs::remove(output);
-  RunProgram({"lpstat", "-h", Address(), "-o"}, output);
-  std::vector<std::string> jobs;
-  std::ifstream lines(output);
-  for (std::string line; std::getline(lines, line);) jobs.push_back(line);
-  return jobs;
+  const std::unique_ptr<http_t, void (*)(http_t*)> connection(
+      httpConnect2("127.0.0.1", port_, nullptr, AF_INET, HTTP_ENCRYPTION_NEVER, 1, 5000, nullptr),
+      httpClose);
+  if (!connection) throw std::runtime_error("no print server on port " + std::to_string(port_));
+  cups_job_t* jobs = nullptr;
+  const int count = cupsGetJobs2(connection.get(), &jobs, nullptr, 0, CUPS_WHICHJOBS_ACTIVE);
+  if (count < 0) throw std::runtime_error(cupsLastErrorString());
+  std::vector<std::string> titles;
+  for (int index = 0; index < count; ++index) titles.emplace_back(jobs[index].title);
+  cupsFreeJobs(count, jobs);
+  return titles;
 }
 
 // Besides documents there are jobs, files that begin with a c. Any may go while others are counted.
@@ -203,7 +209,7 @@ std::uintmax_t TestPrintServer::DocumentBytes() const {
 }
 
 void TestPrintServer::AwaitQuiet() const {
-  for (int tick = 0; tick < 300; ++tick) {
+  for (int tick = 0; tick < 1200; ++tick) {
     if (WaitingJobs().empty()) return;
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
   }

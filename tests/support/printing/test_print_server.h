@@ -47,11 +47,12 @@ class TestPrintServer {
   void AllowEverybody(const std::string& queue);
   void CancelAllJobs() { Command({"cancel", "-a", "-x"}); }
 
-  // The jobs that the server has and has not printed, as lpstat lists them.
+  // The titles of the jobs that the server has and has not printed.
   std::vector<std::string> WaitingJobs() const;
   // What the documents of all jobs that it has take on its disk, and what of others has arrived.
   std::uintmax_t DocumentBytes() const;
-  // Waits until the server has nothing left to print, for at most fifteen seconds.
+  // Waits until the server has nothing left to print, for at most a minute: printers
+  // that are busy are tried again after ten seconds.
   void AwaitQuiet() const;
 
  private:
