@@ -310,13 +310,17 @@ TEST_F(PrintRange, APageBeyond16BitsFailsOkAndLeavesNoDialog) {
 }
 
 TEST_F(PrintRange, OkTakesTheCopies) {
-  for (const auto& [typed, copies] : {std::pair{"1000", 1000}, {"3", 3}, {"0", 1}, {"x", 1}}) {
+  struct Row {
+    std::string_view typed;
+    int copies;
+  };
+  for (const Row& row : {Row{"1000", 1000}, Row{"3", 3}, Row{"0", 1}, Row{"x", 1}}) {
     User([&](FormUser& user) {
-      user.Replace("txtAantal", typed);
+      user.Replace("txtAantal", row.typed);
       user.Click("cmdOK");
     });
     Show();
-    EXPECT_EQ(State().PrintCopies, copies) << typed;
+    EXPECT_EQ(State().PrintCopies, row.copies) << row.typed;
   }
 }
 

@@ -186,19 +186,23 @@ TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {
 }
 
 TEST_F(GoToPage, OnlyAnnulerenTakesAnAnswerBack) {
-  const std::pair<std::function<void(FormUser&)>, int> rows[] = {
+  struct Row {
+    std::function<void(FormUser&)> leave;
+    int result;
+  };
+  const Row rows[] = {
       {[](FormUser& user) { user.Click("cmdAnnuleren"); }, 0},
       {[](FormUser& user) { user.Press(27); }, 0},
       // Runs no handler.
       {[](FormUser& user) { user.Close(); }, 5},
   };
-  for (const auto& [leave, result] : rows) {
+  for (const Row& row : rows) {
     User([&](FormUser& user) {
       State().GoToPageResult = 5;
-      leave(user);
+      row.leave(user);
     });
     GoToDialog().ShowModal();
-    EXPECT_EQ(State().GoToPageResult, result);
+    EXPECT_EQ(State().GoToPageResult, row.result);
   }
 }
 

@@ -169,7 +169,7 @@ TEST_F(PreviewSituation, AnotherPrintObjectWorksOnTheSameDocument) {
 
 TEST_F(PreviewSituation, AnotherPrintObjectMayComposeAnotherDocument) {
   Compose(3);
-  User([this](Form& shown, FormUser& user) {
+  User([](Form& shown, FormUser& user) {
     PgPrint other;
     other.VsPPInit();
     other.VsPPNewPage();
