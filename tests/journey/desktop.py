@@ -3,12 +3,15 @@
 Needs xvfb, x11-utils, openbox, xdotool and ImageMagick. Everything started here is stopped by close().
 """
 
-import hashlib
 import os
 import pathlib
 import re
 import subprocess
+import tempfile
 import time
+
+import processes
+from screen import Screen
 
 
 class NotSeen(AssertionError):
@@ -32,6 +35,8 @@ class Desktop:
         self.folder = pathlib.Path(folder)
         self.folder.mkdir(parents=True, exist_ok=True)
         self.started = []
+        self.screen = None
+        self._server_folder = tempfile.TemporaryDirectory()
         self.environment = {name: value for name, value in os.environ.items()
                             if name not in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
         try:
@@ -42,18 +47,14 @@ class Desktop:
             raise
 
     def close(self):
-        for process in reversed(self.started):
-            process.terminate()
-        for process in reversed(self.started):
-            try:
-                process.wait(5)
-            except subprocess.TimeoutExpired:
-                process.kill()
-                process.wait()
+        processes.stop(*self.started)
         self.started.clear()
+        if self.screen:
+            self.screen.close()
+        self._server_folder.cleanup()
 
     def start(self, *command, **options):
-        process = subprocess.Popen([str(word) for word in command], env=self.environment, **options)
+        process = processes.start(command, env=self.environment, **options)
         self.started.append(process)
         return process
 
@@ -61,6 +62,7 @@ class Desktop:
         reading, writing = os.pipe()
         self.start("Xvfb", "-displayfd", writing, "-screen", "0", f"{width}x{height}x24",
                    "-dpi", dots_per_inch, "-nolisten", "tcp", "-noreset",
+                   "-fbdir", self._server_folder.name, "-nocursor",
                    pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as pipe:
@@ -68,6 +70,7 @@ class Desktop:
         if not display:
             raise NotSeen("the X server did not start")
         self.environment["DISPLAY"] = ":" + display
+        self.screen = Screen(f"{self._server_folder.name}/Xvfb_screen0")
 
     def _start_window_manager(self):
         self.start("openbox", "--sm-disable", stdout=subprocess.DEVNULL,
@@ -96,9 +99,8 @@ class Desktop:
         return self.run("xdotool", "getactivewindow", "getwindowname").rstrip("\n")
 
     def wait_for_window(self, title):
-        """Until the window with this title has the input; then it is painted as well."""
+        """Until the window with this title has the keyboard; it may not be painted yet."""
         wait_until(lambda: self.active_title() == title, f'window "{title}"')
-        self.settle()
 
     def window_place(self):
         """Left, top, width and height of the active window's client area, in pixels."""
@@ -136,21 +138,17 @@ class Desktop:
 
     def picture(self, *place):
         """The screen, or a rectangle of it, as a text that is equal when it looks the same."""
-        crop = ["-crop", "{2}x{3}+{0}+{1}".format(*place)] if place else []
-        done = subprocess.run(["import", "-silent", "-window", "root", *crop, "rgb:-"],
-                              env=self.environment, capture_output=True, timeout=20, check=True)
-        return hashlib.sha256(done.stdout).hexdigest()[:12]
+        return self.screen.fingerprint(*(place or (0, 0, self.screen.width, self.screen.height)))
 
     def settle(self, seconds=5):
-        """Waits until the screen has stopped changing."""
+        """Waits until the screen has not changed for a while."""
         end = time.monotonic() + seconds
-        before = self.picture()
-        while time.monotonic() < end:
-            time.sleep(0.05)
+        before, since = self.picture(), time.monotonic()
+        while time.monotonic() < min(end, since + 0.15):
+            time.sleep(0.03)
             now = self.picture()
-            if now == before:
-                return
-            before = now
+            if now != before:
+                before, since = now, time.monotonic()
 
     def screenshot(self, name):
         """Of the active window with its frame, as NAME.png."""

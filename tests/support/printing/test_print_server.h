@@ -51,8 +51,8 @@ class TestPrintServer {
   std::vector<std::string> WaitingJobs() const;
   // What the documents of all jobs that it has take on its disk, and what of others has arrived.
   std::uintmax_t DocumentBytes() const;
-  // Waits until the server has nothing left to print, for at most a minute: printers
-  // that are busy are tried again after ten seconds.
+  // Waits until the server has nothing left to print, for at most a minute: printers that are busy
+  // are tried again after ten seconds.
   void AwaitQuiet() const;
 
  private:
