@@ -42,7 +42,7 @@ const Printer* PrinterChoice::Find(const std::string& name) {
 
 // A default printer may be the name of one that is gone.
 std::string PrinterChoice::UsualPrinter() {
-  const std::string name = server_->DefaultPrinter();
+  std::string name = server_->DefaultPrinter();
   if (!name.empty() && Find(name) != nullptr) return name;
   const auto& printers = server_->Printers();
   return printers.empty() ? std::string() : printers.front().name;
