@@ -24,9 +24,10 @@ endfunction()
 
 # pagivo_test(fonts engine/native/fonts USES fonts) makes the test program pagivo_tests_fonts of the
 # folder's sources under tests/. Its tests run as processes of their own, or with AS_ONE in one, for
-# those that share something costly. No test prints on the machine's own printers.
+# those that share something costly. No test prints on the machine's own printers. PROPERTIES are
+# more of what CTest is told of each.
 function(pagivo_test name folder)
-  cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE" "" "USES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE" "" "USES;LIBRARIES;PROPERTIES")
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
@@ -42,6 +43,6 @@ function(pagivo_test name folder)
     add_test(NAME ${name}.all_together COMMAND pagivo_tests_${name})
   else()
     gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST
-      PROPERTIES ENVIRONMENT CUPS_SERVER=127.0.0.1:1)
+      PROPERTIES ENVIRONMENT CUPS_SERVER=127.0.0.1:1 ${ARG_PROPERTIES})
   endif()
 endfunction()
