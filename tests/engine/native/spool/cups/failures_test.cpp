@@ -88,6 +88,7 @@ TEST_F(FailuresTest, AServerThatStopsAfterItsPrintersWereListed) {
   EXPECT_EQ(FailureOfPrinting(), kNoServer);
   Server().Start();
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 TEST_F(FailuresTest, APrinterThatIsRemovedBetweenListingAndPrinting) {
@@ -100,6 +101,7 @@ TEST_F(FailuresTest, APrinterThatIsRemovedBetweenListingAndPrinting) {
   EXPECT_EQ(FailureOfPrinting(), "De printer \"Balie\" bestaat niet");
   EXPECT_EQ(print.VsPPGetDevice(), "Balie");
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 TEST_F(FailuresTest, AQueueThatRejectsJobs) {
@@ -109,6 +111,7 @@ TEST_F(FailuresTest, AQueueThatRejectsJobs) {
   print.VsPrintFile(1);
   Server().Accept(kColor);
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 // After it was chosen, for whoever may not use it does not see it. Root may always, and may be
@@ -122,6 +125,7 @@ TEST_F(FailuresTest, AQueueThatIsClosedToTheUser) {
   cupsSetUser(nullptr);
   Server().AllowEverybody(kColor);
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 TEST_F(FailuresTest, AConnectionThatBreaksInTheMiddleOfAJob) {
@@ -150,6 +154,7 @@ TEST_F(FailuresTest, AUserWhoCancels) {
   EXPECT_EQ(pages.back(), 60);
   EXPECT_THAT(Server().WaitingJobs(), IsEmpty());
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 // The user presses the button when nothing moves any more.
@@ -175,6 +180,7 @@ TEST_F(FailuresTest, AUserWhoCancelsWhileTheServerIsSilent) {
   EXPECT_EQ(print.VsPPGetNDevices(), 2);
   EXPECT_THAT(Server().WaitingJobs(), IsEmpty());
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 // As before, but with the button itself: half a second after the job began the window is there.
@@ -196,6 +202,7 @@ TEST_F(FailuresTest, AUserWhoPressesTheButtonOfTheWindowThatFollowsTheJob) {
   std::this_thread::sleep_for(native::CupsPrintServer::kPause);
   EXPECT_EQ(print.VsPPGetNDevices(), 2);
   ExpectNothingPrinted();
+  ExpectAllPagesPrint();
 }
 
 TEST_F(FailuresTest, AServerThatNeverAnswersCostsTwoSecondsOnce) {
