@@ -53,7 +53,6 @@ int main(int argc, char** argv) {
     ShowPreview(print);
   });
   AddButton(window, "&Printer...", [&] { print.VsPPPrinterSetup(); });
-  AddButton(window, "Pa&gina...", [&] { print.VsPPPageSetup(); });
   window.show();
   const int status = QApplication::exec();
   print.VsPPEinde();

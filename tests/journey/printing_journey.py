@@ -143,10 +143,16 @@ class Office(PrintingJourney):
         width, height = (side / HUNDREDTHS_PER_POINT for side in paper)
         return [Page(width, height, f"Blad {number}") for number in range(1, 6)]
 
-    def print_pages_2_to_4_twice(self):
+    def print_pages_2_to_4_twice_from_a_preview(self, printer):
+        """And closes the host."""
+        self.open_preview()
         self.open_dialog(AFDRUKKEN, "Afdrukken")
         self.ask_for_pages_2_to_4_twice()
         self.desktop.key("Return")
+        self.await_jobs(printer, 2)
+        self.desktop.wait_for_window(self.preview)
+        self.close_preview()
+        self.close_host()
 
     def test_changed_paper_is_that_of_the_next_document(self):
         self.open_preview()
@@ -164,12 +170,7 @@ class Office(PrintingJourney):
         self.close_preview()
         self.expect_received(PrintServer.COLOR, [self.letter(A4)])
         self.server.forget()
-        self.open_preview()
-        self.print_pages_2_to_4_twice()
-        self.await_jobs(PrintServer.COLOR, 2)
-        self.desktop.wait_for_window(self.preview)
-        self.close_preview()
-        self.close_host()
+        self.print_pages_2_to_4_twice_from_a_preview(PrintServer.COLOR)
         self.expect_received(PrintServer.COLOR, [self.letter(A5)[1:4]] * 2, paper=A5)
         self.expect_received(PrintServer.DRAWING, [])
 
@@ -183,12 +184,7 @@ class Office(PrintingJourney):
         self.screenshot("printer_instellen_andere_printer")
         self.desktop.key("Return")
         self.desktop.wait_for_window(self.title)
-        self.open_preview()
-        self.print_pages_2_to_4_twice()
-        self.await_jobs(PrintServer.DRAWING, 2)
-        self.desktop.wait_for_window(self.preview)
-        self.close_preview()
-        self.close_host()
+        self.print_pages_2_to_4_twice_from_a_preview(PrintServer.DRAWING)
         self.expect_received(PrintServer.DRAWING, [self.letter(A3)[1:4]] * 2, paper=A3)
         self.expect_received(PrintServer.COLOR, [])
 
