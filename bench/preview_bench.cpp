@@ -94,13 +94,22 @@ void FirstPage(benchmark::State& state) {
   }
 }
 
-void TurnPage(benchmark::State& state) {
-  Previewed previewed(static_cast<int>(state.range(0)));
+void TurnAndPaint(benchmark::State& state, Previewed& previewed) {
   for (auto _ : state) {
     previewed.TurnOn();
     previewed.Paint();
   }
   CountMemory(state, previewed);
+}
+
+void TurnPage(benchmark::State& state) {
+  Previewed previewed(static_cast<int>(state.range(0)));
+  TurnAndPaint(state, previewed);
+}
+
+void TurnPageOnADenseScreen(benchmark::State& state) {
+  Previewed previewed(static_cast<int>(state.range(0)), {2560, 1800, 2});
+  TurnAndPaint(state, previewed);
 }
 
 void TurnBackToAPageThatIsKept(benchmark::State& state) {
@@ -116,11 +125,7 @@ void TurnBackToAPageThatIsKept(benchmark::State& state) {
 void TurnOverview(benchmark::State& state) {
   Previewed previewed(static_cast<int>(state.range(0)));
   previewed.Engine().PutZoomMode(kZoomOverview);
-  for (auto _ : state) {
-    previewed.TurnOn();
-    previewed.Paint();
-  }
-  CountMemory(state, previewed);
+  TurnAndPaint(state, previewed);
 }
 
 // Each time a percentage that was not shown before.
@@ -154,15 +159,6 @@ void Scroll(benchmark::State& state) {
   previewed.Engine().PutZoom(static_cast<double>(state.range(0)));
   for (auto _ : state) {
     previewed.Surface().TurnWheel({640, 450}, 0, -1.0 / 3, 0);
-    previewed.Paint();
-  }
-  CountMemory(state, previewed);
-}
-
-void TurnPageOnADenseScreen(benchmark::State& state) {
-  Previewed previewed(static_cast<int>(state.range(0)), {2560, 1800, 2});
-  for (auto _ : state) {
-    previewed.TurnOn();
     previewed.Paint();
   }
   CountMemory(state, previewed);
