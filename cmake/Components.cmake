@@ -37,8 +37,6 @@ function(pagivo_test name folder)
   list(TRANSFORM ARG_USES PREPEND pagivo_)
   target_link_libraries(pagivo_tests_${name} PRIVATE
     pagivo_options pagivo_test_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
-  target_compile_definitions(pagivo_tests_${name} PRIVATE
-    PAGIVO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   if(ARG_AS_ONE)
     add_test(NAME ${name}.all_together COMMAND pagivo_tests_${name})
   else()

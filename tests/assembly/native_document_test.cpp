@@ -11,6 +11,7 @@
 #include "pagivo/picture.h"
 #include "platform/platform.h"
 #include "preview/preview_form.h"
+#include "support/data/test_data.h"
 
 namespace pagivo {
 namespace {
@@ -125,7 +126,7 @@ TEST_F(NativeDocumentTest, ThePaperSizesAreTheNamedOnesThatTheEngineSupports) {
 }
 
 TEST_F(NativeDocumentTest, APictureObjectIsDrawnAsOftenAsTheHostLikes) {
-  const std::string path = std::string(PAGIVO_TEST_DATA) + "/pictures";
+  const std::string path = pagivo::testing::TestDataPath("pictures");
   const ObjectRef empty = LoadPicture("");
   print.VsPPRealPicture(empty, 0, 0, 100, 100);
   EXPECT_EQ(Page(1), "");

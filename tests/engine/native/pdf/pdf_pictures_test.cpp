@@ -8,6 +8,7 @@
 #include "engine/native/pdf/jpeg_frame.h"
 #include "engine/native/pdf/pdf_readers.h"
 #include "engine/native/pictures/picture_loader.h"
+#include "support/data/test_data.h"
 
 namespace pagivo::native::testing {
 namespace {
@@ -17,7 +18,7 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 
 std::string DataFile(const std::string& name) {
-  return std::string(PAGIVO_TEST_DATA "/pictures/") + name;
+  return pagivo::testing::TestDataPath("pictures/" + name);
 }
 
 PictureImageRef MakePicture(int width, int height, bool alpha,

@@ -9,6 +9,8 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "support/data/test_data.h"
+
 namespace pagivo::native {
 namespace {
 
@@ -37,7 +39,7 @@ std::uint32_t Checksum(const Bytes& bytes, std::size_t begin, std::size_t end) {
 }  // namespace
 
 std::string PicturePath(const std::string& name) {
-  return std::string(PAGIVO_TEST_DATA) + "/pictures/" + name;
+  return pagivo::testing::TestDataPath("pictures/" + name);
 }
 
 Bytes ReadBytes(const std::string& path) {
