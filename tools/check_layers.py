@@ -12,13 +12,14 @@ NATIVE = "engine/native"
 # folder -> folders it may include besides itself. The longest matching folder rules.
 ALLOWED = {
     "values": [],
+    "files": ["values"],
     "engine": ["values"],
     f"{NATIVE}/fonts": ["values"],
     f"{NATIVE}/fonts/fontconfig": ["values", f"{NATIVE}/fonts"],
-    f"{NATIVE}/pictures": ["values"],
+    f"{NATIVE}/pictures": ["values", "files"],
     f"{NATIVE}/document": ["values", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
-    f"{NATIVE}/pdf": ["values", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
-    f"{NATIVE}/raster": ["values", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
+    f"{NATIVE}/pdf": ["values", "files", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
+    f"{NATIVE}/raster": ["values", "files", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
     f"{NATIVE}/view": ["values", "engine", "window", f"{NATIVE}/document",
                      f"{NATIVE}/raster"],
     f"{NATIVE}/dialogs": ["values", "engine", "window", f"{NATIVE}/document"],

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "engine/native/pdf/file_replacement.h"
 #include "engine/native/pdf/font_embedder.h"
 #include "engine/native/pdf/image_embedder.h"
 #include "engine/native/pdf/number_format.h"
@@ -11,6 +10,8 @@
 #include "engine/native/pdf/page_tree.h"
 #include "engine/native/pdf/pdf_file.h"
 #include "engine/native/pdf/text_string.h"
+#include "files/file_failures.h"
+#include "files/file_replacement.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {

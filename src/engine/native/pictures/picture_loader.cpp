@@ -6,12 +6,12 @@
 #include "engine/native/pictures/file_structure.h"
 #include "engine/native/pictures/jpeg_structure.h"
 #include "engine/native/pictures/picture_bytes.h"
-#include "engine/native/pictures/picture_file.h"
 #include "engine/native/pictures/picture_format.h"
 #include "engine/native/pictures/pixbuf_decoder.h"
 #include "engine/native/pictures/pixel_alpha.h"
 #include "engine/native/pictures/png_structure.h"
 #include "engine/native/pictures/svg_decoder.h"
+#include "files/input_file.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
@@ -76,6 +76,15 @@ PictureRef Decode(PictureBytes bytes) {
 
 [[noreturn]] void ThrowInvalidPicture(const std::string& picture, const std::string& reason) {
   throw Error(ErrorNumber::InvalidPicture, picture + " kan niet worden gebruikt: " + reason);
+}
+
+// Four bytes a pixel and room for what stands beside them.
+constexpr std::uint64_t kMaximumFileBytes = 4 * kMaximumPixels + (1 << 20);
+
+std::vector<std::uint8_t> ReadPictureFile(const std::string& path) {
+  InputFile file(path);
+  if (file.Identity().size > kMaximumFileBytes) RefuseTooLarge();
+  return file.Read();
 }
 
 // Runs `load`, telling its refusal as an error about `picture`.

@@ -1,6 +1,4 @@
 // A failed export leaves everything as it was, whatever fails.
-#include "engine/native/pdf/file_replacement.h"
-
 #include <gmock/gmock.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -148,7 +146,7 @@ TEST_F(WritePdfFileTest, ALinkToItselfIsRefused) {
 
 TEST_F(WritePdfFileTest, AnUnnamedFileIsRefused) {
   EXPECT_EQ(FailureOf(""),
-            "Het PDF-bestand kan niet worden geschreven: er is geen bestandsnaam opgegeven");
+            "Het bestand kan niet worden geschreven: er is geen bestandsnaam opgegeven");
 }
 
 TEST_F(WritePdfFileTest, ANameWithANullCharacterIsRefused) {
@@ -291,27 +289,6 @@ TEST_F(WritePdfFileTest, ASinkThatFailsEndsTheWriting) {
     throw Error(ErrorNumber::FileAccess, "vol");
   };
   EXPECT_THROW(WritePdf(document_, 1, 3, sink), Error);
-}
-
-TEST(FileReplacement, LeavesNothingWhenItIsNotCommitted) {
-  const ScratchFolder folder;
-  WriteFile(folder.File("a"), "oud");
-  const std::uint8_t bytes[] = {'n', 'i', 'e', 'u', 'w'};
-  { FileReplacement(folder.File("a")).Write(bytes); }
-  EXPECT_EQ(ReadFile(folder.File("a")), "oud");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
-}
-
-TEST(FileReplacement, TwoAtOnceDoNotDisturbEachOther) {
-  const ScratchFolder folder;
-  FileReplacement first(folder.File("a"));
-  FileReplacement second(folder.File("a"));
-  const std::uint8_t bytes[] = {'1', '2'};
-  first.Write(std::span(bytes).first(1));
-  second.Write(std::span(bytes).last(1));
-  first.Commit();
-  second.Commit();
-  EXPECT_EQ(ReadFile(folder.File("a")), "2");
 }
 
 }  // namespace

@@ -1,0 +1,34 @@
+// An open file of the system's, closed with its holder.
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace pagivo {
+
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int number) noexcept : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, kNone)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  ~Descriptor() {
+    if (number_ != kNone) close(number_);
+  }
+
+  explicit operator bool() const noexcept { return number_ != kNone; }
+  int Number() const noexcept { return number_; }
+  // Closes at once; false when the system reports a failure, which errno tells.
+  bool Close() noexcept { return close(std::exchange(number_, kNone)) == 0; }
+
+ private:
+  static constexpr int kNone = -1;
+
+  int number_ = kNone;
+};
+
+}  // namespace pagivo

@@ -1,0 +1,97 @@
+#include "files/input_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <functional>
+
+#include "pagivo/error.h"
+#include "support/scratch_folder.h"
+
+namespace pagivo {
+namespace {
+
+class InputFileTest : public testing::Test {
+ protected:
+  std::string Write(const std::string& name, const std::string& contents) const {
+    std::string path = folder.FileNamed(name);
+    std::ofstream(path) << contents;
+    return path;
+  }
+
+  // Both ways of looking at a file fail with the same description.
+  static void ExpectRefused(const std::string& path, const std::string& description) {
+    for (const auto& look : {std::function<void()>([&] { IdentityOf(path); }),
+                             std::function<void()>([&] { InputFile file(path); })}) {
+      try {
+        look();
+        ADD_FAILURE() << path << " was taken";
+      } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::FileAccess);
+        EXPECT_EQ(error.what(), description);
+      }
+    }
+  }
+
+  ScratchFolder folder;
+};
+
+TEST_F(InputFileTest, GivesAllBytes) {
+  const std::vector<std::uint8_t> bytes = InputFile(Write("a", "abc")).Read();
+  EXPECT_EQ(std::string(bytes.begin(), bytes.end()), "abc");
+}
+
+TEST_F(InputFileTest, HasTheIdentityOfItsName) {
+  const std::string path = Write("a", "abc");
+  EXPECT_EQ(InputFile(path).Identity(), IdentityOf(path));
+  EXPECT_EQ(IdentityOf(path).size, 3U);
+}
+
+TEST_F(InputFileTest, StaysTheFileThatWasOpened) {
+  const std::string path = Write("a", "abc");
+  InputFile file(path);
+  const FileIdentity opened = file.Identity();
+  std::filesystem::rename(Write("b", "later"), path);
+  EXPECT_EQ(file.Identity().number, opened.number);
+  EXPECT_NE(IdentityOf(path), opened);
+  EXPECT_EQ(file.Read().size(), 3U);
+}
+
+TEST_F(InputFileTest, TellsThatItWasWrittenMeanwhile) {
+  const std::string path = Write("a", "abc");
+  const InputFile file(path);
+  const FileIdentity opened = file.Identity();
+  Write("a", "abcd");
+  EXPECT_NE(file.Identity(), opened);
+}
+
+TEST_F(InputFileTest, ThatIsMissingIsRefused) {
+  const std::string path = folder.FileNamed("weg");
+  ExpectRefused(path, "\"" + path + "\" kan niet worden gelezen: het bestand bestaat niet");
+}
+
+TEST_F(InputFileTest, MayNotBeAFolder) {
+  ExpectRefused(folder.Path(), "\"" + folder.Path() + "\" kan niet worden gelezen: het is een map");
+}
+
+TEST_F(InputFileTest, MayNotBeAPipeOrADevice) {
+  const std::string pipe = folder.FileNamed("pijp");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {pipe, std::string("/dev/zero")}) {
+    ExpectRefused(path, "\"" + path + "\" kan niet worden gelezen: dat is geen gewoon bestand");
+  }
+}
+
+TEST_F(InputFileTest, MayNotHaveANullCharacterInItsName) {
+  const std::string path = Write("a", "abc");
+  ExpectRefused(path + std::string("\0.png", 5),
+                "\"" + path + "\" kan niet worden gelezen: dat is geen geldige bestandsnaam");
+}
+
+TEST_F(InputFileTest, MustHaveAName) {
+  ExpectRefused("", "Het bestand kan niet worden gelezen: er is geen bestandsnaam opgegeven");
+}
+
+}  // namespace
+}  // namespace pagivo
