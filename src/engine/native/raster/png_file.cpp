@@ -2,43 +2,49 @@
 
 #include <cairo.h>
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
+#include <new>
+#include <vector>
 
+#include "files/file_replacement.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
 namespace {
 
-cairo_status_t Append(void* file, const unsigned char* bytes, unsigned int count) {
-  auto& stream = *static_cast<std::ofstream*>(file);
-  stream.write(reinterpret_cast<const char*>(bytes), count);
-  return stream ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
+using Bytes = std::vector<std::uint8_t>;
+
+// Called from C, which no exception may cross.
+cairo_status_t Append(void* target, const unsigned char* bytes, unsigned int count) {
+  try {
+    auto& png = *static_cast<Bytes*>(target);
+    png.insert(png.end(), bytes, bytes + count);
+    return CAIRO_STATUS_SUCCESS;
+  } catch (const std::bad_alloc&) {
+    return CAIRO_STATUS_NO_MEMORY;
+  }
 }
 
-bool Write(const Bitmap& bitmap, std::ofstream& file) {
+// Memory is all that encoding can lack.
+Bytes Encode(const Bitmap& bitmap) {
   Bitmap copy = bitmap;  // cairo asks for pixels that it could change
   const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
       cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(copy.pixels.data()),
                                           CAIRO_FORMAT_ARGB32, copy.width, copy.height,
                                           4 * copy.width),
       cairo_surface_destroy);
-  return cairo_surface_write_to_png_stream(surface.get(), Append, &file) == CAIRO_STATUS_SUCCESS;
+  Bytes png;
+  const cairo_status_t status = cairo_surface_write_to_png_stream(surface.get(), Append, &png);
+  if (status != CAIRO_STATUS_SUCCESS) ThrowOutOfMemory();
+  return png;
 }
 
 }  // namespace
 
 void WritePng(const Bitmap& bitmap, const std::string& path) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  const bool opened = file.is_open();
-  if (opened && Write(bitmap, file) && file.flush()) return;
-  file.close();
-  std::error_code ignored;
-  if (opened && std::filesystem::is_regular_file(path, ignored)) {
-    std::filesystem::remove(path, ignored);
-  }
-  throw Error(ErrorNumber::FileAccess, "Het bestand \"" + path + "\" kan niet worden geschreven");
+  FileReplacement file(path);
+  file.Write(Encode(bitmap));
+  file.Commit();
 }
 
 }  // namespace pagivo::native

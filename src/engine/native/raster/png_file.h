@@ -7,8 +7,9 @@
 
 namespace pagivo::native {
 
-// Writes the file, replacing one that is there. Raises ErrorNumber::FileAccess with a Dutch
-// description naming the file when it cannot be written; nothing of it is left behind then.
+// Writes the file as FileReplacement does: a file that is there is replaced when the new one is
+// complete, and stays as it is on failure. Raises ErrorNumber::FileAccess with a Dutch description
+// naming the file and the cause, ErrorNumber::OutOfMemory.
 void WritePng(const Bitmap& bitmap, const std::string& path);
 
 }  // namespace pagivo::native
