@@ -23,10 +23,10 @@ class FontTable {
   FontTable(const FontTable&) = delete;
   FontTable& operator=(const FontTable&) = delete;
 
-  TableView View() const {
+  TableView View(LayoutWork& work) const {
     unsigned int length = 0;
     const char* bytes = hb_blob_get_data(blob_, &length);
-    return TableView({reinterpret_cast<const std::uint8_t*>(bytes), length});
+    return {{reinterpret_cast<const std::uint8_t*>(bytes), length}, work};
   }
 
  private:
@@ -40,14 +40,14 @@ std::vector<std::uint32_t> GlyphsOfSlots(const Face& face) {
 }
 
 // Tables of Apple's kind are state machines, whose reach nothing tells.
-bool HasStateMachines(const Face& face) {
+bool HasStateMachines(const Face& face, LayoutWork& work) {
   if (hb_aat_layout_has_substitution(face.HarfBuzz()) ||
       hb_aat_layout_has_positioning(face.HarfBuzz()) ||
       hb_aat_layout_has_tracking(face.HarfBuzz())) {
     return true;
   }
   const FontTable table(face, HB_TAG('k', 'e', 'r', 'n'));
-  const TableView kerning = table.View();
+  const TableView kerning = table.View(work);
   const bool isPlain = kerning.At(0) == 0;  // Apple's header begins with version 1
   std::size_t subtable = 4;
   for (std::size_t i = 0; isPlain && i < kerning.At(2); ++i) {
@@ -61,7 +61,8 @@ bool HasStateMachines(const Face& face) {
 // Gathers the forbidden pairs of neighbours.
 class RuleCollector {
  public:
-  explicit RuleCollector(const Face& face) : face_(face), glyphs_(GlyphsOfSlots(face)) {}
+  RuleCollector(const Face& face, LayoutWork& work)
+      : face_(face), work_(work), glyphs_(GlyphsOfSlots(face), work) {}
 
   void Collect() {
     CollectTable(HB_TAG('G', 'S', 'U', 'B'), 7, &RuleCollector::CollectSubstitution);
@@ -77,7 +78,7 @@ class RuleCollector {
   void CollectTable(hb_tag_t tag, std::uint16_t extensionType, SubtableCollector collect) {
     const FontTable table(face_, tag);
     for (const std::uint32_t index : LatinLookups(face_, tag)) {
-      const Lookup lookup = ReadLookup(table.View(), index, extensionType);
+      const Lookup lookup = ReadLookup(table.View(work_), index, extensionType);
       skipsLetters_ = skipsLetters_ || (lookup.flags & kIgnoreBaseGlyphs) != 0;
       for (const TableView& subtable : lookup.subtables) {
         (this->*collect)(lookup.type, subtable);
@@ -165,12 +166,14 @@ class RuleCollector {
   }
 
   void Forbid(const SlotSet& first, const SlotSet& second) {
+    work_.Spend(kSlotCount);
     for (Slot slot = 0; slot < kSlotCount; ++slot) {
       if (first.test(slot)) forbidden_[slot] |= second;
     }
   }
 
   const Face& face_;
+  LayoutWork& work_;
   GlyphSlots glyphs_;
   bool skipsLetters_ = false;
   std::vector<SlotSet> forbidden_ = std::vector<SlotSet>(kSlotCount);
@@ -179,11 +182,17 @@ class RuleCollector {
 }  // namespace
 
 LayoutRules::LayoutRules(const Face& face) {
-  RuleCollector collector(face);
-  collector.Collect();
-  // A lookup that skips letters looks as far as it likes.
-  canBeDecided_ = !collector.SkipsLetters() && !HasStateMachines(face);
-  forbidden_ = collector.TakeForbidden();
+  LayoutWork work;
+  try {
+    RuleCollector collector(face, work);
+    collector.Collect();
+    // A lookup that skips letters looks as far as it likes.
+    canBeDecided_ = !collector.SkipsLetters() && !HasStateMachines(face, work);
+    forbidden_ = collector.TakeForbidden();
+  } catch (const TooMuchLayoutWork&) {
+    canBeDecided_ = false;
+  }
+  work_ = work.Spent();
 }
 
 }  // namespace pagivo::native

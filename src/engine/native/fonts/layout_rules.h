@@ -19,13 +19,18 @@ class LayoutRules {
  public:
   explicit LayoutRules(const Face& face);
 
-  // False when the face's rules cannot be told apart like this; then no pair is safe.
+  // False when the face's rules cannot be told apart like this, or not within LayoutWork's bound;
+  // then no pair is safe.
   bool CanBeDecided() const noexcept { return canBeDecided_; }
   // Whether the two characters side by side must be shaped with the whole line.
   bool ForbidsPair(Slot first, Slot second) const { return forbidden_[first].test(second); }
 
+  // The steps of LayoutWork that reading took.
+  std::size_t Work() const noexcept { return work_; }
+
  private:
   bool canBeDecided_ = true;
+  std::size_t work_ = 0;
   std::vector<SlotSet> forbidden_;  // by the first of the two
 };
 

@@ -30,6 +30,7 @@ SlotSet SlotsOfClasses(const TableView& classes, const GlyphSlots& glyphs, Wante
 }  // namespace
 
 std::uint16_t TableView::At(std::size_t offset) const {
+  Spend(1);
   if (offset + 2 > bytes_.size()) return 0;
   return static_cast<std::uint16_t>(bytes_[offset] << 8 | bytes_[offset + 1]);
 }
@@ -51,7 +52,8 @@ std::vector<std::uint16_t> TableView::Array(std::size_t offset, std::size_t exce
 }
 
 TableView TableView::From(std::size_t offset) const {
-  return offset == 0 || offset >= bytes_.size() ? TableView() : TableView(bytes_.subspan(offset));
+  return offset == 0 || offset >= bytes_.size() ? TableView()
+                                                : TableView(bytes_.subspan(offset), *work_);
 }
 
 Lookup ReadLookup(const TableView& table, std::uint32_t index, std::uint16_t extensionType) {
@@ -69,7 +71,7 @@ Lookup ReadLookup(const TableView& table, std::uint32_t index, std::uint16_t ext
   return lookup;
 }
 
-GlyphSlots::GlyphSlots(const std::vector<std::uint32_t>& glyphs) {
+GlyphSlots::GlyphSlots(const std::vector<std::uint32_t>& glyphs, LayoutWork& work) : work_(work) {
   for (Slot slot = 0; slot < glyphs.size(); ++slot) {
     if (glyphs[slot] == 0) continue;
     sorted_.push_back({glyphs[slot], slot});
@@ -81,7 +83,10 @@ GlyphSlots::GlyphSlots(const std::vector<std::uint32_t>& glyphs) {
 SlotSet GlyphSlots::OfGlyphs(std::uint32_t first, std::uint32_t last) const {
   SlotSet slots;
   auto entry = std::ranges::lower_bound(sorted_, first, {}, &GlyphSlot::glyph);
-  for (; entry != sorted_.end() && entry->glyph <= last; ++entry) slots.set(entry->slot);
+  for (; entry != sorted_.end() && entry->glyph <= last; ++entry) {
+    work_.Spend(1);
+    slots.set(entry->slot);
+  }
   return slots;
 }
 
@@ -94,6 +99,7 @@ std::vector<std::uint32_t> CoveredGlyphs(const TableView& coverage) {
     const std::size_t end = 4 + coverage.At(2) * kRangeSize;
     for (std::size_t range = 4; range < end; range += kRangeSize) {
       const std::uint32_t last = coverage.At(range + 2);
+      if (last >= coverage.At(range)) coverage.Spend(last - coverage.At(range));
       for (std::uint32_t glyph = coverage.At(range); glyph != 0 && glyph <= last; ++glyph) {
         covered.push_back(glyph);
       }

@@ -9,6 +9,7 @@
 
 #include "engine/native/fonts/both_ways.h"
 #include "engine/native/fonts/layout_builder.h"
+#include "engine/native/fonts/layout_table.h"
 #include "support/scratch_folder.h"
 
 namespace pagivo::native {
@@ -241,6 +242,48 @@ TEST_F(MadeFont, TakesNothingFromTheTableWhenALookupSkipsLetters) {
   const FaceFile file = Make("GSUB", {LookupOf(6, CoverageChain(), kIgnoreBaseGlyphs), Capitals()});
   EXPECT_FALSE(LayoutRules(Face(file.path, 0)).CanBeDecided());
   EXPECT_FALSE(BothWays(file).TakesFromTable("1"));
+}
+
+// A rule that speaks of the class of a letter, over and over: nine kilobytes whose parts are read a
+// thousand million times.
+Piece ClassContextReadOverAndOver() {
+  constexpr int kMany = 1000;
+  constexpr int kCoverage = 2 * 6;
+  constexpr int kClasses = kCoverage + 2 * 3;
+  constexpr int kSet = kClasses + 2 * (3 + kMany);
+  constexpr int kRuleInSet = 2 * (1 + kMany);
+  Piece subtable{2, kCoverage, kClasses, 2, 0, kSet, 1, 1, kA, 1, kA, kMany};
+  for (int i = 0; i < kMany; ++i) subtable.Put(1);
+  subtable.Put(kMany);
+  for (int i = 0; i < kMany; ++i) subtable.Put(kRuleInSet);
+  subtable.Put(kMany).Put(0);
+  for (int i = 1; i < kMany; ++i) subtable.Put(1);
+  return subtable;
+}
+
+// Ligatures of all glyphs there are, each named by thousands of ranges.
+Piece CoverageOfEveryGlyphOverAndOver() {
+  constexpr int kRanges = 20000;
+  Piece subtable{1, 8, 1, 0, 2, kRanges};
+  for (int i = 0; i < kRanges; ++i) subtable.Put(1).Put(0xFFFF).Put(0);
+  return subtable;
+}
+
+TEST_F(MadeFont, LeavesTextToHarfBuzzWhenItsRulesTakeTooMuchWorkToRead) {
+  for (const FaceFile& file : {Make("GSUB", {LookupOf(5, ClassContextReadOverAndOver())}),
+                               Make("GSUB", {LookupOf(4, CoverageOfEveryGlyphOverAndOver())})}) {
+    EXPECT_FALSE(LayoutRules(Face(file.path, 0)).CanBeDecided());
+    BothWays face(file);
+    EXPECT_FALSE(face.TakesFromTable("abc"));
+    EXPECT_EQ(face.WithHarfBuzz("abc").glyphs.size(), 3u);
+  }
+}
+
+TEST(InstalledFonts, TakeLittleOfTheWorkThatReadingRulesMayTake) {
+  for (const FaceFile& file : InstalledFaces()) {
+    EXPECT_LT(LayoutRules(Face(file.path, file.index)).Work(), LayoutWork::kMaximum / 64)
+        << file.path;
+  }
 }
 
 TEST_F(MadeFont, TakesNothingFromTheTableWhenAStateMachineKerns) {
