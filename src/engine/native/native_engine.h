@@ -238,7 +238,7 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   PageSettings pageSettings_;
   Margins margins_;
   FontDescription font_;
-  Font* foundFont_ = nullptr;  // the library's for font_, once looked up
+  std::shared_ptr<Font> foundFont_;  // the library's for font_, once looked up
   Color textColor_ = 0;
   PrintPosition position_;
   Pen pen_;

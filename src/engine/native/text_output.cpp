@@ -63,7 +63,7 @@ void NativeEngine::PutTextColor(const std::int32_t& color) {
 }
 
 Font& NativeEngine::CurrentFont() {
-  if (foundFont_ == nullptr) foundFont_ = &FindFont(font_);
+  if (foundFont_ == nullptr) foundFont_ = FindFont(font_).shared_from_this();
   return *foundFont_;
 }
 

@@ -12,8 +12,9 @@
 
 namespace pagivo::native {
 
-// Opened once, kept for the process. Its address identifies it. The outlines are TrueType or CFF.
-class Face {
+// Opened once, kept while somebody holds it. Its address identifies it as long. The outlines are
+// TrueType or CFF.
+class Face : public std::enable_shared_from_this<Face> {
  public:
   // Raises Error when the file cannot be read as a scalable font.
   Face(const std::string& path, int index);

@@ -17,10 +17,13 @@ std::optional<StyledFace> FaceCatalog::Find(const FaceQuery& query) {
 
 // A broken file is no failure as long as another face can stand in.
 const Face* FaceCatalog::Open(const FaceFile& file) {
+  if (faces_.size() >= kMostIdleFaces && !faces_.contains({file.path, file.index})) {
+    std::erase_if(faces_, [](const auto& entry) { return entry.second.use_count() <= 1; });
+  }
   const auto [entry, isNew] = faces_.try_emplace({file.path, file.index});
   if (isNew) {
     try {
-      entry->second = std::make_unique<Face>(file.path, file.index);
+      entry->second = std::make_shared<Face>(file.path, file.index);
     } catch (const Error&) {
       return nullptr;
     }
@@ -32,7 +35,9 @@ StyledFace FaceChoice::FaceFor(char32_t codePoint) {
   if (primary_.face->GlyphOf(codePoint) != 0) return primary_;
   const auto known = fallbacks_.find(codePoint);
   if (known != fallbacks_.end()) return known->second;
-  return fallbacks_.emplace(codePoint, FindFallback(codePoint)).first->second;
+  const StyledFace found = FindFallback(codePoint);
+  Hold(found);
+  return fallbacks_.emplace(codePoint, found).first->second;
 }
 
 StyledFace FaceChoice::FindFallback(char32_t codePoint) const {

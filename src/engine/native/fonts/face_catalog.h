@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -25,15 +26,19 @@ class FaceCatalog {
  public:
   explicit FaceCatalog(std::unique_ptr<FaceFinder> finder) : finder_(std::move(finder)) {}
 
-  // The closest face that can be opened, none when there is no such face on the machine. Faces live
-  // as long as the catalog.
+  // More faces than this stay open only while somebody holds them.
+  static constexpr std::size_t kMostIdleFaces = 64;
+
+  // The closest face that can be opened, none when there is no such face on the machine. It stays
+  // open while somebody holds it (shared_from_this) and at least until the next call.
   std::optional<StyledFace> Find(const FaceQuery& query);
 
  private:
   const Face* Open(const FaceFile& file);
 
   std::unique_ptr<FaceFinder> finder_;
-  std::map<std::pair<std::string, int>, std::unique_ptr<Face>> faces_;  // null: cannot be opened
+  // Null: cannot be opened.
+  std::map<std::pair<std::string, int>, std::shared_ptr<Face>> faces_;
 };
 
 // The face for each character of a font: its own one as far as that goes, else the closest one that
@@ -41,8 +46,11 @@ class FaceCatalog {
 class FaceChoice {
  public:
   // `query` without a code point. `catalog` must outlive the choice.
+  // It holds the faces that it gives.
   FaceChoice(FaceCatalog& catalog, FaceQuery query, const StyledFace& primary)
-      : catalog_(catalog), query_(std::move(query)), primary_(primary) {}
+      : catalog_(catalog), query_(std::move(query)), primary_(primary) {
+    Hold(primary);
+  }
 
   const StyledFace& Primary() const noexcept { return primary_; }
   // The primary face, too, for a character that no face has. Remembers its answers.
@@ -50,11 +58,13 @@ class FaceChoice {
 
  private:
   StyledFace FindFallback(char32_t codePoint) const;
+  void Hold(const StyledFace& face) { held_.insert(face.face->shared_from_this()); }
 
   FaceCatalog& catalog_;
   FaceQuery query_;
   StyledFace primary_;
   std::unordered_map<char32_t, StyledFace> fallbacks_;
+  std::set<std::shared_ptr<const Face>> held_;
 };
 
 }  // namespace pagivo::native

@@ -1,6 +1,6 @@
 #include "engine/native/fonts/font_library.h"
 
-#include <array>
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
@@ -16,16 +16,16 @@ namespace {
 
 class LibraryFont final : public Font {
  public:
-  LibraryFont(FaceChoice faces, AdvanceTable& advances, Shaper& shaper)
+  LibraryFont(FaceChoice faces, std::shared_ptr<AdvanceTable> advances, Shaper& shaper)
       : faces_(std::move(faces)),
-        advances_(advances),
+        advances_(std::move(advances)),
         shaper_(shaper),
         metrics_(ReadFontMetrics(*faces_.Primary().face)) {}
 
   const FontMetrics& Metrics() const override { return metrics_; }
 
   void Shape(std::string_view text, ShapedLine& line) override {
-    if (!advances_.Shape(text, line.glyphs)) return shaper_.Shape(text, faces_, line);
+    if (!advances_->Shape(text, line.glyphs)) return shaper_.Shape(text, faces_, line);
     const auto& [face, emboldened, slanted] = faces_.Primary();
     line.runs.clear();
     if (text.empty()) return;
@@ -34,7 +34,7 @@ class LibraryFont final : public Font {
   }
 
   double Width(std::string_view text) override {
-    const std::optional<std::int64_t> width = advances_.Width(text);
+    const std::optional<std::int64_t> width = advances_->Width(text);
     if (width) return static_cast<double>(*width) / faces_.Primary().face->UnitsPerEm();
     shaper_.Shape(text, faces_, measured_);
     double total = 0;
@@ -51,8 +51,8 @@ class LibraryFont final : public Font {
     return static_cast<double>(advances) / run.face->UnitsPerEm();
   }
 
-  FaceChoice faces_;
-  AdvanceTable& advances_;
+  FaceChoice faces_;  // holds the face that the table is about
+  std::shared_ptr<AdvanceTable> advances_;
   Shaper& shaper_;
   FontMetrics metrics_;
   ShapedLine measured_;
@@ -67,26 +67,44 @@ class LibraryFont final : public Font {
 }  // namespace
 
 struct FontLibrary::Implementation {
-  // The four styles of one name, made when they are first asked for.
-  using Family = std::array<std::unique_ptr<Font>, 4>;
+  struct FoundFont {
+    std::shared_ptr<Font> font;
+    std::uint64_t lastFound = 0;
+  };
+  // Fonts of one name stand together, each under its style.
+  using Key = std::pair<std::string, std::size_t>;
+  using KeyView = std::pair<std::string_view, std::size_t>;
+  struct Less {
+    using is_transparent = void;
+    bool operator()(const KeyView& one, const KeyView& other) const { return one < other; }
+  };
 
   explicit Implementation(std::unique_ptr<FaceFinder> finder) : catalog(std::move(finder)) {}
 
-  AdvanceTable& AdvancesOf(const Face& face) {
-    std::unique_ptr<AdvanceTable>& table = advances[&face];
-    if (!table) table = std::make_unique<AdvanceTable>(face, shaper);
-    return *table;
+  std::shared_ptr<AdvanceTable> AdvancesOf(const Face& face) {
+    std::erase_if(advances, [](const auto& entry) { return entry.second.expired(); });
+    std::shared_ptr<AdvanceTable> table = advances[&face].lock();
+    if (!table) advances[&face] = table = std::make_shared<AdvanceTable>(face, shaper);
+    return table;
   }
 
-  Family& FamilyOf(std::string_view name) {
-    const auto known = families.find(name);
-    return known != families.end() ? known->second : families[std::string(name)];
+  FoundFont Make(const FaceQuery& query) {
+    const std::optional<StyledFace> primary = catalog.Find(query);
+    if (!primary) ThrowNoFonts();
+    FaceChoice choice(catalog, query, *primary);
+    return {std::make_shared<LibraryFont>(std::move(choice), AdvancesOf(*primary->face), shaper)};
+  }
+
+  void DropOldestFont() {
+    const auto age = [](const auto& entry) { return entry.second.lastFound; };
+    fonts.erase(std::ranges::min_element(fonts, {}, age));
   }
 
   FaceCatalog catalog;
   Shaper shaper;
-  std::map<const Face*, std::unique_ptr<AdvanceTable>> advances;
-  std::map<std::string, Family, std::less<>> families;
+  std::map<const Face*, std::weak_ptr<AdvanceTable>> advances;
+  std::map<Key, FoundFont, Less> fonts;
+  std::uint64_t findings = 0;
 };
 
 FontLibrary& FontLibrary::Instance() {
@@ -101,14 +119,15 @@ FontLibrary::~FontLibrary() = default;
 
 Font& FontLibrary::Find(std::string_view name, bool bold, bool italic) {
   Implementation& library = *implementation_;
-  std::unique_ptr<Font>& font = library.FamilyOf(name).at((bold ? 1U : 0U) + (italic ? 2U : 0U));
-  if (font) return *font;
-  const FaceQuery query{std::string(name), bold, italic, std::nullopt};
-  const std::optional<StyledFace> primary = library.catalog.Find(query);
-  if (!primary) ThrowNoFonts();
-  font = std::make_unique<LibraryFont>(FaceChoice(library.catalog, query, *primary),
-                                       library.AdvancesOf(*primary->face), library.shaper);
-  return *font;
+  const std::size_t style = (bold ? 1U : 0U) + (italic ? 2U : 0U);
+  auto found = library.fonts.find(Implementation::KeyView(name, style));
+  if (found == library.fonts.end()) {
+    Implementation::FoundFont font = library.Make({std::string(name), bold, italic, std::nullopt});
+    if (library.fonts.size() >= kMostFonts) library.DropOldestFont();
+    found = library.fonts.emplace(Implementation::Key(name, style), std::move(font)).first;
+  }
+  found->second.lastFound = ++library.findings;
+  return *found->second.font;
 }
 
 }  // namespace pagivo::native

@@ -13,7 +13,7 @@
 
 namespace pagivo::native {
 
-// One font file's face, found and opened once per process. Defined in face.h.
+// One font file's face, opened once while it is in use. Defined in face.h.
 class Face;
 // What is installed. Defined in face_finder.h.
 class FaceFinder;
@@ -30,7 +30,7 @@ struct ShapedGlyph {
 
 // Glyphs of one face that stand side by side.
 struct ShapedRun {
-  const Face* face = nullptr;
+  const Face* face = nullptr;    // held by the font that shaped the line
   bool emboldened = false;       // bold was asked for and the face has none: players thicken it
   bool slanted = false;          // likewise for italic
   std::uint32_t glyphBegin = 0;  // into ShapedLine::glyphs
@@ -62,7 +62,7 @@ inline constexpr double kSlant = 0.2;                // tangent of the angle
 inline constexpr double kEmboldenStroke = 1.0 / 30;  // added to every stem, em
 
 // A font of the library: name, bold and italic. Size and underline do not matter to shaping.
-class Font {
+class Font : public std::enable_shared_from_this<Font> {
  public:
   virtual ~Font() = default;
 
@@ -83,9 +83,14 @@ class FontLibrary {
   FontLibrary(const FontLibrary&) = delete;
   FontLibrary& operator=(const FontLibrary&) = delete;
 
+  // Hosts may ask for any number of names, so the library keeps this many fonts, those asked for
+  // last.
+  static constexpr std::size_t kMostFonts = 256;
+
   // Never fails for an unknown name: the closest face stands in, a metric-compatible one where
-  // there is one. The reference stays valid as long as the library. Raises ErrorNumber::FileAccess
-  // when the machine has no scalable face at all.
+  // there is one. The reference stays valid until kMostFonts others have been asked for; whoever
+  // needs it longer holds the font (shared_from_this), no longer than the library. Raises
+  // ErrorNumber::FileAccess when the machine has no scalable face at all.
   Font& Find(std::string_view name, bool bold, bool italic);
 
  private:

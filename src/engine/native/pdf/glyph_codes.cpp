@@ -46,7 +46,9 @@ std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph) {
 }
 
 GlyphCodes::GlyphCodes(const Face& face, std::uint16_t& fontCount)
-    : face_(face), fontCount_(fontCount), trueType_(HasTable(face, HB_TAG('g', 'l', 'y', 'f'))) {}
+    : face_(face.shared_from_this()),
+      fontCount_(fontCount),
+      trueType_(HasTable(face, HB_TAG('g', 'l', 'y', 'f'))) {}
 
 const GlyphCode& GlyphCodes::FindOrAdd(std::uint32_t glyph, std::string_view text,
                                        std::uint32_t key) {
@@ -71,7 +73,7 @@ GlyphCode GlyphCodes::Add(std::uint32_t glyph, std::string_view text) {
   CodedFont& font = fonts_[*series.font];
   const std::uint16_t code = NextCode(series, text);
   font.uses.push_back({code, glyph, std::string(text)});
-  return {font.number, code, font.codeBytes, AdvanceInThousandths(face_, glyph)};
+  return {font.number, code, font.codeBytes, AdvanceInThousandths(*face_, glyph)};
 }
 
 bool GlyphCodes::IsFull(const Series& series) const {
@@ -81,7 +83,7 @@ bool GlyphCodes::IsFull(const Series& series) const {
 }
 
 void GlyphCodes::OpenFont(Series& series) {
-  const std::uint8_t codeBytes = series.font || FT_IS_CID_KEYED(face_.FreeType()) ? 2 : 1;
+  const std::uint8_t codeBytes = series.font || FT_IS_CID_KEYED(face_->FreeType()) ? 2 : 1;
   series.font = fonts_.size();
   series.nextIndex = 0;
   fonts_.push_back({fontCount_++, codeBytes, {}});

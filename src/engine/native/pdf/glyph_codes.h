@@ -5,6 +5,7 @@
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -69,7 +70,7 @@ class GlyphCodes {
     return found ? &entries_[glyph].code : nullptr;
   }
 
-  const Face& FaceUsed() const noexcept { return face_; }
+  const Face& FaceUsed() const noexcept { return *face_; }
   bool HasTrueTypeOutlines() const noexcept { return trueType_; }
   const std::vector<CodedFont>& Fonts() const noexcept { return fonts_; }
 
@@ -107,7 +108,7 @@ class GlyphCodes {
   void OpenFont(Series& series);
   std::uint16_t NextCode(Series& series, std::string_view text) const;
 
-  const Face& face_;
+  std::shared_ptr<const Face> face_;  // held, the document may need more faces than stay open
   std::uint16_t& fontCount_;
   bool trueType_;
   std::vector<CodedFont> fonts_;

@@ -52,7 +52,7 @@ std::string_view PagePlayer::Play(const Document& document, std::int32_t page,
 
 void PagePlayer::SetFont(const FontDescription& font) {
   if (font_ != nullptr && font == fontDescription_) return;
-  font_ = &FontLibrary::Instance().Find(font.name, font.bold, font.italic);
+  font_ = FontLibrary::Instance().Find(font.name, font.bold, font.italic).shared_from_this();
   fontDescription_ = font;
 }
 

@@ -1,6 +1,7 @@
 // Turns a page's record into a content stream.
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -50,7 +51,7 @@ class PagePlayer final : public Player {
   const PdfGeometry* geometry_ = nullptr;  // of the page that is being played
 
   FontDescription fontDescription_;
-  Font* font_ = nullptr;
+  std::shared_ptr<Font> font_;
   Color textColor_ = 0;
   Pen pen_;
   Brush brush_;

@@ -45,9 +45,11 @@ std::uint32_t GlyphCache::Select(const GlyphStyle& style) {
   if (found != styles_.end()) return static_cast<std::uint32_t>(found - styles_.begin());
   if (styles_.size() == kMaximumStyles) {
     styles_.clear();
+    faces_.clear();
     Clear();
   }
   styles_.push_back(style);
+  faces_.push_back(style.face->shared_from_this());
   return static_cast<std::uint32_t>(styles_.size() - 1);
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "engine/native/raster/canvas.h"
@@ -62,6 +63,8 @@ class GlyphCache {
                   std::uint32_t quarterY);
 
   std::vector<GlyphStyle> styles_;
+  // Those of the styles, held so that no other face takes the address of one.
+  std::vector<std::shared_ptr<const Face>> faces_;
   std::vector<Entry> places_;  // by the key's hash, the next free one when taken
   std::vector<std::uint8_t> bytes_;
   std::size_t glyphCount_ = 0;

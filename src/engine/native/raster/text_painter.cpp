@@ -93,7 +93,7 @@ int QuadraticTo(const FT_Vector* control, const FT_Vector* to, void* user) {
 }  // namespace
 
 void TextPainter::SetFont(const FontDescription& font) {
-  font_ = &FontLibrary::Instance().Find(font.name, font.bold, font.italic);
+  font_ = FontLibrary::Instance().Find(font.name, font.bold, font.italic).shared_from_this();
   underlined_ = font.underline;
   emPixels_ = scale_.Pixels(font.size * kTwipsPerPoint);
 }

@@ -1,6 +1,7 @@
 // Text on a canvas.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "engine/native/document/display_list.h"
@@ -32,7 +33,7 @@ class TextPainter {
 
   Canvas& canvas_;
   const PageScale& scale_;
-  Font* font_ = nullptr;
+  std::shared_ptr<Font> font_;
   bool underlined_ = false;
   double emPixels_ = 0;
   Color color_ = 0;

@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 
+#include "engine/native/fonts/face_catalog.h"
 #include "engine/native/fonts/face_support.h"
 #include "support/scratch_folder.h"
 
@@ -73,6 +76,52 @@ TEST(FontLibrary, OpensAFaceOnceForAllNamesThatItStandsInFor) {
   FontLibrary& library = FontLibrary::Instance();
   EXPECT_EQ(RunOf(library.Find("Arial", false, false), "a").face,
             RunOf(library.Find("Liberation Sans", false, false), "a").face);
+}
+
+TEST(FontLibrary, KeepsTheFontsThatWereAskedForLast) {
+  FontLibrary library = MachineWith({FileFor("Arial")});
+  const std::weak_ptr<Font> once = library.Find("Een keer", false, false).weak_from_this();
+  const std::weak_ptr<Font> often = library.Find("Telkens", false, false).weak_from_this();
+  for (std::size_t i = 1; i < FontLibrary::kMostFonts; ++i) {
+    library.Find("Naam " + std::to_string(i), i % 2 == 0, i % 3 == 0);
+    library.Find("Telkens", false, false);
+  }
+  EXPECT_TRUE(once.expired());
+  EXPECT_FALSE(often.expired());
+}
+
+TEST(FontLibrary, LeavesAFontToWhoeverHoldsIt) {
+  FontLibrary library = MachineWith({FileFor("Arial")});
+  const std::shared_ptr<Font> held = library.Find("Held", false, false).shared_from_this();
+  for (std::size_t i = 0; i < 2 * FontLibrary::kMostFonts; ++i) {
+    library.Find("Naam " + std::to_string(i), false, false);
+  }
+  EXPECT_GT(held->Width("abc"), 0);
+}
+
+// A machine whose families are the files of one folder.
+class FacesByPath final : public FaceFinder {
+ public:
+  std::optional<FaceFile> Find(const FaceQuery& query, std::size_t rank) override {
+    if (rank > 0) return std::nullopt;
+    return FaceFile{query.family, 0, false, false};
+  }
+};
+
+TEST(FaceCatalog, ClosesFacesThatNobodyHoldsBeyondABound) {
+  const ScratchFolder folder;
+  FaceCatalog catalog(std::make_unique<FacesByPath>());
+  const auto open = [&](std::size_t number) {
+    const std::string path = folder.FileNamed(std::to_string(number) + ".ttf");
+    std::filesystem::create_symlink(FileFor("Arial").path, path);
+    return catalog.Find({path, false, false, std::nullopt})->face->shared_from_this();
+  };
+  const std::weak_ptr<const Face> idle = open(0);
+  const std::shared_ptr<const Face> held = open(1);
+  for (std::size_t i = 2; i <= FaceCatalog::kMostIdleFaces; ++i) open(i);
+  EXPECT_TRUE(idle.expired());
+  EXPECT_EQ(catalog.Find({folder.FileNamed("1.ttf"), false, false, std::nullopt})->face,
+            held.get());
 }
 
 TEST(FontLibrary, TellsWhichStylesAFaceLacks) {

@@ -89,8 +89,14 @@ class FontconfigFaceFinder final : public FaceFinder {
  private:
   using Style = std::tuple<std::string, bool, bool>;
 
+  // Hosts may ask for any number of names; then their orders are made anew.
+  static constexpr std::size_t kMostOrders = 256;
+
+  // Holds until the next call.
   const FcFontSet* Sorted(const FaceQuery& query) {
-    FontSet& sorted = sorted_[{query.family, query.bold, query.italic}];
+    Style style{query.family, query.bold, query.italic};
+    if (sorted_.size() >= kMostOrders && !sorted_.contains(style)) sorted_.clear();
+    FontSet& sorted = sorted_[std::move(style)];
     if (!sorted) sorted = Sort(query);
     return sorted.get();
   }
