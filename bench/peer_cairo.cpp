@@ -7,7 +7,6 @@
 namespace pagivo::bench {
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
 constexpr double kPixelsPerTwip = 96.0 / 1440;
 
 void DrawString(cairo_t* context, const ReportString& string) {

@@ -8,7 +8,6 @@
 namespace pagivo::bench {
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
 const char* const kRegular = "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf";
 const char* const kBold = "/usr/share/fonts/truetype/liberation/LiberationSans-Bold.ttf";
 

@@ -10,8 +10,6 @@
 namespace pagivo::bench {
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
-
 QFont FontOf(const ReportString& string) {
   QFont font(kReportFont);
   // Pixels are twips here.

@@ -9,6 +9,8 @@
 
 namespace pagivo::bench {
 
+inline constexpr double kTwipsPerPoint = 20;
+
 // Lengths in twips from the page's upper left corner, y down; an A4 page is 11906 x 16838.
 struct ReportString {
   std::string text;

@@ -28,6 +28,12 @@ if(PAGIVO_SANITIZE)
   target_link_options(pagivo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+option(PAGIVO_ODR "Look at link time for names that are defined differently in two sources" OFF)
+if(PAGIVO_ODR)
+  target_compile_options(pagivo_options INTERFACE -flto)
+  target_link_options(pagivo_options INTERFACE -flto=auto -Wodr -Werror=odr -Werror=lto-type-mismatch)
+endif()
+
 option(PAGIVO_LINT "Run clang-tidy on the library's sources as they are compiled" OFF)
 if(PAGIVO_LINT)
   find_program(CLANG_TIDY clang-tidy REQUIRED)

@@ -1,10 +1,14 @@
+# Where the build joins sources to compile them together (CMAKE_UNITY_BUILD, as the presets say), the
+# files of a folder share their names. EACH_ALONE, in both functions below, is for folders whose files
+# are many of a kind and use the same names for the same things.
+
 # One component a folder: pagivo_component(fonts engine/native/fonts USES values LIBRARIES ...)
 # makes pagivo_fonts of the folder's own sources (not those of folders below it). USES names the
 # components it may include and link; LIBRARIES the outside libraries it stands in front of.
 set_property(GLOBAL PROPERTY PAGIVO_COMPONENTS)
 
 function(pagivo_component name folder)
-  cmake_parse_arguments(PARSE_ARGV 2 ARG "" "" "USES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "EACH_ALONE" "" "USES;LIBRARIES")
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     add_library(pagivo_${name} INTERFACE)
@@ -13,6 +17,9 @@ function(pagivo_component name folder)
     add_library(pagivo_${name} STATIC ${sources})
     target_link_libraries(pagivo_${name} PRIVATE pagivo_options)
     set_target_properties(pagivo_${name} PROPERTIES CXX_CLANG_TIDY "${PAGIVO_CLANG_TIDY}")
+    if(ARG_EACH_ALONE)
+      set_target_properties(pagivo_${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
     set_property(GLOBAL APPEND PROPERTY PAGIVO_COMPONENTS pagivo_${name})
     set(scope PUBLIC)
   endif()
@@ -27,12 +34,15 @@ endfunction()
 # those that share something costly. No test prints on the machine's own printers. PROPERTIES are
 # more of what CTest is told of each.
 function(pagivo_test name folder)
-  cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE" "" "USES;LIBRARIES;PROPERTIES")
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE;EACH_ALONE" "" "USES;LIBRARIES;PROPERTIES")
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
   endif()
   add_executable(pagivo_tests_${name} ${sources})
+  if(ARG_EACH_ALONE)
+    set_target_properties(pagivo_tests_${name} PROPERTIES UNITY_BUILD OFF)
+  endif()
   target_include_directories(pagivo_tests_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   list(TRANSFORM ARG_USES PREPEND pagivo_)
   target_link_libraries(pagivo_tests_${name} PRIVATE

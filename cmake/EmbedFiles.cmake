@@ -12,4 +12,5 @@ function(pagivo_embed component name header)
       -P ${script}
     DEPENDS ${ARG_FILES} ${script})
   target_sources(pagivo_${component} PRIVATE ${output})
+  set_source_files_properties(${output} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -9,11 +9,14 @@ build_packages=(
   fonts-liberation fonts-dejavu-core
 )
 test_packages=(
-  clang-format clang-tidy python3 libgtest-dev libgmock-dev libbenchmark-dev
+  clang-format python3 libgtest-dev libgmock-dev
   cups-daemon cups-core-drivers cups-client cups-ipp-utils dbus-daemon
-  poppler-utils mupdf-tools qpdf imagemagick locales file libhpdf-dev fonts-urw-base35
+  poppler-utils mupdf-tools qpdf imagemagick locales file fonts-urw-base35
   xvfb openbox xdotool x11-utils
 )
+
+# What `./check all` needs besides, and the benchmarks.
+all_packages=(clang-tidy libbenchmark-dev libhpdf-dev)
 
 say() { printf '== %s\n' "$*"; }
 
@@ -48,14 +51,19 @@ apt_get() {
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q "$@" >build/apt.log 2>&1
 }
 
-# build_preset PRESET ON|OFF [TARGET...]: configures and builds, with the tests and benchmarks or
-# without them. Does next to nothing when nothing has changed.
+# build_preset PRESET [-DOPTION=VALUE...] [TARGET...]: configures and builds. Does next to nothing when
+# nothing has changed.
 build_preset() {
-  local preset=$1 tests=$2
-  shift 2
+  local preset=$1 options=()
+  shift
+  while [[ ${1:-} == -D* ]]; do
+    options+=("$1")
+    shift
+  done
   mkdir -p build
   say "Building build/$preset"
-  cmake --preset "$preset" -DPAGIVO_TESTS="$tests" >"build/$preset.log" 2>&1 ||
+  command -v ccache >/dev/null && options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  cmake --preset "$preset" "${options[@]}" >"build/$preset.log" 2>&1 ||
     { tail -n 30 "build/$preset.log" >&2; stop "configuring failed (build/$preset.log)."; }
   cmake --build --preset "$preset" ${1:+--target "$@"} >"build/$preset.log" 2>&1 ||
     { grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking)' "build/$preset.log" | tail -n 60 >&2

@@ -47,7 +47,7 @@ double NumberIn(const KeyValueFile& file, const KeyValue& entry, const std::stri
 }
 
 // A key of the file, and what its value is put into.
-struct Field {
+struct InputField {
   const char* section;
   std::string key;
   std::function<void(const KeyValueFile&, const KeyValue&)> store;
@@ -65,14 +65,15 @@ void RefuseLonger(const KeyValueFile& file, int line, const std::string& text,
   Fail(file, line, Quoted(text) + " is langer dan " + std::to_string(longest) + " tekens");
 }
 
-Field Text(const char* section, const char* key, std::string& target) {
+InputField Text(const char* section, const char* key, std::string& target) {
   return {section, key, [&target](const KeyValueFile& file, const KeyValue& entry) {
             RefuseLonger(file, entry.line, entry.value, kLongestText);
             target = entry.value;
           }};
 }
 
-Field Number(const char* section, std::string key, Range range, double& target, double offset = 0) {
+InputField Number(const char* section, std::string key, Range range, double& target,
+                  double offset = 0) {
   return {section, std::move(key),
           [range, &target, offset](const KeyValueFile& file, const KeyValue& entry) {
             target = NumberIn(file, entry, entry.value, range) + offset;
@@ -80,8 +81,8 @@ Field Number(const char* section, std::string key, Range range, double& target, 
 }
 
 template <typename T>
-Field Choice(const char* section, const char* key, std::vector<std::pair<std::string, T>> choices,
-             T& target) {
+InputField Choice(const char* section, const char* key,
+                  std::vector<std::pair<std::string, T>> choices, T& target) {
   return {section, key,
           [choices = std::move(choices), &target](const KeyValueFile& file, const KeyValue& entry) {
             std::string names;
@@ -126,7 +127,7 @@ std::string SectorKey(std::size_t sector) {
   return std::string(3 - degrees.size(), '0') + degrees;
 }
 
-Field RoseSector(std::size_t sector, WindRose& rose) {
+InputField RoseSector(std::size_t sector, WindRose& rose) {
   return {"windroos", SectorKey(sector),
           [sector, &rose](const KeyValueFile& file, const KeyValue& entry) {
             const auto percentages = NumbersIn(file, entry, kStabilityCount, {0, 100, "%"});
@@ -136,10 +137,10 @@ Field RoseSector(std::size_t sector, WindRose& rose) {
           }};
 }
 
-std::vector<Field> FieldsOf(Project& project) {
+std::vector<InputField> FieldsOf(Project& project) {
   ProjectTexts& texts = project.texts;
   Site& site = project.site;
-  std::vector<Field> fields = {
+  std::vector<InputField> fields = {
       Text("project", "naam", texts.name),
       Text("project", "nummer", texts.number),
       Text("project", "plaats", texts.place),
@@ -200,15 +201,15 @@ std::vector<Receptor> ReceptorsOf(const KeyValueFile& file, const Section& secti
   return receptors;
 }
 
-void RefuseUnknown(const KeyValueFile& file, const std::vector<Field>& fields) {
+void RefuseUnknown(const KeyValueFile& file, const std::vector<InputField>& fields) {
   for (const Section& section : file.sections) {
     if (section.name == kReceptorSection) continue;
-    const bool known = std::any_of(fields.begin(), fields.end(), [&](const Field& field) {
+    const bool known = std::any_of(fields.begin(), fields.end(), [&](const InputField& field) {
       return field.section == section.name;
     });
     if (!known) Fail(file, section.line, "onbekende sectie [" + section.name + "]");
     for (const KeyValue& entry : section.entries) {
-      const bool knownKey = std::any_of(fields.begin(), fields.end(), [&](const Field& field) {
+      const bool knownKey = std::any_of(fields.begin(), fields.end(), [&](const InputField& field) {
         return field.section == section.name && field.key == entry.key;
       });
       if (!knownKey) {
@@ -227,8 +228,8 @@ const Section& Required(const KeyValueFile& file, std::string_view name) {
   return *section;
 }
 
-void StoreAll(const KeyValueFile& file, const std::vector<Field>& fields) {
-  for (const Field& field : fields) {
+void StoreAll(const KeyValueFile& file, const std::vector<InputField>& fields) {
+  for (const InputField& field : fields) {
     const Section& section = Required(file, field.section);
     const KeyValue* entry = section.Find(field.key);
     if (!entry) {
@@ -256,7 +257,7 @@ Project ReadProject(const std::string& path) {
   const KeyValueFile file = ReadKeyValueFile(path);
   Project project;
   project.inputPath = path;
-  const std::vector<Field> fields = FieldsOf(project);
+  const std::vector<InputField> fields = FieldsOf(project);
   RefuseUnknown(file, fields);
   StoreAll(file, fields);
   CheckTogether(file, project);

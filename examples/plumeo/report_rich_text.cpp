@@ -7,7 +7,6 @@
 namespace plumeo {
 namespace {
 
-constexpr double kMillimetresPerPoint = 25.4 / 72;
 constexpr double kShiftedSize = 0.70;
 constexpr double kDropOfSubscript = 0.20;    // em
 constexpr double kRiseOfSuperscript = 0.36;  // em

@@ -37,14 +37,14 @@ double AxisHeight(const Report& report, const ClassResult& result, double distan
 void DrawRiseChart(Report& report) {
   Flow& flow = report.flow;
   constexpr double kHeight = 92;
-  constexpr double kFarthest = 1000;
+  constexpr double kFarthestShown = 1000;
   flow.Need(kHeight + 26);
   double highest = 0;
   for (const ClassResult& result : report.results.classes) {
-    highest = std::max(highest, AxisHeight(report, result, kFarthest));
+    highest = std::max(highest, AxisHeight(report, result, kFarthestShown));
   }
   const Point corner{kTextLeft + 12, flow.Top() + 7};
-  Axis x = LinearAxis(kFarthest * 0.98, "afstand *x* (m)");
+  Axis x = LinearAxis(kFarthestShown * 0.98, "afstand *x* (m)");
   Chart chart(flow.Paper(), corner, {kTextRight, corner.y + kHeight}, x,
               LinearAxis(highest, "hoogte van de as van de pluim (m)"));
   chart.DrawAxes();
@@ -52,7 +52,7 @@ void DrawRiseChart(Report& report) {
   for (const ClassResult& result : report.results.classes) {
     const Pen pen{.colour = kClassColours[IndexOf(result.stability)], .width = 26};
     std::vector<Point> line;
-    for (double distance = 0; distance <= kFarthest; distance += 5) {
+    for (double distance = 0; distance <= kFarthestShown; distance += 5) {
       line.push_back({distance, AxisHeight(report, result, distance)});
     }
     chart.DrawSeries(line, pen);

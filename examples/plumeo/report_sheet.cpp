@@ -11,7 +11,6 @@
 namespace plumeo {
 namespace {
 
-constexpr double kMillimetresPerPoint = 25.4 / 72;
 constexpr std::int32_t kInvisiblePen = 5;
 
 // From the line's top to the baseline, in ems, as these three faces give it.

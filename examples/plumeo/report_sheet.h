@@ -11,6 +11,8 @@
 
 namespace plumeo {
 
+inline constexpr double kMillimetresPerPoint = 25.4 / 72;
+
 class Sheet {
  public:
   // `print` must outlive the sheet and measure in millimetres.

@@ -17,7 +17,7 @@ namespace {
 // The highest page that can be typed.
 constexpr std::int16_t kHighestTypedPage = 999;
 
-constexpr std::array<ControlDesign, 5> kControls{{
+constexpr std::array<ControlDesign, 5> kGoToControls{{
     {.name = "Frame1",
      .kind = ControlKind::Frame,
      .placement = {120, 120, 3972, 1092},
@@ -48,8 +48,8 @@ constexpr std::array<ControlDesign, 5> kControls{{
      .role = ButtonRole::Cancel},
 }};
 
-constexpr FormDesign kDesign{
-    .caption = "Ga naar", .client = {.width = 5610, .height = 1365}, .controls = kControls};
+constexpr FormDesign kGoToDesign{
+    .caption = "Ga naar", .client = {.width = 5610, .height = 1365}, .controls = kGoToControls};
 
 std::shared_ptr<frmGaNaar>& Instance() {
   // Never destroyed: its window's toolkit is gone before the process's statics are.
@@ -73,7 +73,7 @@ std::int16_t PageOfTitle(std::string_view title, std::int16_t page) {
 
 }  // namespace
 
-frmGaNaar::frmGaNaar(const Platform& platform) : Form(platform.windows, kDesign) {}
+frmGaNaar::frmGaNaar(const Platform& platform) : Form(platform.windows, kGoToDesign) {}
 
 void frmGaNaar::CreateControls() {
   Get("cmdOK").WhenClicked([this] { cmdOK_Click(); });

@@ -126,7 +126,7 @@ TEST_F(NativeDocumentTest, ThePaperSizesAreTheNamedOnesThatTheEngineSupports) {
 }
 
 TEST_F(NativeDocumentTest, APictureObjectIsDrawnAsOftenAsTheHostLikes) {
-  const std::string path = pagivo::testing::TestDataPath("pictures");
+  const std::string path = TestDataPath("pictures");
   const ObjectRef empty = LoadPicture("");
   print.VsPPRealPicture(empty, 0, 0, 100, 100);
   EXPECT_EQ(Page(1), "");

@@ -1,9 +1,9 @@
 #include "support/data/test_data.h"
 
-namespace pagivo::testing {
+namespace pagivo {
 
 std::string TestDataPath(const std::string& name) {
   return PAGIVO_TEST_DATA "/" + name;
 }
 
-}  // namespace pagivo::testing
+}  // namespace pagivo

@@ -3,9 +3,9 @@
 
 #include <string>
 
-namespace pagivo::testing {
+namespace pagivo {
 
 // The path of the file or folder `name` in tests/data.
 std::string TestDataPath(const std::string& name);
 
-}  // namespace pagivo::testing
+}  // namespace pagivo

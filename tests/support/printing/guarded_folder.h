@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdio>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -25,5 +26,9 @@ class GuardedFolder {
   ScratchFolder folder_;
   std::unique_ptr<std::FILE, Closer> guard_;  // a process that waits for the end of its input
 };
+
+inline void WriteText(const std::string& file, const std::string& text) {
+  std::ofstream(file) << text;
+}
 
 }  // namespace pagivo

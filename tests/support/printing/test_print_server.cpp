@@ -34,10 +34,6 @@ const TestPrinterDesign kDrawingDesign{
               {"iso_a4_210x297mm", 21000, 29700, 500, 500, 500, 500}},
     .customRange = {}};
 
-void WriteText(const std::string& file, const std::string& text) {
-  std::ofstream(file) << text;
-}
-
 // Anybody in this test may do anything; nobody else hears of this server.
 constexpr const char* kServerSettings = R"(LogLevel info
 Browsing Off

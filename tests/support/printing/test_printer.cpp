@@ -105,10 +105,6 @@ std::string Attributes(const TestPrinterDesign& design) {
   return lines.str();
 }
 
-void WriteText(const std::string& file, const std::string& text) {
-  std::ofstream(file) << text;
-}
-
 // Keeps the document and, in the environment, the job's attributes. The document comes last, under
 // its name at once, so that who finds it finds all.
 std::string KeepingCommand(const std::string& folder) {

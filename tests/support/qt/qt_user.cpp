@@ -13,6 +13,7 @@
 #include <QToolButton>
 
 #include "pagivo/error.h"
+#include "support/qt/qt_values.h"
 #include "window/combo_box.h"
 #include "window/key_codes.h"
 #include "window/scroll_bar.h"
@@ -22,13 +23,8 @@ namespace pagivo::testing {
 
 namespace {
 
-constexpr float kTwipsPerPixel = 15;
 constexpr int kIntoMark = 8;   // pixels from the left edge of an option button
 constexpr int kIntoArrow = 4;  // pixels from the edge that an arrow lies at
-
-QString Text(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 [[noreturn]] void ThrowMissing(std::string_view what) {
   throw Error(ErrorNumber::InvalidArgument, "no widget shows " + std::string(what));

@@ -14,6 +14,7 @@
 #include <cmath>
 #include <string>
 
+#include "support/qt/qt_values.h"
 #include "window/combo_box.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
@@ -24,12 +25,7 @@ namespace pagivo::testing {
 
 namespace {
 
-constexpr float kTwipsPerPixel = 15;
 constexpr double kPixelsPerInch = 96;
-
-QString Text(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 int Pixels(float twips) {
   return static_cast<int>(std::round(twips / kTwipsPerPixel));

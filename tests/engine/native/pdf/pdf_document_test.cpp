@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "engine/native/document/page_shapes.h"
 #include "engine/native/document/recorder.h"
 #include "engine/native/fonts/font_library.h"
 #include "engine/native/pdf/cff_characters.h"
@@ -17,8 +18,6 @@ using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
-
-constexpr PageGeometry kA4{11906, 16838};
 
 class PdfDocument : public ::testing::Test {
  protected:

@@ -18,7 +18,7 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 
 std::string DataFile(const std::string& name) {
-  return pagivo::testing::TestDataPath("pictures/" + name);
+  return TestDataPath("pictures/" + name);
 }
 
 PictureImageRef MakePicture(int width, int height, bool alpha,

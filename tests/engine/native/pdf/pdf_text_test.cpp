@@ -1,6 +1,7 @@
 // Text as independent readers find it.
 #include <gmock/gmock.h>
 
+#include "engine/native/document/page_shapes.h"
 #include "engine/native/document/recorder.h"
 #include "engine/native/fonts/font_library.h"
 #include "engine/native/pdf/pdf_readers.h"
@@ -11,8 +12,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-constexpr PageGeometry kA4{11906, 16838};
 
 std::string WithoutBlanks(std::string text) {
   std::erase(text, ' ');

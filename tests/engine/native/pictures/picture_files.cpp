@@ -39,7 +39,7 @@ std::uint32_t Checksum(const Bytes& bytes, std::size_t begin, std::size_t end) {
 }  // namespace
 
 std::string PicturePath(const std::string& name) {
-  return pagivo::testing::TestDataPath("pictures/" + name);
+  return TestDataPath("pictures/" + name);
 }
 
 Bytes ReadBytes(const std::string& path) {

@@ -4,6 +4,8 @@
 
 #include <set>
 
+#include "engine/native/document/page_shapes.h"
+
 namespace pagivo::native {
 namespace {
 
@@ -11,9 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-// 800 x 1200 and 1200 x 800 pixels at 100 percent and scale 1.
-constexpr PageGeometry kPortrait{12000, 18000};
-constexpr PageGeometry kLandscape{18000, 12000};
+// Portrait is 800 x 1200 pixels at 100 percent and scale 1, landscape 1200 x 800.
 
 class Pages final : public PageSource {
  public:

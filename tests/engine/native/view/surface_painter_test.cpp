@@ -12,7 +12,7 @@ namespace {
 constexpr SurfaceColors kColors{.ground = 0xFFC0C0C0, .edge = 0xFF112233, .highlight = 0xFF3366FF};
 
 // A page of 20 x 20 pixels in the middle of 60 x 60.
-constexpr PlacedPage kPage{.page = 1, .box = {20, 20, 40, 40}, .pixelsPerTwip = 1};
+constexpr PlacedPage kPlacedPage{.page = 1, .box = {20, 20, 40, 40}, .pixelsPerTwip = 1};
 
 class SurfacePainterTest : public testing::Test {
  protected:
@@ -30,7 +30,7 @@ TEST_F(SurfacePainterTest, TheGroundCoversEveryPixel) {
 }
 
 TEST_F(SurfacePainterTest, AThinEdgeRunsAroundThePaper) {
-  Paint(kPage);
+  Paint(kPlacedPage);
   for (std::int32_t i = 19; i <= 40; ++i) {
     for (const auto& [x, y] : {std::pair{i, 19}, {i, 40}, {19, i}, {40, i}}) {
       EXPECT_EQ(surface.At(x, y), kColors.edge) << x << ", " << y;
@@ -39,7 +39,7 @@ TEST_F(SurfacePainterTest, AThinEdgeRunsAroundThePaper) {
 }
 
 TEST_F(SurfacePainterTest, AChosenPageHasABroaderEdgeInTheHighlight) {
-  PlacedPage chosen = kPage;
+  PlacedPage chosen = kPlacedPage;
   chosen.isChosen = true;
   Paint(chosen);
   for (const std::int32_t x : {17, 18, 19, 40, 41, 42}) {
@@ -51,10 +51,10 @@ TEST_F(SurfacePainterTest, AChosenPageHasABroaderEdgeInTheHighlight) {
 }
 
 TEST_F(SurfacePainterTest, EdgesGrowWithTheScale) {
-  Paint(kPage, 2);
+  Paint(kPlacedPage, 2);
   EXPECT_EQ(surface.At(18, 30), kColors.edge);
   EXPECT_NE(surface.At(17, 30), kColors.edge);
-  PlacedPage chosen = kPage;
+  PlacedPage chosen = kPlacedPage;
   chosen.isChosen = true;
   Paint(chosen, 2);
   EXPECT_EQ(surface.At(14, 30), kColors.highlight);
@@ -62,7 +62,7 @@ TEST_F(SurfacePainterTest, EdgesGrowWithTheScale) {
 }
 
 TEST_F(SurfacePainterTest, TheShadowFadesIntoTheGround) {
-  Paint(kPage);
+  Paint(kPlacedPage);
   std::uint32_t before = surface.At(30, 41) & 0xFF;
   EXPECT_LT(before, kColors.ground & 0xFF);
   for (std::int32_t y = 42; y <= 46; ++y) {

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/native/document/page_shapes.h"
+
 namespace pagivo::native {
 namespace {
-
-constexpr PageGeometry kPortrait{12000, 18000};
-constexpr PageGeometry kLandscape{18000, 12000};
 
 TEST(Zoom, AHundredPercentIsATwipOfTheScreenForATwipOfThePage) {
   EXPECT_DOUBLE_EQ(PixelsPerTwip(100, {.scale = 1}), 1.0 / 15);
