@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/printing/guarded_folder.h"
 #include "support/printing/loopback.h"
 
 namespace pagivo {

@@ -1,5 +1,7 @@
-// Points and rectangles on a page: twips (1/1440 inch), y down, not rounded to whole twips.
+// Points, rectangles and areas on a page: twips (1/1440 inch), y down, not rounded to whole twips.
 #pragma once
+
+#include <cstdint>
 
 namespace pagivo::native {
 
@@ -22,6 +24,9 @@ struct Rectangle {
     return {rectangle.x1 + by.x, rectangle.y1 + by.y, rectangle.x2 + by.x, rectangle.y2 + by.y};
   }
 };
+
+// What lies inside an outline that crosses itself.
+enum class FillRule : std::uint8_t { NonZero, EvenOdd };
 
 inline constexpr double kTwipsPerInch = 1440.0;
 inline constexpr double kTwipsPerPoint = 20.0;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "engine/native/document/display_list.h"
+#include "engine/native/document/geometry.h"
 #include "engine/native/pdf/number_format.h"
 
 namespace pagivo::native {
@@ -26,8 +27,6 @@ struct StrokeStyle {
   PenStyle dash = PenStyle::Solid;  // of which only the dash pattern counts
   friend bool operator==(const StrokeStyle&, const StrokeStyle&) = default;
 };
-
-enum class FillRule : std::uint8_t { NonZero, EvenOdd };
 
 // Styles are written only where they change. The bytes are kept from page to page as storage.
 class ContentStream {

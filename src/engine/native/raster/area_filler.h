@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "engine/native/document/geometry.h"
 #include "engine/native/raster/canvas.h"
 
 namespace pagivo::native {
@@ -13,8 +14,6 @@ struct PixelPoint {
   double x = 0;
   double y = 0;
 };
-
-enum class FillRule { EvenOdd, NonZero };
 
 // Corners are taken to 1/256 of a pixel and areas are computed in whole numbers from there, so a
 // pixel gets the same coverage whatever part of the page is drawn. The storage is kept from shape
