@@ -24,8 +24,13 @@ if(PAGIVO_SANITIZE)
   # These two see ghosts in instrumented code.
   target_compile_options(pagivo_options INTERFACE
     -O1 -g1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-    -Wno-null-dereference -Wno-maybe-uninitialized)
+    -Wno-null-dereference $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(pagivo_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+option(PAGIVO_FUZZ "Build the fuzzers' programs (needs clang and PAGIVO_SANITIZE)" OFF)
+if(PAGIVO_FUZZ)
+  target_compile_options(pagivo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 option(PAGIVO_ODR "Look at link time for names that are defined differently in two sources" OFF)

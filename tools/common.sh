@@ -17,6 +17,8 @@ test_packages=(
 
 # What `./check all` needs besides, and the benchmarks.
 all_packages=(clang-tidy libbenchmark-dev libhpdf-dev)
+# What the fuzzers need.
+fuzz_packages=(clang libclang-rt-14-dev)
 
 say() { printf '== %s\n' "$*"; }
 
