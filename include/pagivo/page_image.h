@@ -4,7 +4,8 @@
 // from 1. Errors: PageOutOfRange for a page that it does not have (or when there is none),
 // InvalidArgument for a resolution outside kMinimumDotsPerInch..kMaximumDotsPerInch, a picture of
 // more than 268 million pixels, or a print engine that is not the component's own, FileAccess when
-// the file cannot be written.
+// the file cannot be written, OutOfMemory also when memory ran out while the document was composed,
+// so that something on it is missing.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +26,8 @@ struct PageImage {
 
 PageImage DrawPageImage(std::int32_t page, double dotsPerInch);
 
-// The same to a PNG file, replacing what was there.
+// The same to a PNG file. What was there is replaced when the new file is complete, and stays as it
+// is on failure.
 void WritePagePng(std::int32_t page, double dotsPerInch, const std::string& path);
 
 }  // namespace pagivo

@@ -10,6 +10,7 @@
 #include "state/module_state.h"
 #include "values/conversions.h"
 #include "values/errors_ignored.h"
+#include "values/errors_reported.h"
 #include "values/integer_arithmetic.h"
 #include "values/variant_arithmetic.h"
 

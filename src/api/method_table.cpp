@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "values/errors_reported.h"
+
 namespace pagivo {
 
 namespace {
@@ -110,11 +112,11 @@ constexpr auto kRows = Numbered(std::array{
 constinit const MemberTable<PgPrint> kMethods(kRows);
 
 Variant PgPrint::CallMember(std::string_view name, std::span<Variant> arguments) {
-  return kMethods.Call(*this, name, arguments);
+  return ReportingErrors([&] { return kMethods.Call(*this, name, arguments); });
 }
 
 Variant PgPrint::CallMember(std::int32_t dispatchId, std::span<Variant> arguments) {
-  return kMethods.Call(*this, dispatchId, arguments);
+  return ReportingErrors([&] { return kMethods.Call(*this, dispatchId, arguments); });
 }
 
 PgPrint& PredeclaredPgPrint() {

@@ -28,7 +28,11 @@ PageRange PrintRangeOf(const Variant& from, const Variant& to) {
 }
 
 void PrintOnce(const PageRange& range) {
-  IgnoringErrors([&] { Engine().PrintDoc(false, range.from, range.to); });
+  IgnoringErrors([&] {
+    // Held: other code of the host runs during a job, and may discard the preview window.
+    const std::shared_ptr<PrintEngine> engine = PreviewEngine();
+    engine->PrintDoc(false, range.from, range.to);
+  });
 }
 
 }  // namespace
@@ -62,8 +66,10 @@ void PgPrint::VsPrintFile(const std::int16_t& AantalExemplaren, const Variant& V
 }
 
 void PgPrint::VSPDF(const std::string& Filename) {
-  const std::int16_t last = LastPage();
-  PreviewForm().Exporter().ExportPdf(PreviewForm().vsPrint(), Filename, 1, last);
+  ReportingErrors([&] {
+    const std::int16_t last = LastPage();
+    PreviewForm().Exporter().ExportPdf(PreviewForm().vsPrint(), Filename, 1, last);
+  });
 }
 
 }  // namespace pagivo

@@ -16,7 +16,7 @@ void ResetState() {
 }  // namespace
 
 PgPrint::PgPrint() {
-  ResetState();
+  ReportingErrors(ResetState);
 }
 
 void PgPrint::VsPPInit() {
@@ -79,10 +79,12 @@ void PgPrint::VsPPZetKleur(const std::int32_t& Kleur) {
 }
 
 void PgPrint::VsPPAfdrukkenAanUit(const bool& AfdrukkenUit) {
-  Toolbar& toolbar = PreviewForm().tbAfdrukken();
-  toolbar.Button("Afdrukken").visible = !AfdrukkenUit;
-  toolbar.Button("AfdrukkenSep").visible = toolbar.Button("Afdrukken").visible;
-  toolbar.Refresh();
+  ReportingErrors([&] {
+    Toolbar& toolbar = PreviewForm().tbAfdrukken();
+    toolbar.Button("Afdrukken").visible = !AfdrukkenUit;
+    toolbar.Button("AfdrukkenSep").visible = toolbar.Button("Afdrukken").visible;
+    toolbar.Refresh();
+  });
 }
 
 // Hosts call these two; there is nothing to be done.

@@ -35,7 +35,7 @@ Variant PgPrint::VsPPPrinterDialog(std::string& DeviceName, std::int16_t& Copies
   State().PrintFromPage = FromPage >= 1 ? FromPage : std::int16_t{0};
   State().PrintToPage = ToPage >= 1 ? ToPage : std::int16_t{0};
   IgnoringErrors([] { PrinterSetupDialog(PreviewEngine).ShowModal(); });
-  DeviceName = State().PrintDevice;
+  IgnoringErrors([&] { DeviceName = State().PrintDevice; });
   Copies = State().PrintCopies;
   FromPage = State().PrintFromPage;
   ToPage = State().PrintToPage;
@@ -51,7 +51,7 @@ bool PgPrint::VsPPPageSetup() {
 }
 
 void PgPrint::VsPPRenderControl(const std::int32_t& hwnd) {
-  Engine().PutRenderControl(hwnd);
+  ReportingErrors([&] { Engine().PutRenderControl(hwnd); });
 }
 
 }  // namespace pagivo

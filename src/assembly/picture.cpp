@@ -1,11 +1,12 @@
 #include "pagivo/picture.h"
 
 #include "platform/platform.h"
+#include "values/errors_reported.h"
 
 namespace pagivo {
 
 ObjectRef LoadPicture(const std::string& path) {
-  return CurrentPlatform().loadPicture(path);
+  return ReportingErrors([&] { return CurrentPlatform().loadPicture(path); });
 }
 
 }  // namespace pagivo

@@ -1,6 +1,12 @@
 #include "pagivo/error.h"
 
 namespace pagivo {
+namespace {
+
+// Made while there is memory: raising it takes none.
+const Error kOutOfMemory(ErrorNumber::OutOfMemory, "Onvoldoende geheugen");
+
+}  // namespace
 
 void ThrowOverflow() {
   throw Error(ErrorNumber::Overflow, "Overloop");
@@ -19,7 +25,7 @@ void ThrowDivisionByZero() {
 }
 
 void ThrowOutOfMemory() {
-  throw Error(ErrorNumber::OutOfMemory, "Onvoldoende geheugen");
+  throw Error(kOutOfMemory);
 }
 
 void ThrowUnknownMember(std::string_view name) {

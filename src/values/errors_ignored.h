@@ -4,16 +4,25 @@
 // by TrueOnError and continues in its true branch when the test itself fails.
 #pragma once
 
-#include <exception>
+#include <cstdint>
 #include <utility>
 
 namespace pagivo {
 
+// How many statements and conditions were lost because memory had run out. What is made by many of
+// them lacks something when the number has changed since it was begun.
+std::uint32_t LostForWantOfMemory() noexcept;
+
+// Counts the failure that is being handled if it is one for want of memory.
+void CountLostStatement() noexcept;
+
+// Whatever is thrown is lost: host objects may throw what they like.
 template <typename Statement>
 void IgnoringErrors(Statement&& statement) noexcept {
   try {
     std::forward<Statement>(statement)();
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): losing it is the rule
+  } catch (...) {
+    CountLostStatement();
   }
 }
 
@@ -21,7 +30,8 @@ template <typename Condition>
 bool TrueOnError(Condition&& condition) noexcept {
   try {
     return std::forward<Condition>(condition)();
-  } catch (const std::exception&) {
+  } catch (...) {
+    CountLostStatement();
     return true;
   }
 }

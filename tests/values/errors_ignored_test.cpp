@@ -37,6 +37,22 @@ TEST(IgnoringErrors, LosesEveryKindOfError) {
   IgnoringErrors([] { throw std::bad_alloc(); });
 }
 
+TEST(IgnoringErrors, LosesWhatIsNoErrorAtAll) {
+  IgnoringErrors([] { throw 1; });
+}
+
+TEST(IgnoringErrors, CountsWhatIsLostForWantOfMemoryAndNothingElse) {
+  const std::uint32_t before = LostForWantOfMemory();
+  IgnoringErrors([] { ThrowOverflow(); });
+  IgnoringErrors([] { throw std::runtime_error("outside"); });
+  IgnoringErrors([] { throw 1; });
+  EXPECT_EQ(LostForWantOfMemory(), before);
+  IgnoringErrors([] { throw std::bad_alloc(); });
+  IgnoringErrors([] { ThrowOutOfMemory(); });
+  TrueOnError([]() -> bool { throw std::bad_alloc(); });
+  EXPECT_EQ(LostForWantOfMemory(), before + 3);
+}
+
 TEST(TrueOnError, AnswersTheConditionWhenItCanBeTested) {
   EXPECT_TRUE(TrueOnError([] { return true; }));
   EXPECT_FALSE(TrueOnError([] { return false; }));
@@ -45,6 +61,7 @@ TEST(TrueOnError, AnswersTheConditionWhenItCanBeTested) {
 TEST(TrueOnError, IsTrueWhenTheTestFails) {
   EXPECT_TRUE(TrueOnError([]() -> bool { ThrowTypeMismatch(); }));
   EXPECT_TRUE(TrueOnError([]() -> bool { throw std::bad_alloc(); }));
+  EXPECT_TRUE(TrueOnError([]() -> bool { throw 1; }));
 }
 
 }  // namespace
