@@ -9,6 +9,7 @@
 #include "engine/native/raster/png_file.h"
 #include "pagivo/error.h"
 #include "preview/preview_form.h"
+#include "values/errors_reported.h"
 
 namespace pagivo {
 namespace {
@@ -19,6 +20,7 @@ const native::Document& CurrentDocument() {
     throw Error(ErrorNumber::InvalidArgument,
                 "Het document is niet met de eigen afdrukmachine opgemaakt");
   }
+  engine->RequireWhole();
   return engine->GetDocument();
 }
 
@@ -49,12 +51,14 @@ native::Bitmap DrawCurrentPage(std::int32_t page, double dotsPerInch) {
 }  // namespace
 
 PageImage DrawPageImage(std::int32_t page, double dotsPerInch) {
-  native::Bitmap bitmap = DrawCurrentPage(page, dotsPerInch);
-  return {bitmap.width, bitmap.height, std::move(bitmap.pixels)};
+  return ReportingErrors([&]() -> PageImage {
+    native::Bitmap bitmap = DrawCurrentPage(page, dotsPerInch);
+    return {bitmap.width, bitmap.height, std::move(bitmap.pixels)};
+  });
 }
 
 void WritePagePng(std::int32_t page, double dotsPerInch, const std::string& path) {
-  native::WritePng(DrawCurrentPage(page, dotsPerInch), path);
+  ReportingErrors([&] { native::WritePng(DrawCurrentPage(page, dotsPerInch), path); });
 }
 
 }  // namespace pagivo

@@ -7,9 +7,11 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <new>
 
 #include "pagivo/pg_print.h"
 #include "support/read_file.h"
+#include "values/errors_ignored.h"
 
 namespace pagivo {
 namespace {
@@ -107,6 +109,15 @@ TEST_F(PageImageTest, AFileThatCannotBeWrittenIsAnError) {
   ExpectError(ErrorNumber::FileAccess,
               [&] { WritePagePng(1, 72, folder / "geen map" / "blad.png"); });
   ExpectError(ErrorNumber::PageOutOfRange, [&] { WritePagePng(9, 72, folder / "blad.png"); });
+  EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+TEST_F(PageImageTest, OfADocumentThatLacksSomethingForWantOfMemoryIsAnError) {
+  print.VsPPInit();
+  IgnoringErrors([] { throw std::bad_alloc(); });
+  ExpectError(ErrorNumber::OutOfMemory, [] { DrawPageImage(1, 72); });
+  print.VsPPFinish("Plaatje");
+  ExpectError(ErrorNumber::OutOfMemory, [&] { WritePagePng(1, 72, folder / "blad.png"); });
   EXPECT_TRUE(std::filesystem::is_empty(folder));
 }
 

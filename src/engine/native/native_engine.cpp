@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "pagivo/error.h"
+#include "values/errors_ignored.h"
 
 namespace pagivo::native {
 
@@ -20,15 +21,25 @@ bool NativeEngine::IsComplete() const noexcept {
   return stage_ != Stage::None && stage_ != Stage::Composing;
 }
 
+bool NativeEngine::IsWhole() const noexcept {
+  return isWhole_ && (!IsDrawing() || LostForWantOfMemory() == lostBeforeDrawing_);
+}
+
+void NativeEngine::RequireWhole() const {
+  if (!IsWhole()) throw Error(ErrorNumber::OutOfMemory, kLacksSomething);
+}
+
 void NativeEngine::RequireNoPrinting() const {
   if (stage_ == Stage::Printing) {
     throw Error(ErrorNumber::NoDocument, "Het document wordt nog afgedrukt");
   }
 }
 
-// The new document is whole before the old one goes.
+// The new document is complete in itself before the old one goes. Should memory not suffice for it,
+// the old one may not pass for it.
 void NativeEngine::StartDoc() {
   RequireNoPrinting();
+  isWhole_ = false;
   auto document = std::make_unique<Document>();
   auto recorder = std::make_unique<Recorder>(*document);
   document->SetTitle(documentName_);
@@ -37,6 +48,8 @@ void NativeEngine::StartDoc() {
   recorder_ = std::move(recorder);
   document_ = std::move(document);
   stage_ = Stage::Composing;
+  isWhole_ = true;
+  lostBeforeDrawing_ = LostForWantOfMemory();
   preview_.Show(1);
   ApplyOrigin();
   MoveToMargins();
@@ -47,6 +60,7 @@ void NativeEngine::EndDoc() {
   if (stage_ != Stage::Composing) {
     throw Error(ErrorNumber::NoDocument, "Er is geen document dat kan worden afgesloten");
   }
+  isWhole_ = IsWhole();
   stage_ = Stage::Complete;
   ViewChanged();
 }
@@ -87,6 +101,8 @@ void NativeEngine::StartOverlay(const std::int16_t& page) {
   }
   recorder_->BeginOverlay(page);
   overlayPage_ = page;
+  isWhole_ = IsWhole();
+  lostBeforeDrawing_ = LostForWantOfMemory();
   stage_ = Stage::Overlay;
   ApplyOrigin();
   MoveToMargins();
@@ -97,6 +113,7 @@ void NativeEngine::EndOverlay() {
     throw Error(ErrorNumber::NoDocument, "Er is geen pagina heropend");
   }
   recorder_->EndOverlay();
+  isWhole_ = IsWhole();
   stage_ = Stage::Complete;
   PageChanged(overlayPage_);
 }
@@ -114,8 +131,12 @@ void NativeEngine::SetStyles(Recorder& recorder) const {
   recorder.SetBrush(brush_);
 }
 
+bool NativeEngine::IsDrawing() const noexcept {
+  return stage_ == Stage::Composing || stage_ == Stage::Overlay;
+}
+
 void NativeEngine::RequireDrawing() const {
-  if (stage_ != Stage::Composing && stage_ != Stage::Overlay) {
+  if (!IsDrawing()) {
     throw Error(ErrorNumber::NoDocument, "Er is geen document geopend");
   }
 }

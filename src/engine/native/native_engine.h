@@ -22,6 +22,10 @@ namespace pagivo::native {
 class Font;
 struct ArcAngles;
 
+// What export, print and preview say of a document that is not whole.
+inline constexpr const char* kLacksSomething =
+    "Het document is niet volledig: er was te weinig geheugen om het op te maken";
+
 // What the engine needs of its surroundings.
 struct EngineServices {
   // Shows the engine's own dialogs and knows the windows that are drawn into a document. Null: a
@@ -68,6 +72,11 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   const Document& GetDocument() const noexcept { return *document_; }
   // The document has been ended. A page may be reopened.
   bool IsComplete() const noexcept;
+  // False when memory ran out while the document was composed or drawn over and the statement was
+  // lost (values/errors_ignored.h), so that something of it is missing.
+  bool IsWhole() const noexcept;
+  // Raises ErrorNumber::OutOfMemory when it is not.
+  void RequireWhole() const;
   // Who is told of what the preview surface has to show; borrowed, null for nobody.
   void Observe(PreviewObserver* observer) noexcept { observer_ = observer; }
   PreviewObserver* Observer() const noexcept { return observer_; }
@@ -155,9 +164,9 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   std::string GetPort() override;
   std::int16_t GetCopies() override { return copies_; }
   void PutCopies(std::int16_t copies) override;
-  // Prints those of the pages that exist; no dialog is shown. A job that takes a while gets a
-  // window in which the user can stop it. Other code may run meanwhile, but the document stays as
-  // it is: what would change it raises ErrorNumber::NoDocument.
+  // Prints those of the pages that exist, if the document is whole; no dialog is shown. A job that
+  // takes a while gets a window in which the user can stop it. Other code may run meanwhile, but
+  // the document stays as it is: what would change it raises ErrorNumber::NoDocument.
   void PrintDoc(bool showDialog, std::int16_t firstPage, std::int16_t lastPage) override;
 
   // --- Windows (engine_windows.cpp) ---------------------------------------------------------
@@ -203,6 +212,7 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
     RecordedText lastPiece;  // in document_
   };
 
+  bool IsDrawing() const noexcept;
   void RequireDrawing() const;
   void RequireNoPrinting() const;
   void PrintRange(std::int32_t firstPage, std::int32_t lastPage);
@@ -234,6 +244,8 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   std::unique_ptr<Recorder> recorder_;  // into document_
   Stage stage_ = Stage::None;
   std::int32_t overlayPage_ = 0;
+  bool isWhole_ = true;                  // up to the end of the last drawing
+  std::uint32_t lostBeforeDrawing_ = 0;  // statements, for want of memory
   std::string documentName_;
   PageSettings pageSettings_;
   Margins margins_;

@@ -24,6 +24,10 @@ void NativePdfExporter::ExportPdf(const ObjectRef& engine, const std::string& fi
   if (!native->IsComplete()) {
     Refuse(ErrorNumber::NoDocument, fileName, "er is geen afgesloten document");
   }
+  if (!native->IsWhole()) {
+    Refuse(ErrorNumber::OutOfMemory, fileName,
+           "het document is niet volledig, want er was te weinig geheugen om het op te maken");
+  }
   if (lastPage < 1) Refuse(ErrorNumber::PageOutOfRange, fileName, "er zijn geen pagina's");
   const Document& document = native->GetDocument();
   if (firstPage < 1 || firstPage > lastPage || lastPage > document.PageCount()) {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "engine/native/view/notice.h"
 #include "engine/native/view/surface_painter.h"
 #include "engine/native/view/zoom_menu.h"
 
@@ -49,6 +50,9 @@ void NativeSurface::Draw(const SurfaceBitmap& bitmap, const SurfaceColors& color
   for (const PlacedPage& placed : layout.pages) {
     PaintAround(placed, engine_->Preview().Area().scale, bitmap, colors);
     bitmaps_.Show(engine_->GetDocument(), placed, bitmap);
+  }
+  if (!engine_->IsWhole()) {
+    PaintNotice(kLacksSomething, engine_->Preview().Area().scale, bitmap);
   }
 }
 

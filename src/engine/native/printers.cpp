@@ -38,6 +38,7 @@ void NativeEngine::PutCopies(std::int16_t copies) {
 
 void NativeEngine::PrintDoc(bool /*showDialog*/, std::int16_t firstPage, std::int16_t lastPage) {
   if (!IsComplete()) throw Error(ErrorNumber::NoDocument, "Er is geen afgesloten document");
+  RequireWhole();
   RequireNoPrinting();
   const std::int32_t first = std::max<std::int32_t>(firstPage, 1);
   const std::int32_t last = std::min<std::int32_t>(lastPage, document_->PageCount());
