@@ -1,5 +1,7 @@
 #include "engine/native/fonts/face.h"
 
+#include <new>
+
 #include "pagivo/error.h"
 
 namespace pagivo::native {
@@ -41,6 +43,7 @@ FT_Face OpenFreeType(FT_Library library, hb_blob_t* file, int index) {
   FT_Face face = nullptr;
   const FT_Error error = FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte*>(bytes),
                                             static_cast<FT_Long>(length), index, &face);
+  if (error == FT_Err_Out_Of_Memory) throw std::bad_alloc();
   return error == 0 ? face : nullptr;
 }
 

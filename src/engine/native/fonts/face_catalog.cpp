@@ -1,5 +1,7 @@
 #include "engine/native/fonts/face_catalog.h"
 
+#include <utility>
+
 #include "pagivo/error.h"
 
 namespace pagivo::native {
@@ -15,20 +17,22 @@ std::optional<StyledFace> FaceCatalog::Find(const FaceQuery& query) {
   }
 }
 
-// A broken file is no failure as long as another face can stand in.
+// A broken file is no failure as long as another face can stand in; what memory lacks for now is no
+// broken file.
 const Face* FaceCatalog::Open(const FaceFile& file) {
-  if (faces_.size() >= kMostIdleFaces && !faces_.contains({file.path, file.index})) {
+  std::pair key(file.path, file.index);
+  const auto known = faces_.find(key);
+  if (known != faces_.end()) return known->second.get();
+  if (faces_.size() >= kMostIdleFaces) {
     std::erase_if(faces_, [](const auto& entry) { return entry.second.use_count() <= 1; });
   }
-  const auto [entry, isNew] = faces_.try_emplace({file.path, file.index});
-  if (isNew) {
-    try {
-      entry->second = std::make_shared<Face>(file.path, file.index);
-    } catch (const Error&) {
-      return nullptr;
-    }
+  std::shared_ptr<Face> face;
+  try {
+    face = std::make_shared<Face>(file.path, file.index);
+  } catch (const Error& failure) {
+    if (failure.Number() == ErrorNumber::OutOfMemory) throw;
   }
-  return entry->second.get();
+  return faces_.emplace(std::move(key), std::move(face)).first->second.get();
 }
 
 StyledFace FaceChoice::FaceFor(char32_t codePoint) {

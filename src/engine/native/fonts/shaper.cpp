@@ -3,6 +3,7 @@
 #include <hb-ot.h>
 
 #include <iterator>
+#include <new>
 #include <utility>
 
 namespace pagivo::native {
@@ -104,7 +105,9 @@ void Shaper::ShapeRun(std::span<const std::uint32_t> codePoints, const TextRun& 
                            run.begin, static_cast<int>(run.end - run.begin));
   const hb_segment_properties_t properties = PropertiesOf(run);
   hb_buffer_set_segment_properties(buffer, &properties);
-  hb_shape_full(run.face.face->HarfBuzzFont(), buffer, kFeatures, std::size(kFeatures), kShapers);
+  const bool shaped = hb_shape_full(run.face.face->HarfBuzzFont(), buffer, kFeatures,
+                                    std::size(kFeatures), kShapers) != 0;
+  if (!shaped || hb_buffer_allocation_successful(buffer) == 0) throw std::bad_alloc();
   ++calls_;
 }
 

@@ -1,7 +1,6 @@
 #include "engine/native/pictures/picture_loader.h"
 
 #include <map>
-#include <new>
 
 #include "engine/native/pictures/file_structure.h"
 #include "engine/native/pictures/jpeg_structure.h"
@@ -94,8 +93,6 @@ PictureRef Named(const std::string& picture, Load load) {
     return load();
   } catch (const DecodeFailure& failure) {
     ThrowInvalidPicture(picture, failure.what());
-  } catch (const std::bad_alloc&) {
-    ThrowInvalidPicture(picture, "er is te weinig geheugen");
   }
 }
 

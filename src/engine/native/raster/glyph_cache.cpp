@@ -48,8 +48,8 @@ std::uint32_t GlyphCache::Select(const GlyphStyle& style) {
     faces_.clear();
     Clear();
   }
+  faces_.push_back(style.face->shared_from_this());  // first: no style without its face
   styles_.push_back(style);
-  faces_.push_back(style.face->shared_from_this());
   return static_cast<std::uint32_t>(styles_.size() - 1);
 }
 

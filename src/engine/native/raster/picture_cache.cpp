@@ -79,8 +79,8 @@ cairo_surface_t* PictureCache::Look(const PictureImageRef& picture, const PixelS
 
 cairo_surface_t* PictureCache::Keep(Entry entry) {
   MakeRoom(BytesOf(entry.size));
-  bytes_ += BytesOf(entry.size);
   entries_.push_front(std::move(entry));
+  bytes_ += BytesOf(entries_.front().size);
   return entries_.front().surface.get();
 }
 

@@ -32,8 +32,10 @@ const Bitmap& BitmapCache::Get(const BitmapKey& key, const Drawing& draw) {
   Bitmap bitmap{key.width, key.height, std::vector<std::uint32_t>(BytesOf(key) / 4)};
   draw(bitmap);
   ++drawn_;
-  entries_.push_front({key, std::move(bitmap)});
-  places_.emplace(key, entries_.begin());
+  std::list<Entry> made;  // so that nothing is kept by half when memory runs out
+  made.push_front({key, std::move(bitmap)});
+  places_.emplace(key, made.begin());
+  entries_.splice(entries_.begin(), made);
   bytes_ += BytesOf(key);
   return entries_.front().bitmap;
 }
