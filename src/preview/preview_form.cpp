@@ -30,19 +30,27 @@ bool HostIsMaximised() {
   return !state.IsNull() && ToDouble(state) == static_cast<double>(WindowState::Maximised);
 }
 
+// The host answers before the window is reached: it may do anything meanwhile, and discard the
+// window that it is asked for.
+void PlaceAsHost(void (frmAfdrukken::*put)(float), std::string_view member, double smaller = 0) {
+  IgnoringErrors([&] {
+    const float length = ToSingle(HostLength(member) - smaller);
+    (PreviewForm().*put)(length);
+  });
+}
+
 void PlaceOverMaximisedHost() {
   IgnoringErrors([] { PreviewForm().PutLeft(0); });
   IgnoringErrors([] { PreviewForm().PutTop(0); });
-  IgnoringErrors(
-      [] { PreviewForm().PutHeight(ToSingle(HostLength("Height") - kSmallerThanHost)); });
-  IgnoringErrors([] { PreviewForm().PutWidth(ToSingle(HostLength("Width") - kSmallerThanHost)); });
+  PlaceAsHost(&frmAfdrukken::PutHeight, "Height", kSmallerThanHost);
+  PlaceAsHost(&frmAfdrukken::PutWidth, "Width", kSmallerThanHost);
 }
 
 void PlaceOverHost() {
-  IgnoringErrors([] { PreviewForm().PutTop(ToSingle(HostLength("Top"))); });
-  IgnoringErrors([] { PreviewForm().PutLeft(ToSingle(HostLength("Left"))); });
-  IgnoringErrors([] { PreviewForm().PutHeight(ToSingle(HostLength("Height"))); });
-  IgnoringErrors([] { PreviewForm().PutWidth(ToSingle(HostLength("Width"))); });
+  PlaceAsHost(&frmAfdrukken::PutTop, "Top");
+  PlaceAsHost(&frmAfdrukken::PutLeft, "Left");
+  PlaceAsHost(&frmAfdrukken::PutHeight, "Height");
+  PlaceAsHost(&frmAfdrukken::PutWidth, "Width");
 }
 
 }  // namespace

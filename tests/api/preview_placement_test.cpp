@@ -1,3 +1,4 @@
+#include <functional>
 #include <map>
 
 #include "api/api_test.h"
@@ -103,6 +104,46 @@ TEST_F(PreviewPlacement, TakesWhatAHostAnswersAndLeavesTheRest) {
   const auto host = std::make_shared<HostWindow>(std::map<std::string, Variant, std::less<>>{
       {"WindowState", Long(0)}, {"Top", "boven"}, {"Left", 300.0F}, {"Width", 9000.0F}});
   EXPECT_EQ(ShownOver(host), (Placement{300, 0, 9000, designedHeight}));
+}
+
+// A host's main window that does something of its own whenever it is asked.
+class BusyHostWindow : public HostWindow {
+ public:
+  BusyHostWindow(const HostWindow& window, std::function<void()> act)
+      : HostWindow(window), act_(std::move(act)) {}
+
+  Variant GetMember(std::string_view name) override {
+    act_();
+    return HostWindow::GetMember(name);
+  }
+
+ private:
+  std::function<void()> act_;
+};
+
+// What is put before the last discarding goes with that window; nothing goes astray.
+TEST_F(PreviewPlacement, GoesToTheWindowThatIsThereWhenTheHostHasAnswered) {
+  for (const int windowState : {0, 2}) {
+    const auto host =
+        std::make_shared<BusyHostWindow>(*Host(windowState), [this] { print.VsPPEinde(); });
+    EXPECT_EQ(ShownOver(host).width, windowState == 0 ? 9000 : 8900);
+  }
+}
+
+TEST_F(PreviewPlacement, SurvivesAHostThatShowsAnotherPreviewMeanwhile) {
+  int shown = 0;
+  int calls = 0;
+  const auto host = std::make_shared<BusyHostWindow>(*Host(0), [&] {
+    if (++calls != 3) return;
+    print.VsPPEinde();
+    print.VsPPInit();
+    platform.Windows().AddScript([&](Form&, FormUser&) { ++shown; });
+    std::int16_t page = 1;
+    print.VsPreviewFile(page);
+    print.VsPPEinde();
+  });
+  EXPECT_EQ(ShownOver(host).width, 9000);
+  EXPECT_EQ(shown, 1);
 }
 
 }  // namespace
