@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFrame>
 #include <QIcon>
@@ -6,9 +7,12 @@
 #include <QMargins>
 #include <QMenu>
 #include <QPixmap>
+#include <QPointer>
 #include <QToolButton>
 #include <algorithm>
+#include <map>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "window/key_codes.h"
@@ -32,7 +36,7 @@ QPixmap PixmapOf(FileBytes png) {
 }
 
 // Qt takes the file that fits the screen's density.
-QIcon IconOf(const ImageList& images, std::string_view key) {
+QIcon LoadIcon(const ImageList& images, std::string_view key) {
   QIcon icon;
   for (const int pixels : {images.size, 2 * images.size}) {
     const FileBytes png = images.Png(key, pixels);
@@ -40,6 +44,23 @@ QIcon IconOf(const ImageList& images, std::string_view key) {
   }
   return icon;
 }
+
+// Loaded once, as long as there is the application: forms come and go.
+class Icons : public QObject {
+ public:
+  static QIcon Find(const ImageList& images, std::string_view key) {
+    static QPointer<Icons> icons;
+    if (!icons) icons = new Icons(QCoreApplication::instance());
+    const auto [entry, isNew] = icons->icons_.try_emplace({&images, key});
+    if (isNew) entry->second = LoadIcon(images, key);
+    return entry->second;
+  }
+
+ private:
+  using QObject::QObject;
+
+  std::map<std::pair<const ImageList*, std::string_view>, QIcon> icons_;  // designs are for ever
+};
 
 // The buttons stand where the portable toolbar says, with room left for placeholders. F10 or F6
 // takes the keyboard into the toolbar: arrows, Home and End move along its buttons, Enter and space
@@ -100,7 +121,7 @@ QToolButton* ToolbarPeer::MakeButton(const ToolbarButton& design) {
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
   if (const ImageList* images = toolbar_.Design().images) {
-    button->setIcon(IconOf(*images, design.key));
+    button->setIcon(Icons::Find(*images, design.key));
     button->setIconSize(QSize(images->size, images->size));
   }
   if (!design.menu.empty()) {

@@ -70,6 +70,16 @@ TEST_F(ToolbarShown, HasAButtonWithImageAndToolTipForEachOfItsDesign) {
   });
 }
 
+TEST_F(ToolbarShown, LoadsItsImagesOnceForAllForms) {
+  qint64 first = 0;
+  Show(*form, [&](QWidget& window) { first = ButtonOf(window, "Zoom").icon().cacheKey(); });
+  const auto later = MakeForm(kDesign);
+  Show(*later, [&](QWidget& window) {
+    EXPECT_EQ(ButtonOf(window, "Zoom").icon().cacheKey(), first);
+    EXPECT_NE(ButtonOf(window, "Eerste").icon().cacheKey(), first);
+  });
+}
+
 TEST_F(ToolbarShown, PutsEachButtonWhereTheToolbarSaysInOneRow) {
   Show(*form, [&](QWidget& window) {
     int end = 0;
