@@ -22,8 +22,6 @@ class Descriptor {
 
   explicit operator bool() const noexcept { return number_ != kNone; }
   int Number() const noexcept { return number_; }
-  // Closes at once; false when the system reports a failure, which errno tells.
-  bool Close() noexcept { return close(std::exchange(number_, kNone)) == 0; }
 
  private:
   static constexpr int kNone = -1;

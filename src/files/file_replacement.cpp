@@ -241,7 +241,6 @@ void FileReplacement::System::Commit() {
   if (old_) TakeOverPermissions();
   if (fsync(file_.Number()) != 0) Fail(errno);
   if (temporary_.empty()) GiveName();
-  if (!file_.Close()) Fail(errno);
   const int folder = folder_.Number();
   if (renameat(folder, temporary_.c_str(), folder, entry_.c_str()) != 0) Fail(errno);
   temporary_.clear();
