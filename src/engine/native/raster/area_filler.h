@@ -20,6 +20,9 @@ struct PixelPoint {
 // to shape.
 class AreaFiller {
  public:
+  // Forgets a shape that was not drawn.
+  void Clear() noexcept { edges_.clear(); }
+
   // Adds a closed contour to the shape.
   void Add(std::span<const PixelPoint> contour);
 

@@ -64,6 +64,7 @@ void DrawPage(const Document& document, std::int32_t page, const PageView& view,
   canvas.FillPaper();
   BitmapPlayer player(canvas, scale);
   document.Play(page, player);
+  canvas.RequireDrawn();
 }
 
 Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 #include "pagivo/error.h"
 
@@ -65,6 +66,10 @@ cairo_t* Canvas::Vectors() {
   if (pixelsChanged_) cairo_surface_mark_dirty(surface_.get());
   pixelsChanged_ = false;
   return context_.get();
+}
+
+void Canvas::RequireDrawn() const {
+  if (context_ && cairo_status(context_.get()) == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
 }
 
 std::uint32_t* Canvas::Row(std::int32_t y) {

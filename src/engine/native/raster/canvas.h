@@ -59,6 +59,8 @@ class Canvas {
 
   // For drawing with cairo, until the next call of another function.
   cairo_t* Vectors();
+  // Raises std::bad_alloc when memory did not suffice for all that was drawn with it.
+  void RequireDrawn() const;
   // For drawing into pixels within the clip, until the next call of Vectors: where the page's pixel
   // (0, y) would be.
   std::uint32_t* Row(std::int32_t y);

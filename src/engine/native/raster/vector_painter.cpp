@@ -62,9 +62,11 @@ void SetPath(cairo_t* cairo, const Outline& outline) {
   if (outline.closed) cairo_close_path(cairo);
 }
 
-// Shapes are filled one at a time, so they can share the storage.
-AreaFiller& SharedFiller() {
+// Shapes are filled one at a time, so they can share the storage. One for which memory did not
+// suffice may have left a part of itself.
+AreaFiller& EmptyFiller() {
   static AreaFiller filler;
+  filler.Clear();
   return filler;
 }
 
@@ -152,8 +154,9 @@ Outline VectorPainter::OutlineOf(std::span<const Point> points, bool closed) con
 void VectorPainter::Fill(const Outline& outline) {
   if (brush_.style == BrushStyle::Transparent) return;
   if (IsHatched(brush_.style)) return Hatch(outline);
-  SharedFiller().Add(outline.points);
-  SharedFiller().Fill(canvas_, FillRule::EvenOdd, Ink(brush_.color));
+  AreaFiller& filler = EmptyFiller();
+  filler.Add(outline.points);
+  filler.Fill(canvas_, FillRule::EvenOdd, Ink(brush_.color));
 }
 
 void VectorPainter::Hatch(const Outline& outline) {
@@ -196,8 +199,9 @@ void VectorPainter::Stroke(const Outline& outline, bool alignedToPixels) {
   if (!DrawsLines(pen_)) return;
   if (DrawsDashes(pen_, Twips(BoundsOf(outline)))) return StrokeBroken(outline, alignedToPixels);
   if (alignedToPixels) return StrokeAligned(BoundsOf(outline));
-  AddStroke(SharedFiller(), outline, StrokePixels(), HasRoundEnds(pen_));
-  SharedFiller().Fill(canvas_, FillRule::NonZero, Ink(pen_.color));
+  AreaFiller& filler = EmptyFiller();
+  AddStroke(filler, outline, StrokePixels(), HasRoundEnds(pen_));
+  filler.Fill(canvas_, FillRule::NonZero, Ink(pen_.color));
 }
 
 // A thin line along the pixels, or the four of a rectangle. Rounding ends and corners of a pixel or

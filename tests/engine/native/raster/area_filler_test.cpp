@@ -105,6 +105,13 @@ TEST(AreaFiller, ForgetsAShapeThatItDrew) {
   EXPECT_TRUE(HasNoInk(Drawn(filler, FillRule::NonZero)));
 }
 
+TEST(AreaFiller, ForgetsAShapeThatIsNotToBeDrawn) {
+  AreaFiller filler;
+  filler.Add(Box(10, 10, 60, 60));
+  filler.Clear();
+  EXPECT_TRUE(HasNoInk(Drawn(filler, FillRule::NonZero)));
+}
+
 TEST(AreaFiller, LeavesNothingOfAShapeInTheNext) {
   RandomShape random(2);
   AreaFiller used;
