@@ -36,7 +36,7 @@ inline Variant ScaledY(const Variant& value) {
 
 // The result of a getter: what `read` answers, or the zero value when it fails.
 template <typename Read>
-auto ReadOrZero(Read&& read) noexcept {
+auto ReadOrZero(Read&& read) {
   decltype(read()) value{};
   IgnoringErrors([&] { value = std::forward<Read>(read)(); });
   return value;

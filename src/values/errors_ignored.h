@@ -18,7 +18,7 @@ void CountLostStatement() noexcept;
 
 // Whatever is thrown is lost: host objects may throw what they like.
 template <typename Statement>
-void IgnoringErrors(Statement&& statement) noexcept {
+void IgnoringErrors(Statement&& statement) {
   try {
     std::forward<Statement>(statement)();
   } catch (...) {
@@ -27,7 +27,7 @@ void IgnoringErrors(Statement&& statement) noexcept {
 }
 
 template <typename Condition>
-bool TrueOnError(Condition&& condition) noexcept {
+bool TrueOnError(Condition&& condition) {
   try {
     return std::forward<Condition>(condition)();
   } catch (...) {

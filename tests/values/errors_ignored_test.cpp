@@ -64,5 +64,17 @@ TEST(TrueOnError, IsTrueWhenTheTestFails) {
   EXPECT_TRUE(TrueOnError([]() -> bool { throw 1; }));
 }
 
+struct Statement {
+  void operator()() {}
+};
+struct Condition {
+  bool operator()() { return true; }
+};
+
+TEST(IgnoringErrors, NeverEndsTheProcessOfAHost) {
+  EXPECT_FALSE(noexcept(IgnoringErrors(Statement())));
+  EXPECT_FALSE(noexcept(TrueOnError(Condition())));
+}
+
 }  // namespace
 }  // namespace pagivo
