@@ -2,9 +2,11 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -26,6 +28,13 @@ class Array {
 
   // Zero-valued elements lowerBound..upperBound; upperBound may be lowerBound - 1 (no elements).
   Array(std::int32_t lowerBound, std::int32_t upperBound) { Redim(lowerBound, upperBound); }
+
+  // A copy of a vector, a span or any other row of T, numbered from 1.
+  template <std::convertible_to<std::span<const T>> Values>
+  Array(const Values& values) {
+    const std::span<const T> elements = values;
+    *this = FromValues({elements.begin(), elements.end()}, 1);
+  }
 
   // The elements of `values`, numbered from `lowerBound`.
   static Array FromValues(std::vector<T> values, std::int32_t lowerBound) {

@@ -6,20 +6,44 @@
 
 namespace pagivo {
 
-bool ToBoolean(const Variant& value) {
-  if (const bool* boolean = value.GetIf<bool>()) return *boolean;
-  if (const auto* text = value.GetIf<std::string>()) {
+namespace {
+
+// `value` in another kind, or as it is for a kind that nothing is converted to.
+Variant InKind(Variant::Kind kind, const Variant& value) {
+  switch (kind) {
+    case Variant::Kind::Boolean:
+      return value.ToBoolean();
+    case Variant::Kind::Integer:
+      return value.ToInteger();
+    case Variant::Kind::Long:
+      return value.ToLong();
+    case Variant::Kind::Single:
+      return value.ToSingle();
+    case Variant::Kind::Double:
+      return value.ToDouble();
+    case Variant::Kind::String:
+      return value.ToText();
+    default:
+      return value;
+  }
+}
+
+}  // namespace
+
+bool Variant::ToBoolean() const {
+  if (const bool* boolean = GetIf<bool>()) return *boolean;
+  if (const auto* text = GetIf<std::string>()) {
     if (EqualInAnyCase(*text, "True")) return true;
     if (EqualInAnyCase(*text, "False")) return false;
   }
-  return ToDouble(value) != 0;
+  return ToDouble() != 0;
 }
 
-std::string ToText(const Variant& value) {
+std::string Variant::ToText() const {
   const auto format = [](auto number) {
     return FormatGeneral(number, CurrentRegionalSettings().decimalSeparator);
   };
-  return value.Visit(Overloaded{
+  return Visit(Overloaded{
       [](std::monostate) { return std::string(); },
       [](bool boolean) { return std::string(boolean ? "True" : "False"); },
       [](std::int16_t number) { return std::to_string(number); },
@@ -31,10 +55,18 @@ std::string ToText(const Variant& value) {
   });
 }
 
-ObjectRef ToObject(const Variant& value) {
-  const auto* object = value.GetIf<ObjectRef>();
+ObjectRef Variant::ToObject() const {
+  const auto* object = GetIf<ObjectRef>();
   if (object == nullptr) ThrowTypeMismatch();
   return *object;
+}
+
+void AssignKeepingKind(Variant& variable, const Variant& value) {
+  try {
+    variable = InKind(variable.GetKind(), value);
+  } catch (const Error&) {
+    variable = value;
+  }
 }
 
 }  // namespace pagivo

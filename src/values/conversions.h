@@ -1,9 +1,5 @@
-// Conversions between kinds of values.
-//
-// Every function raises ErrorNumber::TypeMismatch for a value that has no counterpart in the wanted
-// kind (Null, Missing, an object, an array, a text that is no number) and ErrorNumber::Overflow
-// for one outside its range, infinity included. Empty converts to zero, False and the empty text;
-// True converts to -1.
+// Conversions between kinds of values: those of Variant by other names, so that a number and a
+// Variant are converted alike, and what they are made of.
 #pragma once
 
 #include <cstdint>
@@ -14,29 +10,39 @@
 
 namespace pagivo {
 
-// Rounded to the nearest whole number, exact halves to the even neighbour. What is no number (NaN)
-// overflows.
+// Rounded to the nearest whole number, exact halves to the even neighbour. Raises
+// ErrorNumber::Overflow outside the range and for what is no number (NaN).
 std::int16_t ToInteger(double value);
-std::int16_t ToInteger(const Variant& value);
 std::int32_t ToLong(double value);
-std::int32_t ToLong(const Variant& value);
-
-// Rounded to the nearest Single. NaN stays NaN, as it does in ToDouble.
+// Rounded to the nearest Single; raises ErrorNumber::Overflow beyond, infinity included. NaN stays
+// NaN, as it does in ToDouble.
 float ToSingle(double value);
-float ToSingle(const Variant& value);
-double ConvertToDouble(const Variant& value);
+
+// See Variant.
+inline std::int16_t ToInteger(const Variant& value) {
+  return value.ToInteger();
+}
+inline std::int32_t ToLong(const Variant& value) {
+  return value.ToLong();
+}
+inline float ToSingle(const Variant& value) {
+  return value.ToSingle();
+}
 inline double ToDouble(const Variant& value) {
-  const double* number = value.GetIf<double>();  // as most are already
-  return number != nullptr ? *number : ConvertToDouble(value);
+  return value.ToDouble();
+}
+inline bool ToBoolean(const Variant& value) {
+  return value.ToBoolean();
+}
+inline std::string ToText(const Variant& value) {
+  return value.ToText();
+}
+inline ObjectRef ToObject(const Variant& value) {
+  return value.ToObject();
 }
 
-// Any number but 0 is true; the texts True and False in any case, and numeric texts.
-bool ToBoolean(const Variant& value);
-
-// Numbers in the general number format with the regional decimal separator.
-std::string ToText(const Variant& value);
-
-ObjectRef ToObject(const Variant& value);
+// Gives `variable` a value in its own kind, or in the value's where its own cannot hold that.
+void AssignKeepingKind(Variant& variable, const Variant& value);
 
 // The general number format: at most seven significant digits for a Single, fifteen for a Double,
 // no trailing zeros, an exponent below 1E-04 and beyond the digits ("1,5E+07"). A negative zero is

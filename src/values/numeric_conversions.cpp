@@ -26,16 +26,16 @@ std::int16_t ToInteger(double value) {
   return ToWhole<std::int16_t>(value);
 }
 
-std::int16_t ToInteger(const Variant& value) {
-  return ToInteger(ToDouble(value));
+std::int16_t Variant::ToInteger() const {
+  return pagivo::ToInteger(ToDouble());
 }
 
 std::int32_t ToLong(double value) {
   return ToWhole<std::int32_t>(value);
 }
 
-std::int32_t ToLong(const Variant& value) {
-  return ToLong(ToDouble(value));
+std::int32_t Variant::ToLong() const {
+  return pagivo::ToLong(ToDouble());
 }
 
 float ToSingle(double value) {
@@ -44,13 +44,13 @@ float ToSingle(double value) {
   return narrowed;
 }
 
-float ToSingle(const Variant& value) {
-  if (const float* single = value.GetIf<float>()) return *single;
-  return ToSingle(ToDouble(value));
+float Variant::ToSingle() const {
+  if (const float* single = GetIf<float>()) return *single;
+  return pagivo::ToSingle(ToDouble());
 }
 
-double ConvertToDouble(const Variant& value) {
-  return value.Visit(Overloaded{
+double Variant::ConvertToDouble() const {
+  return Visit(Overloaded{
       [](std::monostate) { return 0.0; },
       [](bool boolean) { return boolean ? kTrue : 0.0; },
       [](std::int16_t number) { return static_cast<double>(number); },

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "outcome.h"
 
@@ -158,6 +161,20 @@ TEST(Array, RefusesHugeBoundsAndStaysAsItWas) {
   ExpectHugeBoundsAreRefused<std::int16_t>();
   ExpectHugeBoundsAreRefused<float>();
   ExpectHugeBoundsAreRefused<std::string>();
+}
+
+TEST(Array, TakesAnyRowOfItsElementsAndNumbersThemFromOne) {
+  const std::vector<float> values = {1.5F, 2.5F};
+  const std::array<float, 2> sameValues = {1.5F, 2.5F};
+  for (const Array<float>& array : {Array<float>(values), Array<float>(sameValues),
+                                    Array<float>(std::span<const float>(values))}) {
+    EXPECT_EQ(array.LowerBound(), 1);
+    EXPECT_EQ(array.UpperBound(), 2);
+    EXPECT_EQ(array(1), 1.5F);
+    EXPECT_EQ(array(2), 2.5F);
+  }
+  EXPECT_EQ(Array<std::string>(std::vector<std::string>{"a", "b"})(2), "b");
+  EXPECT_EQ(Array<float>(std::vector<float>()).UpperBound(), 0);
 }
 
 }  // namespace

@@ -31,13 +31,13 @@ struct Target {
 
 const std::vector<Target>& Targets() {
   static const std::vector<Target> targets = {
-      {"Boolean", [](const Variant& v) { return ToBoolean(v); }},
-      {"Integer", [](const Variant& v) { return ToInteger(v); }},
-      {"Long", [](const Variant& v) { return ToLong(v); }},
-      {"Single", [](const Variant& v) { return ToSingle(v); }},
-      {"Double", [](const Variant& v) { return ToDouble(v); }},
-      {"String", [](const Variant& v) { return ToText(v); }},
-      {"Object", [](const Variant& v) { return ToObject(v); }},
+      {"Boolean", [](const Variant& v) { return v.ToBoolean(); }},
+      {"Integer", [](const Variant& v) { return v.ToInteger(); }},
+      {"Long", [](const Variant& v) { return v.ToLong(); }},
+      {"Single", [](const Variant& v) { return v.ToSingle(); }},
+      {"Double", [](const Variant& v) { return v.ToDouble(); }},
+      {"String", [](const Variant& v) { return v.ToText(); }},
+      {"Object", [](const Variant& v) { return v.ToObject(); }},
   };
   return targets;
 }
@@ -146,6 +146,30 @@ TEST(ToBoolean, TakesAnyNumberButZeroForTrue) {
   }
   for (const Variant& value : {Int(0), Long(0), Variant(-0.0F), Variant(-0.0)}) {
     EXPECT_FALSE(ToBoolean(value)) << ::testing::PrintToString(value);
+  }
+}
+
+// --- Assigning --------------------------------------------------------------------------------
+
+Variant Assigned(Variant variable, const Variant& value) {
+  AssignKeepingKind(variable, value);
+  return variable;
+}
+
+TEST(AssigningKeepingKind, ConvertsTheValueToTheVariablesKind) {
+  EXPECT_EQ(Assigned(1.5, Int(3)), Variant(3.0));
+  EXPECT_EQ(Assigned(1.5F, Int(3)), Variant(3.0F));
+  EXPECT_EQ(Assigned(Long(1), Int(3)), Long(3));
+  EXPECT_EQ(Assigned(Int(1), Long(3)), Int(3));
+  EXPECT_EQ(Assigned("1", Int(3)), Variant("3"));
+  EXPECT_EQ(Assigned(true, Int(0)), Variant(false));
+}
+
+TEST(AssigningKeepingKind, TakesTheValuesKindWhereItsOwnCannotHoldTheValue) {
+  EXPECT_EQ(Assigned(Int(1), Long(70000)), Long(70000));
+  EXPECT_EQ(Assigned(1.5, "Laser"), Variant("Laser"));
+  for (const Variant& kindless : {Variant(), Variant(Null), Variant(ObjectRef())}) {
+    EXPECT_EQ(Assigned(kindless, Int(3)), Int(3));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -80,6 +81,24 @@ TEST(Variant, HoldsTextFromEveryKindOfString) {
   EXPECT_EQ(Variant("t"), Variant(std::string_view("t")));
 }
 
+TEST(Variant, TakesANullPointerForTheEmptyText) {
+  const char* nothing = nullptr;
+  EXPECT_EQ(Variant(nothing), Variant(""));
+}
+
+TEST(Variant, HoldsANumberOfAnyTypeAsALongOrBeyondItsRangeAsADouble) {
+  EXPECT_EQ(Variant(5L), Variant(std::int32_t{5}));
+  EXPECT_EQ(Variant(5U), Variant(std::int32_t{5}));
+  EXPECT_EQ(Variant(std::size_t{5}), Variant(std::int32_t{5}));
+  EXPECT_EQ(Variant(std::uint16_t{65535}), Variant(std::int32_t{65535}));
+  EXPECT_EQ(Variant(std::int8_t{-5}), Variant(std::int32_t{-5}));
+  EXPECT_EQ(Variant(-2147483648LL), Variant(std::numeric_limits<std::int32_t>::min()));
+  EXPECT_EQ(Variant(-2147483649LL), Variant(-2147483649.0));
+  EXPECT_EQ(Variant(2147483648U), Variant(2147483648.0));
+  EXPECT_EQ(Variant(1.5L), Variant(1.5));
+  EXPECT_EQ(Variant(2.0L), Variant(2.0));
+}
+
 TEST(Variant, EqualsAValueOfTheSameKindAlone) {
   const std::vector<KindRow> rows = OneOfEveryKind();
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -96,6 +115,39 @@ TEST(Variant, ComparesValuesWithinAKind) {
   EXPECT_EQ(Variant(0.0), Variant(-0.0));
   const Variant notANumber(std::numeric_limits<double>::quiet_NaN());
   EXPECT_NE(notANumber, notANumber);
+}
+
+TEST(Variant, EqualsANumberByValueWhateverItsKind) {
+  for (const Variant& twelve : {Variant(std::int16_t{12}), Variant(std::int32_t{12}),
+                                Variant(12.0F), Variant(12.0), Variant("12")}) {
+    EXPECT_TRUE(twelve == 12);
+    EXPECT_TRUE(12.0F == twelve);
+    EXPECT_TRUE(twelve != 12.5);
+    EXPECT_TRUE(twelve == std::size_t{12});
+  }
+  EXPECT_TRUE(Variant() == 0);
+  EXPECT_TRUE(Variant(true) == -1);
+}
+
+TEST(Variant, IsOrderedByValueWhateverItsKind) {
+  EXPECT_TRUE(Variant(2.5F) < Variant(std::int16_t{3}));
+  EXPECT_TRUE(Variant(std::int32_t{3}) <= Variant(3.0));
+  EXPECT_TRUE(Variant("10") > 9);
+  EXPECT_TRUE(2 < Variant(2.5));
+  EXPECT_TRUE(Variant("10") < Variant("9"));
+  EXPECT_TRUE(Variant("a") > Variant("Z"));
+  EXPECT_TRUE(Variant() < Variant("a"));
+  EXPECT_TRUE(Variant("a") > Variant());
+}
+
+TEST(Variant, IsNeitherLessNorGreaterThanWhatItCannotBeComparedWith) {
+  const Variant notANumber(std::numeric_limits<double>::quiet_NaN());
+  for (const Variant& value :
+       {Variant(Null), Variant(Missing), Variant("abc"), Variant(ObjectRef()), notANumber}) {
+    EXPECT_TRUE((value <=> Variant(1.0)) == std::partial_ordering::unordered);
+    EXPECT_FALSE(value == 0);
+    EXPECT_TRUE(value != 0);
+  }
 }
 
 TEST(Variant, ComparesObjectsAndArraysByIdentity) {
