@@ -65,7 +65,7 @@ constexpr std::array kEngineRows{
     BindMember<&PrintEngine::DrawLine>("DrawLine", 83, MemberKind::Call),
     BindMember<&PrintEngine::DrawRectangle>("DrawRectangle", 84, MemberKind::Call),
     BindMember<&PrintEngine::DrawCircle>("DrawCircle", 85, MemberKind::Call,
-                                         {DefaultValue::Marker, DefaultValue::Marker}),
+                                         {DefaultValue::MarkerWithNext, DefaultValue::Marker}),
     BindMember<&PrintEngine::GetPreviewPage>("PreviewPage", 88, MemberKind::Get),
     BindMember<&PrintEngine::PutPreviewPage>("PreviewPage", 88, MemberKind::Put),
     BindMember<&PrintEngine::GetPageCount>("PageCount", 90, MemberKind::Get),

@@ -6,9 +6,16 @@ namespace pagivo {
 
 namespace {
 
-std::string ExpectedCount(std::size_t fewest, std::size_t most) {
+bool CanBeLastGiven(const Parameter& parameter) {
+  return parameter.defaultValue != DefaultValue::MarkerWithNext;
+}
+
+// The numbers of arguments that a member takes, e.g. "4 tot en met 10" or "3 of 5".
+std::string ExpectedCount(const MemberSignature& signature, std::size_t fewest) {
+  const std::size_t most = signature.parameterCount;
   if (fewest == most) return std::to_string(most);
-  return std::to_string(fewest) + " tot en met " + std::to_string(most);
+  const bool isPair = most - fewest == 2 && !CanBeLastGiven(signature.Parameters()[fewest]);
+  return std::to_string(fewest) + (isPair ? " of " : " tot en met ") + std::to_string(most);
 }
 
 }  // namespace
@@ -23,11 +30,12 @@ void ThrowArgumentError(const MemberSignature& signature, std::size_t index,
 void CheckArgumentCount(const MemberSignature& signature, std::size_t count) {
   const auto fewest = static_cast<std::size_t>(
       std::ranges::count(signature.Parameters(), DefaultValue::Required, &Parameter::defaultValue));
-  const std::size_t most = signature.parameterCount;
-  if (count >= fewest && count <= most) return;
-  throw Error(ErrorNumber::WrongArgumentCount,
-              std::string(signature.name) + ": verkeerd aantal argumenten (" +
-                  std::to_string(count) + " in plaats van " + ExpectedCount(fewest, most) + ")");
+  const bool isPossible = count >= fewest && count <= signature.parameterCount;
+  if (isPossible && (count == 0 || CanBeLastGiven(signature.Parameters()[count - 1]))) return;
+  throw Error(ErrorNumber::WrongArgumentCount, std::string(signature.name) +
+                                                   ": verkeerd aantal argumenten (" +
+                                                   std::to_string(count) + " in plaats van " +
+                                                   ExpectedCount(signature, fewest) + ")");
 }
 
 Variant MakeDefault(DefaultValue defaultValue) {
@@ -39,6 +47,7 @@ Variant MakeDefault(DefaultValue defaultValue) {
     case DefaultValue::IntegerZero:
       return std::int16_t{0};
     case DefaultValue::Marker:
+    case DefaultValue::MarkerWithNext:
     case DefaultValue::Required:
       break;
   }

@@ -14,11 +14,14 @@
 //
 //   parameter type      the argument is                       and afterwards
 //   T, const T&         converted to T                        unchanged
-//   T&                  converted to T                        replaced by what the member left
-//   there [const] Array<T>&   a reference to an array of T          that same array
+//   T&                  converted to T                        what the member left, when it changed
+//   IntegerVariable     converted to Integer                  what the member assigned, if anything
+//   [const] Array<T>&   a reference to an array of T          that same array
 //
-// with T one of bool, std::int16_t, std::int32_t, float, double, std::string, Variant, ObjectRef.
-// An array is never converted: its elements must be of the very kind.
+// with T one of bool, std::int16_t, std::int32_t, float, double, std::string, Variant, ObjectRef,
+// TextArgument, IntegerArgument. An array is never converted: its elements must be of the very
+// kind. An argument keeps its kind when it is written back, but where that cannot hold the new
+// value; one for a Variant becomes whatever the member left.
 #pragma once
 
 #include <algorithm>
@@ -33,6 +36,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "pagivo/arguments.h"
 #include "pagivo/array.h"
 #include "pagivo/object.h"
 #include "pagivo/variant.h"
@@ -62,9 +66,17 @@ enum class ValueKind : std::uint8_t {
 
 enum class Passing : std::uint8_t { ByValue, ByReference, WrittenBack };
 
-// What a parameter holds when the argument is not there at all. An argument that is there keeps
-// its value, the missing marker included.
-enum class DefaultValue : std::uint8_t { Required, Marker, False, LongZero, IntegerZero };
+// What a parameter holds when its argument was left out: at the end, or by the missing marker.
+// MarkerWithNext is a Marker that must not be the last one given: it and the parameter after it are
+// left out together.
+enum class DefaultValue : std::uint8_t {
+  Required,
+  Marker,
+  MarkerWithNext,
+  False,
+  LongZero,
+  IntegerZero
+};
 
 struct Parameter {
   ValueKind kind = ValueKind::Nothing;
@@ -142,6 +154,16 @@ struct Binding<Variant> {
   static Variant Convert(const Variant& argument) { return argument; }
 };
 template <>
+struct Binding<TextArgument> : Binding<std::string> {};
+template <>
+struct Binding<IntegerArgument> : Binding<std::int16_t> {};
+// Writes to the very argument.
+template <>
+struct Binding<IntegerVariable> {
+  static constexpr ValueKind kKind = ValueKind::Integer;
+  static IntegerVariable Convert(Variant& argument) { return argument; }
+};
+template <>
 struct Binding<ObjectRef> {
   static constexpr ValueKind kKind = ValueKind::Object;
   static ObjectRef Convert(const Variant& argument) { return ToObject(argument); }
@@ -172,10 +194,15 @@ template <typename Element>
 inline constexpr bool kIsArray<Array<Element>> = true;
 
 template <typename ParameterType>
+inline constexpr bool kIsVariable = std::is_lvalue_reference_v<ParameterType> &&
+                                    !std::is_const_v<std::remove_reference_t<ParameterType>>;
+
+template <typename ParameterType>
 consteval Passing PassingOf() {
-  if (!std::is_reference_v<ParameterType>) return Passing::ByValue;
-  return std::is_const_v<std::remove_reference_t<ParameterType>> ? Passing::ByReference
-                                                                 : Passing::WrittenBack;
+  if (kIsVariable<ParameterType> || std::same_as<ParameterType, IntegerVariable>) {
+    return Passing::WrittenBack;
+  }
+  return std::is_reference_v<ParameterType> ? Passing::ByReference : Passing::ByValue;
 }
 
 // --- One call ---------------------------------------------------------------------------------
@@ -194,7 +221,7 @@ Variant MakeDefault(DefaultValue defaultValue);
 template <typename ParameterType>
 class Argument {
  public:
-  Argument(const MemberSignature& signature, std::size_t index, const Variant& given)
+  Argument(const MemberSignature& signature, std::size_t index, Variant& given)
       : kept_(Convert(signature, index, given)) {}
 
   // What the member is called with.
@@ -207,15 +234,17 @@ class Argument {
   }
 
   void WriteBack(Variant& given) {
-    if constexpr (PassingOf<ParameterType>() == Passing::WrittenBack) {
-      given = Variant(std::move(kept_));
+    if constexpr (std::same_as<ParameterType, Variant&>) {
+      given = std::move(kept_);
+    } else if constexpr (kIsVariable<ParameterType>) {
+      if (kept_ != BindingOf<ParameterType>::Convert(given)) AssignKeepingKind(given, kept_);
     }
   }
 
  private:
-  using Kept = decltype(BindingOf<ParameterType>::Convert(std::declval<const Variant&>()));
+  using Kept = decltype(BindingOf<ParameterType>::Convert(std::declval<Variant&>()));
 
-  static Kept Convert(const MemberSignature& signature, std::size_t index, const Variant& given) {
+  static Kept Convert(const MemberSignature& signature, std::size_t index, Variant& given) {
     try {
       return BindingOf<ParameterType>::Convert(given);
     } catch (const Error& cause) {
@@ -295,19 +324,24 @@ consteval auto BindMember(std::string_view name, std::int32_t dispatchId, Member
   return member;
 }
 
-// Calls a member, its left-out trailing arguments holding their defaults. What is written back
-// reaches `arguments`. Raises WrongArgumentCount, an error that names the argument that cannot be
+// Calls a member, arguments that are left out holding their defaults. What is written back reaches
+// `arguments`. Raises WrongArgumentCount, an error that names the argument that cannot be
 // converted, and what the member itself raises.
 template <typename Class>
 Variant InvokeMember(const Member<Class>& member, Class& object, std::span<Variant> arguments) {
   CheckArgumentCount(member, arguments.size());
+  const std::span<const Parameter> parameters = member.Parameters();
   std::array<Variant, kMaximumParameters> complete;
   std::ranges::copy(arguments, complete.begin());
-  for (std::size_t i = arguments.size(); i < member.parameterCount; ++i) {
-    complete[i] = MakeDefault(member.parameterSlots[i].defaultValue);
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    const bool hasDefault = parameters[i].defaultValue != DefaultValue::Required;
+    const bool isLeftOut = i >= arguments.size() || arguments[i].IsMissing();
+    if (hasDefault && isLeftOut) complete[i] = MakeDefault(parameters[i].defaultValue);
   }
-  Variant result = member.invoke(member, object, std::span(complete).first(member.parameterCount));
-  std::copy_n(complete.begin(), arguments.size(), arguments.begin());
+  Variant result = member.invoke(member, object, std::span(complete).first(parameters.size()));
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (parameters[i].passing == Passing::WrittenBack) arguments[i] = std::move(complete[i]);
+  }
   return result;
 }
 

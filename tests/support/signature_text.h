@@ -18,8 +18,8 @@ inline std::string_view TextOf(ValueKind kind) {
 
 // `ref Variant = Missing`, `val String`, `ref Integer written`.
 inline std::string TextOf(const Parameter& parameter) {
-  constexpr std::array<std::string_view, 5> kDefaults = {"", " = Missing", " = False", " = Long 0",
-                                                         " = Integer 0"};
+  constexpr std::array<std::string_view, 6> kDefaults = {
+      "", " = Missing", " = Missing with next", " = False", " = Long 0", " = Integer 0"};
   std::string text = parameter.passing == Passing::ByValue ? "val " : "ref ";
   text += TextOf(parameter.kind);
   if (parameter.passing == Passing::WrittenBack) text += " written";

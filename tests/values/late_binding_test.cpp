@@ -36,6 +36,18 @@ class Gadget {
     object = nullptr;
     return true;
   }
+  void Keep(std::string&, std::int16_t&, bool&, std::int32_t&, float&, double&, Variant&,
+            ObjectRef&) {}
+  void Raise(IntegerVariable limit) {
+    if (limit < 10) limit = 10;
+  }
+  void AssignAgain(IntegerVariable value) { value = std::int16_t{value}; }
+  void Corner(const Variant& x, const Variant& radiusX, const Variant& radiusY) {
+    seen = {x, radiusX, radiusY};
+  }
+  void TakeText(const TextArgument& text, const IntegerArgument& number) {
+    seen = {std::string(text), std::int16_t{number}};
+  }
   void ChangeAndFail(std::int16_t& count) {
     count = 99;
     throw Error(ErrorNumber::NoDocument, "Er is geen document");
@@ -80,6 +92,12 @@ constexpr std::array kRows = {
     BindMember<&Gadget::GiveText>("GiveText", 11, MemberKind::Call),
     BindMember<&Gadget::GiveObject>("GiveObject", 12, MemberKind::Call),
     BindMember<&Gadget::GiveAny>("GiveAny", 13, MemberKind::Call),
+    BindMember<&Gadget::Keep>("Keep", 14, MemberKind::Call),
+    BindMember<&Gadget::Raise>("Raise", 15, MemberKind::Call),
+    BindMember<&Gadget::AssignAgain>("AssignAgain", 16, MemberKind::Call),
+    BindMember<&Gadget::Corner>("Corner", 17, MemberKind::Call,
+                                {DefaultValue::MarkerWithNext, DefaultValue::Marker}),
+    BindMember<&Gadget::TakeText>("TakeText", 18, MemberKind::Call),
 };
 constexpr MemberTable<Gadget> kMembers(kRows);
 
@@ -144,6 +162,9 @@ TEST(LateBindingRow, ReadsKindsAndPassingFromTheSignature) {
   EXPECT_EQ(kinds(kRows[6]), (Expected{{ValueKind::SingleArray, Passing::ByReference}}));
   EXPECT_EQ(kinds(kRows[7]), (Expected{{ValueKind::StringArray, Passing::WrittenBack},
                                        {ValueKind::IntegerArray, Passing::WrittenBack}}));
+  EXPECT_EQ(kinds(kRows[15]), (Expected{{ValueKind::Integer, Passing::WrittenBack}}));
+  EXPECT_EQ(kinds(kRows[18]), (Expected{{ValueKind::String, Passing::ByReference},
+                                        {ValueKind::Integer, Passing::ByReference}}));
 }
 
 TEST(LateBindingRow, ReadsTheResultKindFromTheSignature) {
@@ -152,8 +173,8 @@ TEST(LateBindingRow, ReadsTheResultKindFromTheSignature) {
       ValueKind::Boolean, ValueKind::Nothing, ValueKind::Single,  ValueKind::Integer,
       ValueKind::Long,    ValueKind::Nothing, ValueKind::Double,  ValueKind::String,
       ValueKind::Object,  ValueKind::Variant};
-  for (std::size_t i = 0; i < kRows.size(); ++i) {
-    EXPECT_EQ(kRows[i].result, expected.at(i)) << kRows[i].name;
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(kRows.at(i).result, expected[i]) << kRows[i].name;
   }
 }
 
@@ -191,9 +212,37 @@ TEST_F(LateBinding, GivesLeftOutTrailingArgumentsTheirDefaults) {
   EXPECT_EQ(gadget.seen, (Arguments{Int(1), Int(2), true, std::int32_t{0}, Int(0)}));
 }
 
-TEST_F(LateBinding, LetsAMissingMarkerBypassTheDefault) {
-  Call("Optional", {Missing, Missing, Missing, Missing, Missing});
-  EXPECT_EQ(gadget.seen, (Arguments{Missing, Missing, Missing, Missing, Missing}));
+TEST_F(LateBinding, GivesArgumentsLeftOutInTheMiddleTheirDefaults) {
+  Arguments arguments = {Int(1), Missing, Missing, Missing, Int(5)};
+  Call("Optional", arguments);
+  EXPECT_EQ(gadget.seen, (Arguments{Int(1), Missing, false, std::int32_t{0}, Int(5)}));
+  EXPECT_EQ(arguments, (Arguments{Int(1), Missing, Missing, Missing, Int(5)}));
+  Call("Optional", {Int(1), Null, Null, Variant(), "x"});
+  EXPECT_EQ(gadget.seen, (Arguments{Int(1), Null, Null, Variant(), "x"}));
+}
+
+TEST_F(LateBinding, PassesTheMissingMarkerOfARequiredVariantOn) {
+  Call("Optional", {Missing, Int(2)});
+  EXPECT_EQ(gadget.seen, (Arguments{Missing, Int(2), false, std::int32_t{0}, Int(0)}));
+}
+
+TEST_F(LateBinding, TakesArgumentsThatGoTogetherAllOrNone) {
+  Call("Corner", {Int(1)});
+  EXPECT_EQ(gadget.seen, (Arguments{Int(1), Missing, Missing}));
+  Call("Corner", {Int(1), Int(2), Int(3)});
+  EXPECT_EQ(gadget.seen, (Arguments{Int(1), Int(2), Int(3)}));
+  ExpectError(ErrorNumber::WrongArgumentCount,
+              "Corner: verkeerd aantal argumenten (2 in plaats van 1 of 3)", [&] {
+                Call("Corner", {Int(1), Int(2)});
+              });
+}
+
+TEST_F(LateBinding, ConvertsTextsAndIntegersForParametersThatTakeEveryTypeOfThem) {
+  Call("TakeText", {1.5F, "12"});
+  EXPECT_EQ(gadget.seen, (Arguments{Variant(1.5F).ToText(), Int(12)}));
+  ExpectError(ErrorNumber::Overflow, "TakeText, argument 2 (Long): Overloop", [&] {
+    Call("TakeText", {"", std::int32_t{70000}});
+  });
 }
 
 TEST_F(LateBinding, ReportsAMissingMarkerForATypedParameterAsMismatch) {
@@ -217,11 +266,45 @@ TEST_F(LateBinding, ReportsAnObjectParameterThatGetsNoObject) {
               });
 }
 
-TEST_F(LateBinding, WritesNonConstReferencesBackInTheKindOfTheParameter) {
-  Arguments arguments = {"naam", "4", false, Int(21), 5.0, std::int32_t{1}, "any", ObjectRef()};
+TEST_F(LateBinding, WritesNonConstReferencesBackInTheKindOfTheArgument) {
+  Arguments arguments = {"naam", "4", false, Int(21), 5.0, 1.0F, "any", ObjectRef()};
   EXPECT_EQ(Call("Change", arguments), Variant(true));
+  EXPECT_EQ(arguments, (Arguments{"naam!", "5", true, Int(42), 2.5, 1.25F, Null, ObjectRef()}));
+}
+
+TEST_F(LateBinding, WritesBackInTheKindOfTheParameterWhatTheArgumentsCannotHold) {
+  Arguments arguments = {Int(5), 2.0, "True", Int(20000), 1.0F, Variant(), Variant(), ObjectRef()};
+  Call("Change", arguments);
   EXPECT_EQ(arguments,
-            (Arguments{"naam!", Int(5), true, std::int32_t{42}, 2.5F, 1.25, Null, ObjectRef()}));
+            (Arguments{"5!", 3.0, "False", std::int32_t{40000}, 0.5F, 0.25, Null, ObjectRef()}));
+}
+
+TEST_F(LateBinding, LeavesAVariableThatTheMemberDidNotChangeAsItIs) {
+  const Arguments given = {Int(5),          3.0,  Int(1),    "12",
+                           std::int32_t{5}, "25", Variant(), ObjectRef()};
+  Arguments arguments = given;
+  Call("Keep", arguments);
+  EXPECT_EQ(arguments, given);
+}
+
+TEST_F(LateBinding, ChangesAnIntegerVariableOnlyWhenTheMemberAssignsIt) {
+  const auto after = [&](std::string_view name, const Variant& given) {
+    Arguments arguments = {given};
+    Call(name, arguments);
+    return arguments.front();
+  };
+  EXPECT_EQ(after("Raise", 12.0), Variant(12.0));
+  EXPECT_EQ(after("Raise", 12.25), Variant(12.25));
+  EXPECT_EQ(after("Raise", 3.0), Variant(10.0));
+  EXPECT_EQ(after("Raise", "3"), Variant("10"));
+  EXPECT_EQ(after("Raise", Int(3)), Variant(Int(10)));
+  EXPECT_EQ(after("AssignAgain", 12.25), Variant(12.0));
+}
+
+TEST_F(LateBinding, ReportsAnIntegerVariableThatCannotBeConverted) {
+  Arguments arguments = {std::int32_t{40000}};
+  ExpectError(ErrorNumber::Overflow, "Raise, argument 1 (Long): Overloop",
+              [&] { Call("Raise", arguments); });
 }
 
 TEST_F(LateBinding, LeavesOtherArgumentsAsTheCallerGaveThem) {
