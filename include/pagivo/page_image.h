@@ -9,8 +9,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
+
+#include "pagivo/arguments.h"
 
 namespace pagivo {
 
@@ -28,6 +29,6 @@ PageImage DrawPageImage(std::int32_t page, double dotsPerInch);
 
 // The same to a PNG file. What was there is replaced when the new file is complete, and stays as it
 // is on failure.
-void WritePagePng(std::int32_t page, double dotsPerInch, const std::string& path);
+void WritePagePng(std::int32_t page, double dotsPerInch, const TextArgument& path);
 
 }  // namespace pagivo

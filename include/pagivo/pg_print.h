@@ -10,7 +10,8 @@
 //
 // Errors: every method ignores the errors of its statements, each statement for itself, and a
 // getter whose reading fails answers its zero value. Three methods throw pagivo::Error instead:
-// VsPPAfdrukkenAanUit, VsPPRenderControl and VSPDF.
+// VsPPAfdrukkenAanUit, VsPPRenderControl and VSPDF. A number that does not fit a 16-bit argument is
+// such an error (ErrorNumber::Overflow): the method then does nothing.
 //
 // The order of a document: VsPPInit, VsPPStart, settings, content with VsPPNewPage after every page
 // (the last one too), VsPPFinish, perhaps overlays, then VsPreviewFile, VsPrintFile or VSPDF, at
@@ -22,7 +23,10 @@
 #include <string>
 #include <string_view>
 
+#include "pagivo/arguments.h"
 #include "pagivo/array.h"
+#include "pagivo/constants.h"
+#include "pagivo/drawing_options.h"
 #include "pagivo/error.h"
 #include "pagivo/object.h"
 #include "pagivo/variant.h"
@@ -32,11 +36,17 @@ namespace pagivo {
 // Creating any PgPrint resets the contents count, the watermark and the scale factors for all of
 // them. Destroying one closes nothing.
 //
-// Parameters that a method changes are non-const references; optional ones are Variants, and
-// Missing leaves them out.
+// Parameters that a method changes are non-const references or an IntegerVariable; optional ones
+// are Variants with their defaults. An optional argument is left out at the end of a call, and
+// where the default is Missing, by passing Missing. Where the default is another value, Missing is
+// an argument that cannot be converted: a property that it stands for keeps the engine's value, and
+// as a condition (varBox, varFilled, varFillStyle, varClosed) it counts as true. To skip those,
+// name the ones that are given instead: see drawing_options.h.
 class PgPrint : public Object {
  public:
   PgPrint();
+  PgPrint(const PgPrint&) = delete;
+  PgPrint& operator=(const PgPrint&) = delete;
 
   // --- The document's life ------------------------------------------------------------------
 
@@ -49,7 +59,7 @@ class PgPrint : public Object {
   // Ends the page, begins the next one and draws the watermark on it.
   virtual void VsPPNewPage();
   // Names the document, captions the preview window, ends the document.
-  virtual void VsPPFinish(std::string sTitle);
+  virtual void VsPPFinish(TextArgument sTitle);
   virtual void VsPPClose();
   // Discards the preview window and its document.
   virtual void VsPPEinde();
@@ -57,22 +67,21 @@ class PgPrint : public Object {
   virtual std::int16_t VsPPGetPageCount();
   virtual std::string VsPPGetDevice();
   // Adds a contents entry for the page being composed; at most 50 are kept.
-  virtual void VsPPZetInhoud(const std::string& sOmschrijving);
+  virtual void VsPPZetInhoud(const TextArgument& sOmschrijving);
   // Text colour, 0x00BBGGRR.
   virtual void VsPPZetKleur(const std::int32_t& Kleur);
   // Hides (true) or shows (false) the preview's print button. Throws.
   virtual void VsPPAfdrukkenAanUit(const bool& AfdrukkenUit);
   // Accepted and ignored.
-  virtual void VsPPSetPreviewMode(const std::int16_t& PreviewMode);
-  virtual void VsPPZetHelp(const std::string& Helpbestand, const std::int32_t& HelpContextID);
+  virtual void VsPPSetPreviewMode(const IntegerArgument& PreviewMode);
+  virtual void VsPPZetHelp(const TextArgument& Helpbestand, const std::int32_t& HelpContextID);
 
   // --- Units --------------------------------------------------------------------------------
 
-  // 1 twip, 2 point, 3 screen pixel, 4 character cell (120 x 240 twips), 5 inch, 6 millimetre,
-  // 7 centimetre; anything else twip.
-  virtual void VsPPSetScaleMode(const std::int16_t& ScaleMode);
-  virtual Variant VsPPTextWidthS(const std::string& Tekst);
-  virtual Variant VsPPTextHeightS(const std::string& Tekst);
+  // One of ScaleMode in constants.h; anything else is twips.
+  virtual void VsPPSetScaleMode(const IntegerArgument& ScaleMode);
+  virtual Variant VsPPTextWidthS(const TextArgument& Tekst);
+  virtual Variant VsPPTextHeightS(const TextArgument& Tekst);
   virtual Variant VsPPGetMarginLeftS();
   virtual Variant VsPPGetMarginRightS();
   virtual Variant VsPPGetMarginTopS();
@@ -86,12 +95,12 @@ class PgPrint : public Object {
 
   // Prints with the text's top left at (varX, varY). What is left out keeps the engine's value; a
   // font that is given stays in force. Size in points.
-  virtual void VsPPPrint(const std::string& varText, const Variant& varX = Missing,
+  virtual void VsPPPrint(const TextArgument& varText, const Variant& varX = Missing,
                          const Variant& varY = Missing, const Variant& varFontName = Missing,
                          const Variant& varSize = Missing, const Variant& varBold = Missing,
                          const Variant& varUnderline = Missing, const Variant& varItalic = Missing);
   // The same with the text's right end at varX, measured in the font in force before the call.
-  virtual void VsPPPrintR(const std::string& varText, const Variant& varX = Missing,
+  virtual void VsPPPrintR(const TextArgument& varText, const Variant& varX = Missing,
                           const Variant& varY = Missing, const Variant& varFontName = Missing,
                           const Variant& varSize = Missing, const Variant& varBold = Missing,
                           const Variant& varUnderline = Missing,
@@ -102,15 +111,16 @@ class PgPrint : public Object {
                            const Variant& FontItalic = Missing);
   virtual std::string VsPPGetFontName();
   virtual Variant VsPPGetFontSize();
-  virtual std::int32_t VsPPTextWidth(const std::string& Tekst);
-  virtual std::int32_t VsPPTextHeight(const std::string& Tekst);
+  virtual std::int32_t VsPPTextWidth(const TextArgument& Tekst);
+  virtual std::int32_t VsPPTextHeight(const TextArgument& Tekst);
 
   // --- Drawing ------------------------------------------------------------------------------
   //
-  // varDrawStyle is the pen's style (0 solid, 1 dash, 2 dot, 3 dash-dot, 4 dash-dot-dot,
-  // 5 invisible, 6 inside solid), varDrawWidth its width in twips (0 = hairline), varColor its
-  // colour. A filled figure is filled in the pen's colour with brush style varFillStyle (0 solid,
-  // 2 horizontal, 3 vertical, 4 upward diagonal, 5 downward diagonal, 6 cross, 7 diagonal cross).
+  // varDrawStyle is the pen's style (PenStyle in constants.h), varDrawWidth its width in twips (0 =
+  // hairline), varColor its colour. A filled figure is filled in the pen's colour with brush style
+  // varFillStyle (BrushStyle). Each figure also takes its options by name:
+  //
+  //   print.VsPPLine(25, 30, 185, 60, {.box = true, .color = Color::Blue, .drawWidth = 20});
 
   virtual void VsPPLine(const Variant& varX1, const Variant& varY1, const Variant& varX2,
                         const Variant& varY2, const Variant& varBox = false,
@@ -118,6 +128,8 @@ class PgPrint : public Object {
                         const Variant& varFillStyle = std::int32_t{0},
                         const Variant& varDrawStyle = std::int32_t{0},
                         const Variant& varDrawWidth = std::int16_t{0});
+  void VsPPLine(const Variant& varX1, const Variant& varY1, const Variant& varX2,
+                const Variant& varY2, const LineOptions& options);
   // A full circle unless both angles are given (radians, counter-clockwise from three o'clock; a
   // negative one adds a line from the centre). The radius takes the horizontal unit.
   virtual void VsPPCircle(const Variant& varX1, const Variant& varY1, const Variant& varRadius,
@@ -127,17 +139,22 @@ class PgPrint : public Object {
                           const Variant& varFillStyle = std::int32_t{0},
                           const Variant& varDrawStyle = std::int32_t{0},
                           const Variant& varDrawWidth = std::int16_t{0});
-  // Points 1 to the upper bound of varX; an element 0 is not drawn.
+  void VsPPCircle(const Variant& varX1, const Variant& varY1, const Variant& varRadius,
+                  const CircleOptions& options);
+  // Points 1 to the upper bound of varX; an element 0 is not drawn. A std::vector<float> or a span
+  // is drawn whole.
   virtual void VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
                                 const Variant& varClosed = false, const Variant& varFilled = false,
                                 const Variant& varColor = std::int32_t{0},
                                 const Variant& varFillStyle = std::int32_t{0},
                                 const Variant& varDrawStyle = std::int32_t{0},
                                 const Variant& varDrawWidth = std::int16_t{0});
+  void VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
+                        const PolylineOptions& options);
   // BMP, GIF, ICO, JPEG, PNG, TIFF or SVG, stretched into the rectangle.
-  virtual void VsPPPicture(const std::string& sPicturePath, const double& dX1, const double& dY1,
+  virtual void VsPPPicture(const TextArgument& sPicturePath, const double& dX1, const double& dY1,
                            const double& dX2, const double& dY2);
-  // The same with a picture object (see pagivo/picture.h).
+  // The same with a picture object (see pagivo/picture.h); anything else draws nothing.
   virtual void VsPPRealPicture(const Variant& vPicture, const double& dX1, const double& dY1,
                                const double& dX2, const double& dY2);
 
@@ -151,9 +168,10 @@ class PgPrint : public Object {
   virtual void VsPPSetMarginRight(const Variant& Margin);
   virtual void VsPPSetMarginTop(const Variant& Margin);
   virtual void VsPPSetMarginBottom(const Variant& Margin);
-  // 1 portrait, 2 landscape.
+  // One of Orientation in constants.h.
   virtual std::int16_t VsPPGetOrientation();
   virtual void VsPPSetOrientation(const Variant& Instelling);
+  // One of PaperSize in constants.h.
   virtual std::int16_t VsPPGetPaperSize();
   virtual void VsPPSetPaperSize(const Variant& Instelling);
   // The paper getters answer what the page getters answer.
@@ -176,11 +194,11 @@ class PgPrint : public Object {
   // --- Printers -----------------------------------------------------------------------------
 
   virtual std::int16_t VsPPGetNDevices();
-  virtual void VsPPSetDevice(const std::string& DeviceName);
+  virtual void VsPPSetDevice(const TextArgument& DeviceName);
   virtual std::int16_t VsPPGetCopies();
   // The component's own print dialog; true when confirmed. All four arguments receive the choices.
-  virtual Variant VsPPPrinterDialog(std::string& DeviceName, std::int16_t& Copies,
-                                    std::int16_t& FromPage, std::int16_t& ToPage);
+  virtual Variant VsPPPrinterDialog(std::string& DeviceName, IntegerVariable Copies,
+                                    IntegerVariable FromPage, IntegerVariable ToPage);
   // The engine's own dialogs; true when confirmed.
   virtual bool VsPPPrinterSetup();
   virtual bool VsPPPageSetup();
@@ -190,30 +208,32 @@ class PgPrint : public Object {
   // --- Overlays and watermark ---------------------------------------------------------------
 
   // Reopens page Bladnummer of the finished document for drawing.
-  virtual void VsPPStartOverlay(const std::int16_t& Bladnummer);
+  virtual void VsPPStartOverlay(const IntegerArgument& Bladnummer);
   virtual void VsPPEndOverlay();
   // Chooses watermark picture 1, 2 or 3 and draws it on the current page and every later one.
-  virtual void VsPPWatermerkInit(const std::int16_t& Watermerk);
+  virtual void VsPPWatermerkInit(const IntegerArgument& Watermerk);
   virtual void VsWatermerkAfdrukken();
 
   // --- Output -------------------------------------------------------------------------------
 
   // Shows the preview at a page, modally. In two-page view an even Pagina becomes the odd one
-  // before it.
-  virtual void VsPreviewFile(std::int16_t& Pagina);
+  // before it, for the host's variable too.
+  virtual void VsPreviewFile(IntegerVariable Pagina);
   // Prints pages Van to Tm, once per copy; 0 stands for the first and the last page.
-  virtual void VsPrintFile(const std::int16_t& AantalExemplaren,
+  virtual void VsPrintFile(const IntegerArgument& AantalExemplaren,
                            const Variant& Van = std::int16_t{0},
                            const Variant& Tm = std::int16_t{0});
   // Writes the document to a PDF file. Throws; what was there before is then untouched.
-  virtual void VSPDF(const std::string& Filename);
+  virtual void VSPDF(const TextArgument& Filename);
 
   // --- Late binding -------------------------------------------------------------------------
 
   // Calls a method by its name (in any case) or dispatch id, arguments in the order of its
-  // parameters; trailing optional ones may be left out. Results of by-reference parameters are
-  // written back into `arguments`. Errors: UnknownMember, WrongArgumentCount, TypeMismatch or
-  // Overflow for an argument that cannot be converted, and what the method itself throws.
+  // parameters. Optional ones are left out at the end, and anywhere by Missing; they then hold
+  // their defaults. What the method assigned to a by-reference parameter is written back into
+  // `arguments`, in the kind that was there unless that cannot hold it. Errors: UnknownMember,
+  // WrongArgumentCount, TypeMismatch or Overflow for an argument that cannot be converted, and what
+  // the method itself throws.
   Variant CallMember(std::string_view name, std::span<Variant> arguments) override;
   Variant CallMember(std::int32_t dispatchId, std::span<Variant> arguments);
 };

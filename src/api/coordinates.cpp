@@ -6,16 +6,6 @@ namespace pagivo {
 
 namespace {
 
-enum ScaleMode : std::int16_t {
-  kTwips = 1,
-  kPoints,
-  kPixels,
-  kCharacters,
-  kInches,
-  kMillimetres,
-  kCentimetres,
-};
-
 constexpr double kTwipsPerPoint = 20;
 constexpr double kTwipsPerInch = 1440;
 constexpr double kMillimetresPerTenthOfInch = 2.54;
@@ -35,10 +25,33 @@ void UsePixels() {
   IgnoringErrors([] { State().ScaleY = ToSingle(Engine().GetTwipsPerPixelY()); });
 }
 
+void UseScaleMode(std::int16_t mode) {
+  switch (mode) {
+    case ScaleMode::Points:
+      return UseFactor(kTwipsPerPoint);
+    case ScaleMode::Pixels:
+      return UsePixels();
+    case ScaleMode::Characters:
+      return UseFactors(120, 240);
+    case ScaleMode::Inches:
+      return UseFactor(kTwipsPerInch);
+    case ScaleMode::Millimetres:
+      return UseFactor(kTwipsPerInch / 10 / kMillimetresPerTenthOfInch);
+    case ScaleMode::Centimetres:
+      return UseFactor(kTwipsPerInch / kCentimetresPerInch);
+    default:
+      return UseFactor(1);
+  }
+}
+
 // An engine's value in host units, unrounded.
 template <typename Read>
 Variant InHostUnits(float ModuleState::*scale, Read&& read) {
-  return ReadOrZero([&] { return Divide(read(), State().*scale); });
+  return ReadOrZero([&] {
+    Variant quotient = Divide(read(), State().*scale);
+    if (quotient.IsNull()) ThrowTypeMismatch();
+    return quotient;
+  });
 }
 
 // The same for a value that counts as a Double, divided by the widened factor.
@@ -52,30 +65,15 @@ Variant DoubleInHostUnits(float ModuleState::*scale, Read&& read) {
 
 }  // namespace
 
-void PgPrint::VsPPSetScaleMode(const std::int16_t& ScaleMode) {
-  switch (ScaleMode) {
-    case kPoints:
-      return UseFactor(kTwipsPerPoint);
-    case kPixels:
-      return UsePixels();
-    case kCharacters:
-      return UseFactors(120, 240);
-    case kInches:
-      return UseFactor(kTwipsPerInch);
-    case kMillimetres:
-      return UseFactor(kTwipsPerInch / 10 / kMillimetresPerTenthOfInch);
-    case kCentimetres:
-      return UseFactor(kTwipsPerInch / kCentimetresPerInch);
-    default:
-      return UseFactor(1);
-  }
+void PgPrint::VsPPSetScaleMode(const IntegerArgument& ScaleMode) {
+  IgnoringErrors([&] { UseScaleMode(ScaleMode); });
 }
 
-Variant PgPrint::VsPPTextWidthS(const std::string& Tekst) {
+Variant PgPrint::VsPPTextWidthS(const TextArgument& Tekst) {
   return DoubleInHostUnits(&ModuleState::ScaleX, [&] { return Engine().GetTextWidth(Tekst); });
 }
 
-Variant PgPrint::VsPPTextHeightS(const std::string& Tekst) {
+Variant PgPrint::VsPPTextHeightS(const TextArgument& Tekst) {
   return DoubleInHostUnits(&ModuleState::ScaleY, [&] { return Engine().GetTextHeight(Tekst); });
 }
 

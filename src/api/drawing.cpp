@@ -1,15 +1,12 @@
 // Lines, boxes, circles, polylines and pictures.
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
+#include "pagivo/picture.h"
 #include "values/regional_settings.h"
 
 namespace pagivo {
 
 namespace {
-
-constexpr std::int32_t kWhite = 0xFFFFFF;
-constexpr std::int32_t kSolidBrush = 0;
-constexpr std::int32_t kTransparentBrush = 1;
 
 // A condition given as an argument; Null counts as false.
 bool IsTrue(const Variant& condition) {
@@ -33,7 +30,7 @@ void SetUpFill(const Variant& fillStyle) {
     if (TrueOnError([&] { return ToDouble(fillStyle) > 0; })) CopyPenColorToBrush();
     IgnoringErrors([&] { Engine().PutBrushStyle(ToLong(fillStyle)); });
   } else {
-    IgnoringErrors([] { Engine().PutBrushStyle(kSolidBrush); });
+    IgnoringErrors([] { Engine().PutBrushStyle(BrushStyle::Solid); });
   }
 }
 
@@ -41,8 +38,8 @@ void SetUpBrush(const Variant& filled, const Variant& fillStyle) {
   if (IsTrue(filled)) {
     SetUpFill(fillStyle);
   } else {
-    IgnoringErrors([] { Engine().PutBrushColor(kWhite); });
-    IgnoringErrors([] { Engine().PutBrushStyle(kTransparentBrush); });
+    IgnoringErrors([] { Engine().PutBrushColor(Color::White); });
+    IgnoringErrors([] { Engine().PutBrushStyle(BrushStyle::Transparent); });
   }
 }
 
@@ -78,6 +75,13 @@ void PutRectangle(const double& x1, const double& y1, const double& x2, const do
   IgnoringErrors([&] { Engine().PutY2(ScaledDouble(State().ScaleY, y2)); });
 }
 
+// The picture object that an argument refers to.
+ObjectRef ToPicture(const Variant& value) {
+  ObjectRef object = ToObject(value);
+  if (dynamic_cast<const Picture*>(object.get()) == nullptr) ThrowTypeMismatch();
+  return object;
+}
+
 }  // namespace
 
 void PgPrint::VsPPLine(const Variant& varX1, const Variant& varY1, const Variant& varX2,
@@ -96,6 +100,12 @@ void PgPrint::VsPPLine(const Variant& varX1, const Variant& varY1, const Variant
   }
 }
 
+void PgPrint::VsPPLine(const Variant& varX1, const Variant& varY1, const Variant& varX2,
+                       const Variant& varY2, const LineOptions& options) {
+  VsPPLine(varX1, varY1, varX2, varY2, options.box, options.filled, options.color,
+           options.fillStyle, options.drawStyle, options.drawWidth);
+}
+
 void PgPrint::VsPPCircle(const Variant& varX1, const Variant& varY1, const Variant& varRadius,
                          const Variant& varStart, const Variant& varEnd, const Variant& varFilled,
                          const Variant& varColor, const Variant& varFillStyle,
@@ -107,6 +117,12 @@ void PgPrint::VsPPCircle(const Variant& varX1, const Variant& varY1, const Varia
     Engine().DrawCircle(ScaledX(varX1), ScaledY(varY1), ScaledX(varRadius),
                         isArc ? varStart : Missing, isArc ? varEnd : Missing);
   });
+}
+
+void PgPrint::VsPPCircle(const Variant& varX1, const Variant& varY1, const Variant& varRadius,
+                         const CircleOptions& options) {
+  VsPPCircle(varX1, varY1, varRadius, options.start, options.end, options.filled, options.color,
+             options.fillStyle, options.drawStyle, options.drawWidth);
 }
 
 void PgPrint::VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
@@ -123,7 +139,13 @@ void PgPrint::VsPPDrawPolyline(const Array<float>& varX, const Array<float>& var
   }
 }
 
-void PgPrint::VsPPPicture(const std::string& sPicturePath, const double& dX1, const double& dY1,
+void PgPrint::VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
+                               const PolylineOptions& options) {
+  VsPPDrawPolyline(varX, varY, options.closed, options.filled, options.color, options.fillStyle,
+                   options.drawStyle, options.drawWidth);
+}
+
+void PgPrint::VsPPPicture(const TextArgument& sPicturePath, const double& dX1, const double& dY1,
                           const double& dX2, const double& dY2) {
   PutRectangle(dX1, dY1, dX2, dY2);
   IgnoringErrors([&] {
@@ -135,7 +157,7 @@ void PgPrint::VsPPPicture(const std::string& sPicturePath, const double& dX1, co
 void PgPrint::VsPPRealPicture(const Variant& vPicture, const double& dX1, const double& dY1,
                               const double& dX2, const double& dY2) {
   PutRectangle(dX1, dY1, dX2, dY2);
-  IgnoringErrors([&] { Engine().PutPicture(ToObject(vPicture)); });
+  IgnoringErrors([&] { Engine().PutPicture(ToPicture(vPicture)); });
 }
 
 }  // namespace pagivo

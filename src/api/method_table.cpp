@@ -13,6 +13,16 @@ constexpr auto kFalse = DefaultValue::False;
 constexpr auto kLongZero = DefaultValue::LongZero;
 constexpr auto kIntegerZero = DefaultValue::IntegerZero;
 
+// Among methods of one name those whose arguments are all in a row.
+using Any = const Variant&;
+using Points = const Array<float>&;
+constexpr void (PgPrint::*kLine)(Any, Any, Any, Any, Any, Any, Any, Any, Any,
+                                 Any) = &PgPrint::VsPPLine;
+constexpr void (PgPrint::*kCircle)(Any, Any, Any, Any, Any, Any, Any, Any, Any,
+                                   Any) = &PgPrint::VsPPCircle;
+constexpr void (PgPrint::*kDrawPolyline)(Points, Points, Any, Any, Any, Any, Any,
+                                         Any) = &PgPrint::VsPPDrawPolyline;
+
 template <auto kMethod>
 consteval Member<PgPrint> Method(std::string_view name,
                                  std::initializer_list<DefaultValue> trailingDefaults = {}) {
@@ -30,11 +40,11 @@ constexpr auto kRows = Numbered(std::array{
     Method<&PgPrint::VsPPAfdrukkenAanUit>("VsPPAfdrukkenAanUit"),
     Method<&PgPrint::VsPPPrintR>("VsPPPrintR",
                                  {kMarker, kMarker, kMarker, kMarker, kMarker, kMarker, kMarker}),
-    Method<&PgPrint::VsPPDrawPolyline>(
-        "VsPPDrawPolyline", {kFalse, kFalse, kLongZero, kLongZero, kLongZero, kIntegerZero}),
+    Method<kDrawPolyline>("VsPPDrawPolyline",
+                          {kFalse, kFalse, kLongZero, kLongZero, kLongZero, kIntegerZero}),
     Method<&PgPrint::VsPPGetCopies>("VsPPGetCopies"),
-    Method<&PgPrint::VsPPCircle>(
-        "VsPPCircle", {kMarker, kMarker, kFalse, kLongZero, kLongZero, kLongZero, kIntegerZero}),
+    Method<kCircle>("VsPPCircle",
+                    {kMarker, kMarker, kFalse, kLongZero, kLongZero, kLongZero, kIntegerZero}),
     Method<&PgPrint::VsPPGetCurrentPage>("VsPPGetCurrentPage"),
     Method<&PgPrint::VsPPEinde>("VsPPEinde"),
     Method<&PgPrint::VsPPClose>("VsPPClose"),
@@ -62,8 +72,7 @@ constexpr auto kRows = Numbered(std::array{
     Method<&PgPrint::VsPPGetPaperWidth>("VsPPGetPaperWidth"),
     Method<&PgPrint::VsPPGetPaperWidthS>("VsPPGetPaperWidthS"),
     Method<&PgPrint::VsPPGetPageCount>("VsPPGetPageCount"),
-    Method<&PgPrint::VsPPLine>("VsPPLine",
-                               {kFalse, kFalse, kLongZero, kLongZero, kLongZero, kIntegerZero}),
+    Method<kLine>("VsPPLine", {kFalse, kFalse, kLongZero, kLongZero, kLongZero, kIntegerZero}),
     Method<&PgPrint::VsPPNewPage>("VsPPNewPage"),
     Method<&PgPrint::VsPPPageSetup>("VsPPPageSetup"),
     Method<&PgPrint::VsPPPicture>("VsPPPicture"),

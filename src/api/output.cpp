@@ -1,4 +1,6 @@
 // Preview, print, PDF.
+#include <algorithm>
+
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
 
@@ -37,35 +39,35 @@ void PrintOnce(const PageRange& range) {
 
 }  // namespace
 
-void PgPrint::VsPreviewFile(std::int16_t& Pagina) {
-  const std::int32_t zoomMode = ReadOrZero([] { return Engine().GetZoomMode(); });
-  if (zoomMode == kZoomTwoPages && Pagina % 2 == 0) {
-    IgnoringErrors([&] { Pagina = SubtractIntegers(Pagina, 1); });
-  }
-  if (Pagina < 1) {
-    ShowPage(1);
-  } else {
-    const std::int16_t last = ReadOrZero(LastPage);
-    ShowPage(Pagina > last ? last : Pagina);
-  }
-  IgnoringErrors(ToonVoorbeeld);
+void PgPrint::VsPreviewFile(IntegerVariable Pagina) {
+  IgnoringErrors([&] {
+    std::int16_t page = Pagina;
+    const std::int32_t zoomMode = ReadOrZero([] { return Engine().GetZoomMode(); });
+    if (zoomMode == kZoomTwoPages && page % 2 == 0) {
+      IgnoringErrors([&] { Pagina = page = SubtractIntegers(page, 1); });
+    }
+    if (page < 1) {
+      ShowPage(1);
+    } else {
+      ShowPage(std::min(page, ReadOrZero(LastPage)));
+    }
+    IgnoringErrors(ToonVoorbeeld);
+  });
 }
 
-void PgPrint::VsPrintFile(const std::int16_t& AantalExemplaren, const Variant& Van,
+void PgPrint::VsPrintFile(const IntegerArgument& AantalExemplaren, const Variant& Van,
                           const Variant& Tm) {
-  const PageRange range = PrintRangeOf(Van, Tm);
-  IgnoringErrors([] { Engine().PutCopies(1); });
-  if (AantalExemplaren == 0) {
-    PrintOnce(range);
-    return;
-  }
-  // A job for each copy, so that they come out collated. The host may change its variable
-  // meanwhile.
-  const std::int32_t copies = AantalExemplaren;
-  for (std::int32_t copy = 1; copy <= copies; ++copy) PrintOnce(range);
+  IgnoringErrors([&] {
+    const std::int16_t copies = AantalExemplaren;
+    const PageRange range = PrintRangeOf(Van, Tm);
+    IgnoringErrors([] { Engine().PutCopies(1); });
+    if (copies == 0) PrintOnce(range);
+    // A job for each copy, so that they come out collated.
+    for (std::int32_t copy = 1; copy <= copies; ++copy) PrintOnce(range);
+  });
 }
 
-void PgPrint::VSPDF(const std::string& Filename) {
+void PgPrint::VSPDF(const TextArgument& Filename) {
   ReportingErrors([&] {
     const std::int16_t last = LastPage();
     PreviewForm().Exporter().ExportPdf(PreviewForm().vsPrint(), Filename, 1, last);

@@ -16,20 +16,25 @@ bool IsWatermark(std::int16_t number) {
 
 }  // namespace
 
-void PgPrint::VsPPStartOverlay(const std::int16_t& Bladnummer) {
-  if (Bladnummer <= 0) return;
-  IgnoringErrors([&] { Engine().StartOverlay(Bladnummer); });
+void PgPrint::VsPPStartOverlay(const IntegerArgument& Bladnummer) {
+  IgnoringErrors([&] {
+    const std::int16_t page = Bladnummer;
+    if (page > 0) Engine().StartOverlay(page);
+  });
 }
 
 void PgPrint::VsPPEndOverlay() {
   IgnoringErrors([] { Engine().EndOverlay(); });
 }
 
-void PgPrint::VsPPWatermerkInit(const std::int16_t& Watermerk) {
-  if (!IsWatermark(Watermerk)) return;
-  State().WatermarkOn = Watermerk;
-  IgnoringErrors([this] { VsPPSetPreviewMode(1); });
-  IgnoringErrors([this] { VsWatermerkAfdrukken(); });
+void PgPrint::VsPPWatermerkInit(const IntegerArgument& Watermerk) {
+  IgnoringErrors([&] {
+    const std::int16_t watermark = Watermerk;
+    if (!IsWatermark(watermark)) return;
+    State().WatermarkOn = watermark;
+    IgnoringErrors([this] { VsPPSetPreviewMode(1); });
+    IgnoringErrors([this] { VsWatermerkAfdrukken(); });
+  });
 }
 
 void PgPrint::VsWatermerkAfdrukken() {

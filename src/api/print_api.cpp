@@ -40,9 +40,11 @@ void PgPrint::VsPPNewPage() {
   IgnoringErrors([this] { VsWatermerkAfdrukken(); });
 }
 
-void PgPrint::VsPPFinish(std::string sTitle) {
-  IgnoringErrors([&] { Engine().PutDocName(sTitle); });
-  IgnoringErrors([&] { PreviewForm().PutCaption("Afdrukvoorbeeld " + std::string(Trim(sTitle))); });
+void PgPrint::VsPPFinish(TextArgument sTitle) {
+  // A copy of its own, whatever becomes of the host's text meanwhile.
+  const std::string title = sTitle;
+  IgnoringErrors([&] { Engine().PutDocName(title); });
+  IgnoringErrors([&] { PreviewForm().PutCaption("Afdrukvoorbeeld " + std::string(Trim(title))); });
   IgnoringErrors([this] { VsPPClose(); });
 }
 
@@ -67,7 +69,7 @@ std::string PgPrint::VsPPGetDevice() {
   return ReadOrZero([] { return Engine().GetDevice(); });
 }
 
-void PgPrint::VsPPZetInhoud(const std::string& sOmschrijving) {
+void PgPrint::VsPPZetInhoud(const TextArgument& sOmschrijving) {
   if (State().ContentsCount >= kMaximumContents) return;
   const std::int16_t entry = ++State().ContentsCount;
   IgnoringErrors([&] { State().ContentsTitle(entry) = sOmschrijving; });
@@ -88,8 +90,8 @@ void PgPrint::VsPPAfdrukkenAanUit(const bool& AfdrukkenUit) {
 }
 
 // Hosts call these two; there is nothing to be done.
-void PgPrint::VsPPSetPreviewMode(const std::int16_t&) {}
+void PgPrint::VsPPSetPreviewMode(const IntegerArgument&) {}
 
-void PgPrint::VsPPZetHelp(const std::string&, const std::int32_t&) {}
+void PgPrint::VsPPZetHelp(const TextArgument&, const std::int32_t&) {}
 
 }  // namespace pagivo

@@ -1,4 +1,6 @@
 // Printers and the dialogs about them.
+#include <algorithm>
+
 #include "api/engine_access.h"
 #include "dialogs/frm_afdruk_setup.h"
 #include "pagivo/pg_print.h"
@@ -15,13 +17,19 @@ bool ShowEngineDialog(std::int32_t dialog) {
   });
 }
 
+void SeedPrintRequest(std::int16_t copies, std::int16_t fromPage, std::int16_t toPage) {
+  State().PrintCopies = std::max<std::int16_t>(copies, 1);
+  State().PrintFromPage = std::max<std::int16_t>(fromPage, 0);
+  State().PrintToPage = std::max<std::int16_t>(toPage, 0);
+}
+
 }  // namespace
 
 std::int16_t PgPrint::VsPPGetNDevices() {
   return ReadOrZero([] { return Engine().GetNDevices(); });
 }
 
-void PgPrint::VsPPSetDevice(const std::string& DeviceName) {
+void PgPrint::VsPPSetDevice(const TextArgument& DeviceName) {
   IgnoringErrors([&] { Engine().PutDevice(DeviceName); });
 }
 
@@ -29,17 +37,17 @@ std::int16_t PgPrint::VsPPGetCopies() {
   return ReadOrZero([] { return Engine().GetCopies(); });
 }
 
-Variant PgPrint::VsPPPrinterDialog(std::string& DeviceName, std::int16_t& Copies,
-                                   std::int16_t& FromPage, std::int16_t& ToPage) {
-  State().PrintCopies = Copies >= 2 ? Copies : std::int16_t{1};
-  State().PrintFromPage = FromPage >= 1 ? FromPage : std::int16_t{0};
-  State().PrintToPage = ToPage >= 1 ? ToPage : std::int16_t{0};
-  IgnoringErrors([] { PrinterSetupDialog(PreviewEngine).ShowModal(); });
-  IgnoringErrors([&] { DeviceName = State().PrintDevice; });
-  Copies = State().PrintCopies;
-  FromPage = State().PrintFromPage;
-  ToPage = State().PrintToPage;
-  return !State().PrintCancelled;
+Variant PgPrint::VsPPPrinterDialog(std::string& DeviceName, IntegerVariable Copies,
+                                   IntegerVariable FromPage, IntegerVariable ToPage) {
+  return ReadOrZero([&]() -> Variant {
+    SeedPrintRequest(Copies, FromPage, ToPage);
+    IgnoringErrors([] { PrinterSetupDialog(PreviewEngine).ShowModal(); });
+    IgnoringErrors([&] { DeviceName = State().PrintDevice; });
+    Copies = State().PrintCopies;
+    FromPage = State().PrintFromPage;
+    ToPage = State().PrintToPage;
+    return !State().PrintCancelled;
+  });
 }
 
 bool PgPrint::VsPPPrinterSetup() {

@@ -38,25 +38,28 @@ void PutUnderline(const Variant& underline) {
   WhenPresent(underline, [&] { Engine().PutFontUnderline(ToBoolean(underline)); });
 }
 
-// `part` is the piece of `text` that remains after trimming; most texts need no copy.
+// Uses what remains of a text after trimming; most texts need no copy.
+using Trimming = std::string_view (*)(std::string_view text);
 template <typename Use>
-auto WithText(const std::string& text, std::string_view part, Use&& use) {
+auto WithTrimmed(const std::string& text, Trimming trim, Use&& use) {
+  const std::string_view part = trim(text);
   return part.size() == text.size() ? use(text) : use(std::string(part));
 }
 
-void PrintText(const std::string& text, std::string_view part) {
-  IgnoringErrors(
-      [&] { WithText(text, part, [](const std::string& printed) { Engine().PutText(printed); }); });
+void PrintText(const std::string& text, Trimming trim) {
+  IgnoringErrors([&] {
+    WithTrimmed(text, trim, [](const std::string& printed) { Engine().PutText(printed); });
+  });
 }
 
-double WidthOf(const std::string& text, std::string_view part) {
-  return WithText(text, part,
-                  [](const std::string& measured) { return Engine().GetTextWidth(measured); });
+double WidthOf(const std::string& text, Trimming trim) {
+  return WithTrimmed(text, trim,
+                     [](const std::string& measured) { return Engine().GetTextWidth(measured); });
 }
 
 }  // namespace
 
-void PgPrint::VsPPPrint(const std::string& varText, const Variant& varX, const Variant& varY,
+void PgPrint::VsPPPrint(const TextArgument& varText, const Variant& varX, const Variant& varY,
                         const Variant& varFontName, const Variant& varSize, const Variant& varBold,
                         const Variant& varUnderline, const Variant& varItalic) {
   WhenPresent(varX, [&] { Engine().PutCurrentX(ScaledX(varX)); });
@@ -65,16 +68,16 @@ void PgPrint::VsPPPrint(const std::string& varText, const Variant& varX, const V
   PutBold(varBold);
   PutItalic(varItalic);
   PutUnderline(varUnderline);
-  PrintText(varText, TrimRight(varText));
+  PrintText(varText, TrimRight);
 }
 
-void PgPrint::VsPPPrintR(const std::string& varText, const Variant& varX, const Variant& varY,
+void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const Variant& varY,
                          const Variant& varFontName, const Variant& varSize, const Variant& varBold,
                          const Variant& varUnderline, const Variant& varItalic) {
   if (!varX.IsMissing()) {
     // Measured in the font in force before this call's own takes effect, and trimmed on the other
     // side than the printed text: hosts lay out their tables by both.
-    const double width = ReadOrZero([&] { return WidthOf(varText, TrimRight(varText)); });
+    const double width = ReadOrZero([&] { return WidthOf(varText, TrimRight); });
     IgnoringErrors([&] { Engine().PutCurrentX(ToDouble(ScaledX(varX)) - width); });
   }
   WhenPresent(varY, [&] { Engine().PutCurrentY(ScaledY(varY)); });
@@ -82,7 +85,7 @@ void PgPrint::VsPPPrintR(const std::string& varText, const Variant& varX, const 
   PutBold(varBold);
   PutItalic(varItalic);
   PutUnderline(varUnderline);
-  PrintText(varText, TrimLeft(varText));
+  PrintText(varText, TrimLeft);
 }
 
 void PgPrint::VsPPSetFont(const Variant& FontName, const Variant& FontSize, const Variant& FontBold,
@@ -101,11 +104,11 @@ Variant PgPrint::VsPPGetFontSize() {
   return ReadOrZero([] { return Variant(Engine().GetFontSize()); });
 }
 
-std::int32_t PgPrint::VsPPTextWidth(const std::string& Tekst) {
+std::int32_t PgPrint::VsPPTextWidth(const TextArgument& Tekst) {
   return ReadOrZero([&] { return ToLong(Engine().GetTextWidth(Tekst)); });
 }
 
-std::int32_t PgPrint::VsPPTextHeight(const std::string& Tekst) {
+std::int32_t PgPrint::VsPPTextHeight(const TextArgument& Tekst) {
   return ReadOrZero([&] { return ToLong(Engine().GetTextHeight(Tekst)); });
 }
 

@@ -57,7 +57,7 @@ PageImage DrawPageImage(std::int32_t page, double dotsPerInch) {
   });
 }
 
-void WritePagePng(std::int32_t page, double dotsPerInch, const std::string& path) {
+void WritePagePng(std::int32_t page, double dotsPerInch, const TextArgument& path) {
   ReportingErrors([&] { native::WritePng(DrawCurrentPage(page, dotsPerInch), path); });
 }
 

@@ -5,7 +5,7 @@
 
 namespace pagivo {
 
-ObjectRef LoadPicture(const std::string& path) {
+ObjectRef LoadPicture(const TextArgument& path) {
   return ReportingErrors([&] { return CurrentPlatform().loadPicture(path); });
 }
 

@@ -61,6 +61,12 @@ TEST_F(Coordinates, OnlyTheModeInPixelsAsksTheEngine) {
               ElementsAre("get TwipsPerPixelX", "get TwipsPerPixelY"));
 }
 
+TEST_F(Coordinates, AScaleModeBeyondSixteenBitsKeepsTheFactors) {
+  UseScale(2, 3);
+  print.VsPPSetScaleMode(65536 + 6);
+  ExpectFactors(2, 3);
+}
+
 TEST_F(Coordinates, AFailingPixelWidthKeepsThatFactorAlone) {
   Engine().Answer("TwipsPerPixelY", 12.0);
   Engine().FailOn("get TwipsPerPixelX");
@@ -255,12 +261,8 @@ TEST_F(Coordinates, AScaledGetterIsEmptyForAnEngineValueThatIsNoNumber) {
   }
 }
 
-TEST_F(Coordinates, ANullOfTheEngineIsAMarginsQuotientButNoDouble) {
-  for (const ScaledGetter& getter : kMarginGetters) {
-    Engine().Answer(getter.property, Null);
-    EXPECT_EQ(getter.read(print), Variant(Null)) << getter.name;
-  }
-  for (const ScaledGetter& getter : kDoubleGetters) {
+TEST_F(Coordinates, ANullOfTheEngineIsEmptyToTheHost) {
+  for (const ScaledGetter& getter : AllScaledGetters()) {
     Engine().Answer(getter.property, Null);
     EXPECT_EQ(getter.read(print), Variant()) << getter.name;
   }

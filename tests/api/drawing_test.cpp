@@ -342,5 +342,55 @@ TEST_F(Drawing, ARadiusIsHorizontalAndAnglesAreNotScaled) {
             "call DrawCircle Single 2, Single 6, Single 6, Integer 3, Integer 4");
 }
 
+// --- Options by name ----------------------------------------------------------------------------
+
+TEST_F(Drawing, OptionsByNameHoldTheDefaultsUntilTheyAreGiven) {
+  EXPECT_EQ(LogOf([&] { print.VsPPLine(kOne, kTwo, kThree, kFour, LineOptions{}); }),
+            LogOf([&] { print.VsPPLine(kOne, kTwo, kThree, kFour); }));
+  EXPECT_EQ(LogOf([&] { print.VsPPCircle(kOne, kTwo, kThree, CircleOptions{}); }),
+            LogOf([&] { print.VsPPCircle(kOne, kTwo, kThree); }));
+  EXPECT_EQ(LogOf([&] { print.VsPPDrawPolyline(Points({1}), Points({2}), PolylineOptions{}); }),
+            LogOf([&] { print.VsPPDrawPolyline(Points({1}), Points({2})); }));
+}
+
+TEST_F(Drawing, OptionsByNameMakeTheSameCall) {
+  const Style style{.filled = true,
+                    .color = Color::Navy,
+                    .fillStyle = BrushStyle::Cross,
+                    .drawStyle = PenStyle::DashDot,
+                    .drawWidth = 12.5};
+  EXPECT_EQ(LogOf([&] {
+              print.VsPPLine(kOne, kTwo, kThree, kFour,
+                             {.box = true,
+                              .filled = true,
+                              .color = Color::Navy,
+                              .fillStyle = BrushStyle::Cross,
+                              .drawStyle = PenStyle::DashDot,
+                              .drawWidth = 12.5});
+            }),
+            LogOf([&] { Line(true, style); }));
+  EXPECT_EQ(LogOf([&] {
+              print.VsPPCircle(kOne, kTwo, kThree,
+                               {.start = 0.5,
+                                .end = 1.5,
+                                .filled = true,
+                                .color = Color::Navy,
+                                .fillStyle = BrushStyle::Cross,
+                                .drawStyle = PenStyle::DashDot,
+                                .drawWidth = 12.5});
+            }),
+            LogOf([&] { Circle(0.5, 1.5, style); }));
+  EXPECT_EQ(LogOf([&] {
+              print.VsPPDrawPolyline(Points({1}), Points({2}),
+                                     {.closed = true,
+                                      .filled = true,
+                                      .color = Color::Navy,
+                                      .fillStyle = BrushStyle::Cross,
+                                      .drawStyle = PenStyle::DashDot,
+                                      .drawWidth = 12.5});
+            }),
+            LogOf([&] { Polyline(true, style); }));
+}
+
 }  // namespace
 }  // namespace pagivo::testing

@@ -154,7 +154,7 @@ std::vector<Case> Cases() {
         "get Devices Integer 3", "get Device", "get Device", "get Device", "get Device",
         "get Device"},
        "Boolean False",
-       Lines{"String \"\"", "Integer 5", "Integer 0", "Integer 7"}},
+       Lines{"String \"\"", "String \"5\"", "Long 0", "Double 7"}},
       {"VsPPPrinterSetup", {}, {"get PrintDialog Long 0"}, "Boolean True"},
       {"VsPPRenderControl", {4711.0}, {"put RenderControl Long 4711"}},
       {"VsPPSetPhysicalPage", {std::int16_t{-1}}, {"put PhysicalPage Boolean True"}},
@@ -191,7 +191,7 @@ std::vector<Case> Cases() {
         // The window's first layout.
         "put ZoomMode Long 3", "get Zoom"},
        "Empty",
-       Lines{"Integer 3"},
+       Lines{"Long 3"},
        true},
       {"VsPrintFile",
        {std::int16_t{1}},
@@ -377,12 +377,22 @@ TEST(LateBoundPrint, LeftOutArgumentsHoldTheDefaultsOfTheClass) {
   }
 }
 
-TEST(LateBoundPrint, AMissingMarkerBypassesTheDefault) {
+TEST(LateBoundPrint, AnArgumentLeftOutInTheMiddleHoldsItsDefaultToo) {
   Host host;
-  const std::int16_t one = 1;
-  Arguments arguments = {one, one, one, one, Missing, Missing};
+  const std::int16_t low = 100;
+  const std::int16_t high = 200;
+  Arguments arguments = {low, low, high, high, Missing, Missing, std::int16_t{255}};
   host.print.CallMember("VsPPLine", arguments);
-  EXPECT_EQ(host.Log().back(), "call DrawRectangle Single 1, Single 1, Single 1, Single 1");
+  EXPECT_THAT(host.Log(),
+              ElementsAre("put PenStyle Long 0", "put PenWidth Integer 0", "put PenColor Long 255",
+                          "call DrawLine Single 100, Single 100, Single 200, Single 200"));
+}
+
+TEST(LateBoundPrint, APageThatThePreviewDoesNotChangeStaysWhatItWas) {
+  Host host;
+  Arguments arguments = {3.0};
+  host.print.CallMember("VsPreviewFile", arguments);
+  EXPECT_EQ(arguments, Arguments{3.0});
 }
 
 // --- Errors -----------------------------------------------------------------------------------
@@ -455,6 +465,19 @@ TEST(LateBoundEngine, IsReadWrittenAndCalledByName) {
   EXPECT_THAT(host.Log(), ElementsAre("get PageCount", "put FontSize Single 12",
                                       "call DrawCircle Integer 1, Integer 2, Integer 3",
                                       "get PaperSizes Long 9"));
+}
+
+TEST(LateBoundEngine, DrawsACircleOfThreeOrFiveArguments) {
+  Host host;
+  Object& engine = host.platform.Engine();
+  Arguments arc = {1.0, 2.0, 3.0, 0.5, 1.5};
+  engine.CallMember("DrawCircle", arc);
+  EXPECT_THAT(host.Log(),
+              ElementsAre("call DrawCircle Double 1, Double 2, Double 3, Double 0.5, Double 1.5"));
+  Arguments oneAngle = {1.0, 2.0, 3.0, 0.5};
+  ExpectError(ErrorNumber::WrongArgumentCount,
+              "DrawCircle: verkeerd aantal argumenten (4 in plaats van 3 of 5)",
+              [&] { engine.CallMember("DrawCircle", oneAngle); });
 }
 
 TEST(LateBoundEngine, ReportsWhatItDoesNotOffer) {

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "pagivo/pg_print.h"
@@ -222,6 +223,10 @@ TEST_F(Lifecycle, TheNextStartReplacesTheHost) {
   EXPECT_EQ(State().HostForm, nullptr);
 }
 
+// Making an object resets the shared state; a copy would be one that does not.
+static_assert(!std::is_copy_constructible_v<PgPrint> && !std::is_copy_assignable_v<PgPrint>);
+static_assert(!std::is_move_constructible_v<PgPrint> && !std::is_move_assignable_v<PgPrint>);
+
 // --- VsPPNewPage, VsPPFinish, VsPPClose -------------------------------------------------------
 
 // Notes which of its methods the others call.
@@ -294,6 +299,14 @@ TEST_F(Lifecycle, FinishWithAnEmptyTitleKeepsTheCaptionsBlank) {
   print.VsPPFinish("");
   EXPECT_THAT(Log(), ElementsAre("put DocName String \"\"", "call EndDoc"));
   EXPECT_EQ(PreviewForm().Caption(), "Afdrukvoorbeeld ");
+}
+
+TEST_F(Lifecycle, FinishTakesTheTitleAsItWasWhenItWasCalled) {
+  std::string title = "Rapport";
+  platform.Log().Meanwhile("put DocName", [&] { title = "Anders"; });
+  PgPrint print;
+  print.VsPPFinish(title);
+  EXPECT_EQ(PreviewForm().Caption(), "Afdrukvoorbeeld Rapport");
 }
 
 TEST_F(Lifecycle, FinishEndsTheDocumentThroughTheObjectsOwnClose) {

@@ -64,6 +64,20 @@ TEST_F(Preview, InTwoPageViewAnEvenPageBecomesTheOddOneBeforeItForTheHostToo) {
   }
 }
 
+TEST_F(Preview, TakesPlainNumbersAndVariablesOfOtherTypes) {
+  EXPECT_THAT(WritesOf([&] { print.VsPreviewFile(3); }), Contains("put PreviewPage Integer 3"));
+  Engine().Answer("ZoomMode", Long(2));
+  int page = 4;
+  EXPECT_THAT(WritesOf([&] { print.VsPreviewFile(page); }), Contains("put PreviewPage Integer 3"));
+  EXPECT_EQ(page, 3);
+}
+
+TEST_F(Preview, IsNotShownAtAPageBeyondSixteenBits) {
+  int page = 70000;
+  EXPECT_THAT(LogOf([&] { print.VsPreviewFile(page); }), IsEmpty());
+  EXPECT_EQ(page, 70000);
+}
+
 TEST_F(Preview, ThePageBeforeTheLowestIntegerIsLeftAsItIs) {
   Engine().Answer("ZoomMode", Long(2));
   std::int16_t page = -32768;
@@ -232,6 +246,10 @@ TEST_F(Printing, TheNumberOfCopiesIsTakenAtTheStart) {
 
 TEST_F(Printing, TheLargestNumberOfCopiesEnds) {
   EXPECT_EQ(WritesOf([&] { print.VsPrintFile(Integer(32767)); }).size(), 32768U);
+}
+
+TEST_F(Printing, NothingIsPrintedForANumberOfCopiesBeyondSixteenBits) {
+  EXPECT_THAT(LogOf([&] { print.VsPrintFile(65537); }), IsEmpty());
 }
 
 TEST_F(Printing, ThePageCountIsReadForEachTestAndForTheLastPage) {

@@ -175,8 +175,8 @@ TEST_F(Overlays, ANewPageThatFailsIsStampedAllTheSame) {
 
 class OverridingPrint : public PgPrint {
  public:
-  void VsPPSetPreviewMode(const std::int16_t& PreviewMode) override {
-    calls.push_back("preview mode " + std::to_string(PreviewMode) + ", watermark " +
+  void VsPPSetPreviewMode(const IntegerArgument& PreviewMode) override {
+    calls.push_back("preview mode " + std::to_string(std::int16_t{PreviewMode}) + ", watermark " +
                     std::to_string(State().WatermarkOn));
   }
   void VsWatermerkAfdrukken() override { calls.emplace_back("draw the watermark"); }

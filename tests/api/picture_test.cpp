@@ -46,8 +46,10 @@ TEST_F(Pictures, APictureObjectIsDrawnIntoTheRectangle) {
 }
 
 TEST_F(Pictures, WhatIsNoPictureObjectLeavesOnlyTheRectangle) {
+  struct NoPicture : Object {};
   for (const Variant& value : {Variant(), Variant(Null), Variant(Missing), Variant(Integer(1)),
-                               Variant(1.5), Variant("logo.png"), Variant(true)}) {
+                               Variant(1.5), Variant("logo.png"), Variant(true),
+                               Variant(ObjectRef()), Variant(std::make_shared<NoPicture>())}) {
     EXPECT_THAT(
         LogOf([&] { print.VsPPRealPicture(value, 1, 2, 3, 4); }),
         ElementsAre("put X1 Double 1", "put Y1 Double 2", "put X2 Double 3", "put Y2 Double 4"))

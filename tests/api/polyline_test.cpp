@@ -1,4 +1,5 @@
 #include <limits>
+#include <span>
 #include <string_view>
 
 #include "api/api_test.h"
@@ -28,6 +29,17 @@ TEST_F(Polylines, APolylineIsAListOfPointsEachNumberFollowedByASpace) {
               print.VsPPDrawPolyline(Points({0, 10, 20}), Points({0, 0, 10}));
             }).back(),
             "put Polyline String \"0 0 10 0 20 10 \"");
+}
+
+TEST_F(Polylines, VectorsAndSpansAreDrawnWhole) {
+  const std::vector<float> x = {0, 10, 20};
+  const std::vector<float> y = {0, 0, 10};
+  EXPECT_EQ(LogOf([&] { print.VsPPDrawPolyline(x, y); }).back(),
+            "put Polyline String \"0 0 10 0 20 10 \"");
+  EXPECT_EQ(LogOf([&] {
+              print.VsPPDrawPolyline(std::span(x).first(2), std::span<const float>(y), true);
+            }).back(),
+            "put Polygon String \"0 0 10 0 \"");
 }
 
 TEST_F(Polylines, AClosedPolylineIsAPolygon) {

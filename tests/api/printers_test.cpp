@@ -186,6 +186,24 @@ TEST_F(PrinterDialog, ConfirmingGivesTheHostTheChoices) {
   EXPECT_EQ(request, chosen);
 }
 
+TEST_F(PrinterDialog, TakesPlainNumbersAndVariablesOfOtherTypes) {
+  User([&](Form& form, FormUser&) { Confirm(form, {"Laser", 4, 2, 9}); });
+  std::string device;
+  int copies = 1;
+  long from = 0;
+  EXPECT_EQ(print.VsPPPrinterDialog(device, copies, from, 0), Variant(true));
+  EXPECT_EQ(copies, 4);
+  EXPECT_EQ(from, 2);
+}
+
+TEST_F(PrinterDialog, IsNotShownForANumberBeyondSixteenBits) {
+  std::string device = "Inkt";
+  State().PrintFromPage = 7;
+  EXPECT_EQ(print.VsPPPrinterDialog(device, 2, 3, 70000), Variant());
+  EXPECT_EQ(device, "Inkt");
+  EXPECT_EQ(State().PrintFromPage, 7);
+}
+
 TEST_F(PrinterDialog, CancellingGivesTheHostTheRequestAllTheSame) {
   State().PrintDevice = "Vorige";
   User(Cancel);

@@ -1,4 +1,5 @@
 #include <functional>
+#include <string_view>
 
 #include "api/api_test.h"
 
@@ -281,7 +282,7 @@ TEST_F(Text, FailingFontGettersAnswerNothing) {
 
 struct ExtentGetter {
   std::string_view property;
-  std::int32_t (PgPrint::*read)(const std::string& text);
+  std::int32_t (PgPrint::*read)(const TextArgument& text);
 };
 
 constexpr ExtentGetter kExtentGetters[] = {
@@ -325,6 +326,14 @@ TEST_F(Text, AFailingMeasurementAnswersZero) {
     Engine().FailOn("get " + std::string(getter.property));
     EXPECT_EQ((print.*getter.read)("abc"), 0);
   }
+}
+
+TEST_F(Text, EveryTypeOfTextIsPrinted) {
+  constexpr std::string_view kText = "abcdef";
+  EXPECT_THAT(LogOf([&] { print.VsPPPrint(kText.substr(0, 3)); }),
+              ElementsAre("put Text String \"abc\""));
+  const char* nothing = nullptr;
+  EXPECT_THAT(LogOf([&] { print.VsPPPrint(nothing); }), ElementsAre("put Text String \"\""));
 }
 
 TEST_F(Text, PrintingBeforeAnyDocumentGoesToTheEngineOfANewWindow) {

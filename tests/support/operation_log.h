@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "pagivo/picture.h"
 #include "pagivo/variant.h"
 
 namespace pagivo::testing {
@@ -20,8 +21,8 @@ std::string Describe(const Variant& value);
 // 1, Integer 5`.
 std::string Describe(std::string_view operation, std::initializer_list<Variant> values);
 
-// An object that a log can tell from others.
-class NamedObject : public Object {
+// An object that a log can tell from others. It passes for a picture.
+class NamedObject : public Picture {
  public:
   explicit NamedObject(std::string name) : name_(std::move(name)) {}
   const std::string& Name() const noexcept { return name_; }

@@ -6,13 +6,13 @@
 #include <memory>
 #include <vector>
 
-#include "pagivo/object.h"
+#include "pagivo/picture.h"
 
 namespace pagivo::native {
 
 // Pixels are immutable once loaded. An empty picture has neither width nor height and draws
 // nothing.
-class PictureImage : public Object {
+class PictureImage : public Picture {
  public:
   struct Pixels {
     std::int32_t width = 0;
