@@ -11,9 +11,7 @@
 namespace plumeo {
 namespace {
 
-constexpr std::int16_t kMillimetres = 6;
-constexpr std::int16_t kContentsPage = 2;
-constexpr std::int16_t kA4 = 9;
+constexpr int kContentsPage = 2;
 
 void DrawContents(Flow& flow) {
   Sheet& sheet = flow.Paper();
@@ -50,8 +48,8 @@ void DrawFoot(Flow& flow, const Project& project, std::size_t page) {
 
 // What can be drawn only when the last page is known.
 void DrawOverlays(pagivo::PgPrint& print, Flow& flow, const Project& project) {
-  const auto pages = static_cast<std::int16_t>(print.VsPPGetPageCount() - 1);
-  for (std::int16_t page = 1; page <= pages; ++page) {
+  const int pages = print.VsPPGetPageCount() - 1;
+  for (int page = 1; page <= pages; ++page) {
     print.VsPPStartOverlay(page);
     if (page == kContentsPage) DrawContents(flow);
     DrawFoot(flow, project, static_cast<std::size_t>(page));
@@ -86,9 +84,9 @@ void ComposeReport(pagivo::PgPrint& print, const Project& project, const Results
                    const ReportOptions& options) {
   print.VsPPInit();
   print.VsPPStart(options.hostForm);
-  print.VsPPSetScaleMode(kMillimetres);
-  print.VsPPSetPaperSize(kA4);
-  print.VsPPSetOrientation(std::int32_t{1});
+  print.VsPPSetScaleMode(pagivo::ScaleMode::Millimetres);
+  print.VsPPSetPaperSize(pagivo::PaperSize::A4);
+  print.VsPPSetOrientation(Orientation::Portrait);
   print.VsPPWatermerkInit(options.watermark);
   Flow flow(print, project.texts.name);
   Report report{flow, project, results};

@@ -49,10 +49,10 @@ double Flow::Bottom() const {
   return (landscape ? kPortraitWidth : kPortraitHeight) - kFooterGap;
 }
 
-void Flow::NewPage(Orientation orientation) {
+void Flow::NewPage(std::int16_t orientation) {
   // Before the page begins: a watermark is drawn with its beginning, and a page that carries
   // something keeps its orientation.
-  print_.VsPPSetOrientation(static_cast<std::int32_t>(orientation));
+  print_.VsPPSetOrientation(orientation);
   print_.VsPPNewPage();
   orientations_.push_back(orientation);
   DrawRunningHead();
@@ -78,7 +78,7 @@ void Flow::AddHeading(const std::string& number, const std::string& title, bool 
   print_.VsPPZetInhoud((isChapter ? "" : "    ") + number + "  " + title);
 }
 
-void Flow::Chapter(const std::string& title, Orientation orientation) {
+void Flow::Chapter(const std::string& title, std::int16_t orientation) {
   ++chapter_;
   section_ = formulas_ = tables_ = figures_ = 0;
   chapterTitle_ = title;

@@ -13,8 +13,6 @@
 
 namespace plumeo {
 
-enum class Orientation { Portrait = 1, Landscape = 2 };
-
 // A heading and the page on which it stands.
 struct Heading {
   std::string number;
@@ -53,14 +51,14 @@ class Flow {
   void Space(double height) { y_ += height; }
 
   // Ends this page and begins the next.
-  void NewPage(Orientation orientation = Orientation::Portrait);
+  void NewPage(std::int16_t orientation = Orientation::Portrait);
   // A new page unless `height` still fits on this one.
   void Need(double height);
   // Ends the last page; nothing may follow.
   void End();
 
   // Both are listed in the preview's contents as well as in Headings. A chapter opens a page.
-  void Chapter(const std::string& title, Orientation orientation = Orientation::Portrait);
+  void Chapter(const std::string& title, std::int16_t orientation = Orientation::Portrait);
   void Section(const std::string& title);
   void Paragraph(std::string_view markup);
   void Bullet(std::string_view markup);
@@ -76,7 +74,7 @@ class Flow {
   const std::vector<Heading>& Headings() const { return headings_; }
   int Page() const { return static_cast<int>(orientations_.size()); }
   // Of every page begun, the first one first.
-  const std::vector<Orientation>& Orientations() const { return orientations_; }
+  const std::vector<std::int16_t>& Orientations() const { return orientations_; }
 
  private:
   void DrawRunningHead();
@@ -91,7 +89,7 @@ class Flow {
   std::string runningTitle_;
   std::string chapterTitle_;
   std::vector<Heading> headings_;
-  std::vector<Orientation> orientations_;
+  std::vector<std::int16_t> orientations_;
   double y_ = kTextTop;
   int chapter_ = 0;
   int section_ = 0;

@@ -15,8 +15,8 @@ namespace {
 
 constexpr double kNearest = 100;
 constexpr double kFarthest = 20'000;
-constexpr PenStyle kClassDashes[] = {PenStyle::Solid, PenStyle::Dash,    PenStyle::Solid,
-                                     PenStyle::Solid, PenStyle::DashDot, PenStyle::Dash};
+constexpr std::int32_t kClassDashes[] = {PenStyle::Solid, PenStyle::Dash,    PenStyle::Solid,
+                                         PenStyle::Solid, PenStyle::DashDot, PenStyle::Dash};
 
 Pen PenOf(Stability stability) {
   return {.colour = kClassColours[IndexOf(stability)],
@@ -126,8 +126,8 @@ void DrawCrosswindChart(Report& report) {
   constexpr double kDistances[] = {500, 1000, 2000, 4000};
   constexpr std::int32_t kColours[] = {Rgb(176, 52, 40), Rgb(221, 127, 43), Rgb(60, 141, 90),
                                        Rgb(14, 85, 120)};
-  constexpr PenStyle kDashes[] = {PenStyle::Solid, PenStyle::Dash, PenStyle::Solid,
-                                  PenStyle::DashDot};
+  constexpr std::int32_t kDashes[] = {PenStyle::Solid, PenStyle::Dash, PenStyle::Solid,
+                                      PenStyle::DashDot};
   constexpr double kHeight = 62;
   constexpr double kHalfWidth = 800;
   double highest = 0;

@@ -1,17 +1,13 @@
 #include "report_sheet.h"
 
 #include <cmath>
-#include <cstddef>
 #include <numbers>
 #include <string_view>
-
-#include "pagivo/array.h"
-#include "pagivo/variant.h"
 
 namespace plumeo {
 namespace {
 
-constexpr std::int32_t kInvisiblePen = 5;
+constexpr int kSectorOutline = 6;
 
 // From the line's top to the baseline, in ems, as these three faces give it.
 double AscentOf(const Style& style) {
@@ -25,22 +21,16 @@ double TopOf(double baseline, const Style& style) {
   return baseline - AscentOf(style) * style.size * kMillimetresPerPoint;
 }
 
-std::int32_t CodeOf(PenStyle style) {
-  return static_cast<std::int32_t>(style);
-}
-
 struct Coordinates {
-  pagivo::Array<float> x;
-  pagivo::Array<float> y;
+  std::vector<float> x;
+  std::vector<float> y;
 };
 
 Coordinates CoordinatesOf(const std::vector<Point>& points) {
-  const auto count = static_cast<std::int32_t>(points.size());
-  Coordinates coordinates{pagivo::Array<float>(1, count), pagivo::Array<float>(1, count)};
-  for (std::int32_t i = 1; i <= count; ++i) {
-    const Point& point = points[static_cast<std::size_t>(i - 1)];
-    coordinates.x(i) = static_cast<float>(point.x);
-    coordinates.y(i) = static_cast<float>(point.y);
+  Coordinates coordinates;
+  for (const Point& point : points) {
+    coordinates.x.push_back(static_cast<float>(point.x));
+    coordinates.y.push_back(static_cast<float>(point.y));
   }
   return coordinates;
 }
@@ -60,9 +50,7 @@ void Sheet::Use(const Style& style) {
 
 double Sheet::Width(const std::string& text, const Style& style) {
   Use(style);
-  const pagivo::Variant width = print_.VsPPTextWidthS(text);
-  const double* millimetres = width.GetIf<double>();
-  return millimetres ? *millimetres : 0;
+  return print_.VsPPTextWidthS(text).ToDouble();
 }
 
 void Sheet::Text(const std::string& text, double x, double baseline, const Style& style) {
@@ -83,50 +71,60 @@ void Sheet::TextCentred(const std::string& text, double middle, double baseline,
 }
 
 void Sheet::Line(Point from, Point to, const Pen& pen) {
-  print_.VsPPLine(from.x, from.y, to.x, to.y, false, false, pen.colour, std::int32_t{0},
-                  CodeOf(pen.style), pen.width);
+  print_.VsPPLine(from.x, from.y, to.x, to.y,
+                  {.color = pen.colour, .drawStyle = pen.style, .drawWidth = pen.width});
 }
 
 void Sheet::Box(Point from, Point to, const Pen& pen) {
-  print_.VsPPLine(from.x, from.y, to.x, to.y, true, false, pen.colour, std::int32_t{0},
-                  CodeOf(pen.style), pen.width);
+  print_.VsPPLine(
+      from.x, from.y, to.x, to.y,
+      {.box = true, .color = pen.colour, .drawStyle = pen.style, .drawWidth = pen.width});
 }
 
 void Sheet::FillBox(Point from, Point to, std::int32_t colour) {
-  print_.VsPPLine(from.x, from.y, to.x, to.y, true, true, colour, std::int32_t{0}, kInvisiblePen);
+  print_.VsPPLine(from.x, from.y, to.x, to.y,
+                  {.box = true, .filled = true, .color = colour, .drawStyle = PenStyle::Invisible});
 }
 
 void Sheet::Polyline(const std::vector<Point>& points, const Pen& pen) {
   const Coordinates at = CoordinatesOf(points);
-  print_.VsPPDrawPolyline(at.x, at.y, false, false, pen.colour, std::int32_t{0}, CodeOf(pen.style),
-                          pen.width);
+  print_.VsPPDrawPolyline(at.x, at.y,
+                          {.color = pen.colour, .drawStyle = pen.style, .drawWidth = pen.width});
 }
 
 void Sheet::FillPolygon(const std::vector<Point>& points, std::int32_t colour) {
   const Coordinates at = CoordinatesOf(points);
-  print_.VsPPDrawPolyline(at.x, at.y, true, true, colour, std::int32_t{0}, kInvisiblePen);
+  print_.VsPPDrawPolyline(
+      at.x, at.y,
+      {.closed = true, .filled = true, .color = colour, .drawStyle = PenStyle::Invisible});
 }
 
 void Sheet::Polygon(const std::vector<Point>& points, const Pen& pen) {
   const Coordinates at = CoordinatesOf(points);
-  print_.VsPPDrawPolyline(at.x, at.y, true, false, pen.colour, std::int32_t{0}, CodeOf(pen.style),
-                          pen.width);
+  print_.VsPPDrawPolyline(
+      at.x, at.y,
+      {.closed = true, .color = pen.colour, .drawStyle = pen.style, .drawWidth = pen.width});
 }
 
 void Sheet::Circle(Point centre, double radius, const Pen& pen) {
-  print_.VsPPCircle(centre.x, centre.y, radius, pagivo::Missing, pagivo::Missing, false, pen.colour,
-                    std::int32_t{0}, CodeOf(pen.style), pen.width);
+  print_.VsPPCircle(centre.x, centre.y, radius,
+                    {.color = pen.colour, .drawStyle = pen.style, .drawWidth = pen.width});
 }
 
 void Sheet::FillCircle(Point centre, double radius, std::int32_t colour) {
-  print_.VsPPCircle(centre.x, centre.y, radius, pagivo::Missing, pagivo::Missing, true, colour,
-                    std::int32_t{0}, kInvisiblePen);
+  print_.VsPPCircle(centre.x, centre.y, radius,
+                    {.filled = true, .color = colour, .drawStyle = PenStyle::Invisible});
 }
 
 void Sheet::Sector(Point centre, double radius, double from, double to, std::int32_t colour,
-                   Hatch hatch) {
-  print_.VsPPCircle(centre.x, centre.y, radius, -Turned(from), -Turned(to), true, colour,
-                    static_cast<std::int32_t>(hatch), std::int32_t{0}, std::int16_t{6});
+                   std::int32_t brush) {
+  print_.VsPPCircle(centre.x, centre.y, radius,
+                    {.start = -Turned(from),
+                     .end = -Turned(to),
+                     .filled = true,
+                     .color = colour,
+                     .fillStyle = brush,
+                     .drawWidth = kSectorOutline});
 }
 
 void Sheet::Picture(const std::string& path, Point from, Point to) {

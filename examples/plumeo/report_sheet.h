@@ -33,10 +33,9 @@ class Sheet {
   void Circle(Point centre, double radius, const Pen& pen);
   void FillCircle(Point centre, double radius, std::int32_t colour);
 
-  enum class Hatch : std::int32_t { None = 0, Upward = 4, Downward = 5, Diagonals = 7 };
   // A slice of the cake, counter-clockwise between two angles in radians from three o'clock.
   void Sector(Point centre, double radius, double from, double to, std::int32_t colour,
-              Hatch hatch);
+              std::int32_t brush);
   void Picture(const std::string& path, Point from, Point to);
 
  private:

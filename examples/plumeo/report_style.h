@@ -6,20 +6,22 @@
 #include <array>
 #include <cstdint>
 
+#include "pagivo/constants.h"
 #include "stability.h"
 
 namespace plumeo {
 
-constexpr std::int32_t Rgb(int red, int green, int blue) {
-  return red | green << 8 | blue << 16;
-}
+using pagivo::Rgb;
+namespace BrushStyle = pagivo::BrushStyle;
+namespace Orientation = pagivo::Orientation;
+namespace PenStyle = pagivo::PenStyle;
 
 inline constexpr std::int32_t kInk = Rgb(33, 41, 51);
 inline constexpr std::int32_t kMuted = Rgb(98, 110, 122);
 inline constexpr std::int32_t kRuleColour = Rgb(196, 204, 211);
 inline constexpr std::int32_t kAccent = Rgb(14, 85, 120);
 inline constexpr std::int32_t kZebra = Rgb(243, 246, 248);
-inline constexpr std::int32_t kWhite = Rgb(255, 255, 255);
+inline constexpr std::int32_t kWhite = pagivo::Color::White;
 inline constexpr std::int32_t kAlarm = Rgb(176, 52, 40);
 
 // From pale to dark, for areas of rising concentration.
@@ -54,12 +56,10 @@ inline constexpr Style kSmallMuted{.size = 8, .colour = kMuted};
 inline constexpr Style kRunningStyle{.size = 7.5, .colour = kMuted};
 inline constexpr Style kFormulaStyle{.font = kSerif, .size = 11.5};
 
-enum class PenStyle : std::int32_t { Solid = 0, Dash = 1, Dot = 2, DashDot = 3, DashDotDot = 4 };
-
 struct Pen {
   std::int32_t colour = kInk;
   std::int16_t width = 10;
-  PenStyle style = PenStyle::Solid;
+  std::int32_t style = PenStyle::Solid;
 };
 
 inline constexpr Pen kThinRule{.colour = kRuleColour, .width = 8};

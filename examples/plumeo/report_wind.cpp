@@ -20,13 +20,13 @@ struct RoseGroup {
   Stability first;
   Stability last;
   std::int32_t colour;
-  Sheet::Hatch hatch;
+  std::int32_t brush;
 };
 
 constexpr std::array<RoseGroup, 3> kGroups = {{
-    {"onstabiel (A, B, C)", Stability::A, Stability::C, kScaleColours[2], Sheet::Hatch::None},
-    {"neutraal (D)", Stability::D, Stability::D, kAccent, Sheet::Hatch::None},
-    {"stabiel (E, F)", Stability::E, Stability::F, kAccent, Sheet::Hatch::Upward},
+    {"onstabiel (A, B, C)", Stability::A, Stability::C, kScaleColours[2], BrushStyle::Solid},
+    {"neutraal (D)", Stability::D, Stability::D, kAccent, BrushStyle::Solid},
+    {"stabiel (E, F)", Stability::E, Stability::F, kAccent, BrushStyle::UpwardDiagonal},
 }};
 
 // Of the classes A to `last`.
@@ -84,7 +84,7 @@ class RoseDrawing {
       const double radius = RadiusOf(FrequencyUpTo(rose_, sector, group.last));
       if (radius <= 0) continue;
       sheet_.Sector(centre_, radius, middle - kHalfAngle, middle + kHalfAngle, group.colour,
-                    group.hatch);
+                    group.brush);
     }
   }
 
@@ -121,7 +121,7 @@ class RoseDrawing {
 void DrawRoseLegend(Sheet& sheet, Point corner) {
   for (const RoseGroup& group : kGroups) {
     // A slice as in the rose, lying on its side.
-    sheet.Sector({corner.x, corner.y}, 8, -14 * kDegree, 14 * kDegree, group.colour, group.hatch);
+    sheet.Sector({corner.x, corner.y}, 8, -14 * kDegree, 14 * kDegree, group.colour, group.brush);
     sheet.Text(group.name, corner.x + 11, corner.y + 1.1, kSmall);
     corner.y += 6.5;
   }

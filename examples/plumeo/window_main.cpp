@@ -76,19 +76,16 @@ QPushButton* MainWindow::MakeButton(const QString& caption, const QString& purpo
 }
 
 void MainWindow::Preview() {
-  WithReport([](pagivo::PgPrint& print) {
-    std::int16_t page = 1;
-    print.VsPreviewFile(page);
-  });
+  WithReport([](pagivo::PgPrint& print) { print.VsPreviewFile(1); });
 }
 
 void MainWindow::Print() {
   WithReport([this](pagivo::PgPrint& print) {
     std::string device;
-    std::int16_t copies = 1;
-    std::int16_t from = 0;
-    std::int16_t to = 0;
-    if (print.VsPPPrinterDialog(device, copies, from, to) != pagivo::Variant(true)) return;
+    int copies = 1;
+    int from = 0;
+    int to = 0;
+    if (!print.VsPPPrinterDialog(device, copies, from, to).ToBoolean()) return;
     if (print.VsPPGetNDevices() == 0) throw std::runtime_error("Er is geen printer gevonden.");
     print.VsPrintFile(copies, from, to);
     Tell("Rapport aangeboden aan printer " + QString::fromStdString(device));

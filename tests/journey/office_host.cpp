@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWidget>
-#include <cstdint>
 #include <string>
 
 #include "pagivo/pg_print.h"
@@ -27,8 +26,7 @@ void ComposeLetter(pagivo::PgPrint& print, QWidget& window) {
 }
 
 void ShowPreview(pagivo::PgPrint& print) {
-  std::int16_t page = 1;
-  print.VsPreviewFile(page);
+  print.VsPreviewFile(1);
 }
 
 template <typename Action>

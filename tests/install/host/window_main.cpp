@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QTimer>
 #include <QWidget>
-#include <cstdint>
 
 // Looks at the preview for a moment and closes it; succeeds when it was there.
 int main() {
@@ -19,8 +18,7 @@ int main() {
     seen = window != nullptr && window->windowTitle() == "Afdrukvoorbeeld Eerste document";
     if (seen) window->close();
   });
-  std::int16_t page = 1;
-  print.VsPreviewFile(page);
+  print.VsPreviewFile(1);
   print.VsPPEinde();
   return seen ? 0 : 1;
 }
