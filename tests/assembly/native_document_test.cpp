@@ -43,6 +43,27 @@ TEST_F(NativeDocumentTest, TextGoesWhereTheHostPutsItInItsOwnUnits) {
 
 TEST_F(NativeDocumentTest, RightAlignedTextEndsWhereTheHostPutsIt) {
   print.VsPPSetFont("Arial", 10.0, false);
+TEST_F(NativeDocumentTest, TextWithoutAPositionStartsAtTheMarginsOnEveryPageOfEveryDocument) {
+  const auto composeTwoPages = [this] {
+    for (int page = 1; page <= 2; ++page) {
+      print.VsPPPrint("Hallo");
+      print.VsPPNewPage();
+    }
+  };
+  for (const double margin : {0.0, 567.0}) {
+    for (int document = 1; document <= 2; ++document) {
+      print.VsPPInit();
+      if (margin > 0) print.VsPPSetMarginLeft(margin);
+      if (margin > 0) print.VsPPSetMarginTop(margin);
+      composeTwoPages();
+      const std::string corner = margin > 0 ? "567 567" : "0 0";
+      for (const std::int32_t page : {1, 2}) {
+        EXPECT_EQ(Page(page), "text " + corner + " \"Hallo\" Arial 10 color 000000\n");
+      }
+    }
+  }
+}
+
   print.VsPPPrintR("123,45", 5000.0, 100.0);
   const double width = Engine().GetTextWidth("123,45");
   native::Document document;

@@ -52,7 +52,7 @@ void NativeEngine::StartDoc() {
   lostBeforeDrawing_ = LostForWantOfMemory();
   preview_.Show(1);
   ApplyOrigin();
-  MoveToMargins();
+  position_ = {};
   if (observer_ != nullptr) observer_->DocumentReplaced();
 }
 
@@ -77,7 +77,7 @@ void NativeEngine::NewPage() {
   }
   recorder_->BeginPage(pageSettings_.Geometry());
   ApplyOrigin();
-  MoveToMargins();
+  position_ = {};
   PageChanged(document_->PageCount() - 1);
   PageChanged(document_->PageCount());
 }
@@ -105,7 +105,7 @@ void NativeEngine::StartOverlay(const std::int16_t& page) {
   lostBeforeDrawing_ = LostForWantOfMemory();
   stage_ = Stage::Overlay;
   ApplyOrigin();
-  MoveToMargins();
+  position_ = {};
 }
 
 void NativeEngine::EndOverlay() {

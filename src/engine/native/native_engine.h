@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -55,8 +56,8 @@ class PreviewObserver {
 // A fresh engine: Arial 10, black text, solid black hairline pen, transparent white brush, margins
 // of an inch, A4 portrait, preview of the whole page. Font, colours, pen, brush, margins, paper,
 // the rectangle of X1 to Y2, document name and copies stay in force across pages and documents. The
-// print position goes to the margins' upper left corner at StartDoc, NewPage and StartOverlay, and
-// stays where it is when margins change.
+// print position is unset at StartDoc, NewPage and StartOverlay: each coordinate that has not been
+// put when it is first used becomes that of the upper left corner of the margins then in force.
 //
 // A page keeps the paper that it was begun with. New paper settings reach the page being composed
 // only while nothing is drawn on it, else the next one.
@@ -203,12 +204,17 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
 
  private:
   enum class Stage : std::uint8_t { None, Composing, Complete, Overlay, Printing };
+  struct Place {
+    double x = 0;
+    double y = 0;
+  };
+
 
   // Where the next text goes. After a text that is at its end; hosts nearly always put another
   // position first, so the end is measured only when it is asked for.
   struct PrintPosition {
-    double x = 0;  // of the last piece's left end while `lastPiece` is not empty
-    double y = 0;
+    std::optional<double> x;  // of the last piece's left end while `lastPiece` is not empty
+    std::optional<double> y;
     RecordedText lastPiece;  // in document_
   };
 
@@ -216,7 +222,6 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   void RequireDrawing() const;
   void RequireNoPrinting() const;
   void PrintRange(std::int32_t firstPage, std::int32_t lastPage);
-  void MoveToMargins();
   void ApplyPaper();
   void ReadPrintableArea();
   void ApplyOrigin();
@@ -225,9 +230,9 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   Font& CurrentFont();
   double MeasurePiece(std::string_view piece);
   double LineSpacing();
-  void SettlePrintPosition();
-  void DrawPiece(double x, double y, std::string_view piece);
-  void DrawLayout(const TextLayout& layout);
+  Place SettlePrintPosition();
+  void DrawPiece(Place place, std::string_view piece);
+  void DrawLayout(Place place, const TextLayout& layout);
   void RememberLastPiece(std::string_view piece);
   void SetStyles(Recorder& recorder) const;
   void DrawArc(Point center, float radius, const ArcAngles& angles);

@@ -18,10 +18,6 @@ double TwipsPerEmOf(const FontDescription& font) {
   return font.size * kTwipsPerPoint;
 }
 
-Point PointOf(double x, double y) {
-  return {static_cast<float>(x), static_cast<float>(y)};
-}
-
 }  // namespace
 
 // Nothing has changed when the recorder runs out of memory.
@@ -75,12 +71,6 @@ double NativeEngine::LineSpacing() {
   return CurrentFont().Metrics().lineSpacing * TwipsPerEmOf(font_);
 }
 
-void NativeEngine::MoveToMargins() {
-  position_.x = margins_.left;
-  position_.y = margins_.top;
-  position_.lastPiece = {};
-}
-
 void NativeEngine::PutCurrentX(const Variant& x) {
   position_.x = CheckedCoordinate("CurrentX", x);
   position_.lastPiece = {};
@@ -90,41 +80,43 @@ void NativeEngine::PutCurrentY(const Variant& y) {
   position_.y = CheckedCoordinate("CurrentY", y);
 }
 
-// In the font of the text that was printed, whatever has been put since.
-void NativeEngine::SettlePrintPosition() {
+// Ends the last piece in the font that it was printed in, whatever has been put since.
+NativeEngine::Place NativeEngine::SettlePrintPosition() {
+  Place place{position_.x.value_or(margins_.left), position_.y.value_or(margins_.top)};
   const auto& [text, font] = position_.lastPiece;
-  if (text.empty()) return;
-  position_.x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
-  position_.lastPiece = {};
+  if (!text.empty()) place.x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
+  position_ = {place.x, place.y, {}};
+  return place;
 }
 
 void NativeEngine::PutText(const std::string& text) {
   RequireDrawing();
-  SettlePrintPosition();
+  const Place place = SettlePrintPosition();
   if (IsPlainLine(text)) {
-    DrawPiece(position_.x, position_.y, text);
+    DrawPiece(place, text);
     RememberLastPiece(text);
   } else {
-    DrawLayout(LayOutText(text, [this](std::string_view piece) { return MeasurePiece(piece); }));
+    const auto measure = [this](std::string_view piece) { return MeasurePiece(piece); };
+    DrawLayout(place, LayOutText(text, measure));
   }
 }
 
-void NativeEngine::DrawLayout(const TextLayout& layout) {
+void NativeEngine::DrawLayout(Place place, const TextLayout& layout) {
   const double lineSpacing = LineSpacing();
-  const auto topOf = [&](const TextPiece& piece) {
-    return position_.y + static_cast<double>(piece.line) * lineSpacing;
+  const auto placeOf = [&](const TextPiece& piece) {
+    return Place{place.x + piece.x, place.y + static_cast<double>(piece.line) * lineSpacing};
   };
-  for (const TextPiece& piece : layout.pieces) {
-    DrawPiece(position_.x + piece.x, topOf(piece), piece.text);
-  }
+  for (const TextPiece& piece : layout.pieces) DrawPiece(placeOf(piece), piece.text);
   const TextPiece& last = layout.pieces.back();
-  position_.y = topOf(last);
-  position_.x += last.x;
+  const auto [x, y] = placeOf(last);
+  position_.x = x;
+  position_.y = y;
   RememberLastPiece(last.text);
 }
 
-void NativeEngine::DrawPiece(double x, double y, std::string_view piece) {
-  if (!piece.empty()) recorder_->DrawText(PointOf(x, y), piece);
+void NativeEngine::DrawPiece(Place place, std::string_view piece) {
+  if (piece.empty()) return;
+  recorder_->DrawText({static_cast<float>(place.x), static_cast<float>(place.y)}, piece);
 }
 
 // `piece` is the one that was drawn last, or empty.

@@ -134,7 +134,36 @@ TEST_F(DocumentsTest, ThePrintPositionGoesToTheMarginsCorner) {
   EXPECT_EQ(Page(3), expected);
 }
 
-TEST_F(DocumentsTest, NewMarginsDoNotMoveThePrintPosition) {
+TEST_F(DocumentsTest, ThePrintPositionTakesTheMarginsThatAreInForceWhenItIsFirstUsed) {
+  const auto putMargins = [&](double left, double top) {
+    engine->PutMarginLeft(left);
+    engine->PutMarginTop(top);
+  };
+  engine->StartDoc();
+  putMargins(30, 40);
+  engine->PutText("x");
+  EXPECT_EQ(Page(1), "text 30 40 \"x\" Arial 10 color 000000\n");
+  engine->NewPage();
+  putMargins(50, 60);
+  engine->PutText("x");
+  EXPECT_EQ(Page(2), "text 50 60 \"x\" Arial 10 color 000000\n");
+  engine->EndDoc();
+  engine->StartOverlay(std::int16_t{2});
+  putMargins(70, 80);
+  engine->PutText("x");
+  EXPECT_TRUE(Page(2).ends_with("text 70 80 \"x\" Arial 10 color 000000\n")) << Page(2);
+}
+
+TEST_F(DocumentsTest, ACoordinateThatWasPutDoesNotFollowTheMargins) {
+  engine->StartDoc();
+  engine->PutCurrentX(9.0);
+  engine->PutMarginLeft(30.0);
+  engine->PutMarginTop(40.0);
+  engine->PutText("x");
+  EXPECT_EQ(Page(1), "text 9 40 \"x\" Arial 10 color 000000\n");
+}
+
+TEST_F(DocumentsTest, MarginsThatFollowATextDoNotMoveThePrintPosition) {
   engine->StartDoc();
   engine->PutMarginLeft(0.0);
   engine->PutMarginTop(0.0);
