@@ -100,8 +100,8 @@ TEST_F(PaperTest, AKnownCodeEndsTheUserDefinedSize) {
   ExpectPage(11906, 16838);
 }
 
-TEST_F(PaperTest, ExtentsOutsideOneTo200InchesAreErrorsThatChangeNothing) {
-  for (const double extent : {1439.9, 288000.1, 0.0, -11906.0, std::nan(""), 1e30,
+TEST_F(PaperTest, ExtentsOutside3MillimetresTo200InchesAreErrorsThatChangeNothing) {
+  for (const double extent : {169.9, 288000.1, 0.0, -11906.0, std::nan(""), 1e30,
                               std::numeric_limits<double>::infinity()}) {
     const auto single = static_cast<float>(extent);
     ExpectInvalidValue([&] { engine->PutPageWidth(extent); });
@@ -111,9 +111,16 @@ TEST_F(PaperTest, ExtentsOutsideOneTo200InchesAreErrorsThatChangeNothing) {
   }
   EXPECT_EQ(engine->GetPaperSize(), 9);
   ExpectPage(11906, 16838);
-  engine->PutPageWidth(1440);
+  engine->PutPageWidth(3 / 25.4 * 1440);
   engine->PutPageHeight(288000);
-  ExpectPage(1440, 288000);
+  ExpectPage(3 / 25.4 * 1440, 288000);
+}
+
+TEST_F(PaperTest, ASinglesThreeMillimetresAreEnough) {
+  constexpr auto kThreeMillimetres = static_cast<float>(3 / 25.4 * 1440);
+  engine->PutPaperWidth(kThreeMillimetres);
+  engine->PutPaperHeight(kThreeMillimetres);
+  ExpectPage(kThreeMillimetres, kThreeMillimetres);
 }
 
 TEST_F(PaperTest, ABlankPageTakesTheNewPaper) {

@@ -17,8 +17,8 @@ inline constexpr std::int32_t kPaperA4 = 9;
 // A size that the host has put; it stands in no table.
 inline constexpr std::int32_t kPaperUserDefined = 256;
 
-// A user-defined width or height, twips: 1 to 200 inches.
-inline constexpr double kMinimumPaperExtent = 1440;
+// A user-defined width or height, twips: 3 mm, which no Single holds exactly, to 200 inches.
+inline constexpr double kMinimumPaperExtent = 170;
 inline constexpr double kMaximumPaperExtent = 288000;
 
 // Codes 1 to 41 in ascending order.
