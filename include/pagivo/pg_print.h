@@ -141,8 +141,8 @@ class PgPrint : public Object {
                           const Variant& varDrawWidth = std::int16_t{0});
   void VsPPCircle(const Variant& varX1, const Variant& varY1, const Variant& varRadius,
                   const CircleOptions& options);
-  // Points 1 to the upper bound of varX; an element 0 is not drawn. A std::vector<float> or a span
-  // is drawn whole.
+  // Points 1 to varX's upper bound, the first 32,767; those that are no numbers are left out. A
+  // std::vector<float> or a span is drawn whole.
   virtual void VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,
                                 const Variant& varClosed = false, const Variant& varFilled = false,
                                 const Variant& varColor = std::int32_t{0},

@@ -1,4 +1,8 @@
 // Lines, boxes, circles, polylines and pictures.
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
 #include "pagivo/picture.h"
@@ -7,6 +11,8 @@
 namespace pagivo {
 
 namespace {
+
+constexpr std::int32_t kMostPoints = std::numeric_limits<std::int16_t>::max();
 
 // A condition given as an argument; Null counts as false.
 bool IsTrue(const Variant& condition) {
@@ -43,16 +49,17 @@ void SetUpBrush(const Variant& filled, const Variant& fillStyle) {
   }
 }
 
-// A coordinate of a point list: the Single nearest to the product.
+// A coordinate of a point list: the Single nearest to the product. What is no number has no text.
 std::string PointNumber(float scale, float value) {
-  return FormatGeneral(ToSingle(double{scale} * double{value}),
-                       CurrentRegionalSettings().decimalSeparator);
+  const float single = ToSingle(double{scale} * double{value});
+  if (std::isnan(single)) ThrowTypeMismatch();
+  return FormatGeneral(single, CurrentRegionalSettings().decimalSeparator);
 }
 
-// Points 1..n, each number followed by a blank. A point without a y is left out.
+// Points 1..n, as many as an Integer counts, each number followed by a blank. A point without a y
+// or with a number that is none is left out.
 std::string PointList(const Array<float>& x, const Array<float>& y) {
-  const std::int16_t last =
-      ReadOrZero([&] { return ToInteger(static_cast<double>(x.UpperBound())); });
+  const std::int32_t last = std::min(x.UpperBound(), kMostPoints);
   std::string points;
   for (std::int32_t i = 1; i <= last; ++i) {
     IgnoringErrors([&] {

@@ -117,9 +117,18 @@ TEST_F(Polylines, TheLastPointThatSixteenBitsCountIsDrawnAndEndsTheList) {
   EXPECT_EQ(points.size(), std::string_view("String \"\"").size() + 4 * std::size_t{kLast});
 }
 
-TEST_F(Polylines, MorePointsThanSixteenBitsCountAreNoPoints) {
+TEST_F(Polylines, OfMorePointsThanSixteenBitsCountTheFirst32767AreDrawn) {
+  const std::string most = PointList(Array<float>(1, 32767), Array<float>(1, 32767));
   for (const std::int32_t last : {32768, 65537}) {
-    EXPECT_EQ(PointList(Array<float>(1, last), Array<float>(1, last)), "String \"\"") << last;
+    EXPECT_EQ(PointList(Array<float>(1, last), Array<float>(1, last)), most) << last;
+  }
+}
+
+TEST_F(Polylines, APointThatIsNoNumberIsLeftOutAlone) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const float infinity = std::numeric_limits<float>::infinity();
+  for (const float none : {nan, infinity, -infinity}) {
+    EXPECT_EQ(PointList(Points({0, none, 4, 6}), Points({1, 3, none, 7})), "String \"0 1 6 7 \"");
   }
 }
 

@@ -13,9 +13,11 @@ float Coordinate(std::string_view operation, const Variant& value) {
   return static_cast<float>(CheckedCoordinate(operation, value));
 }
 
+// A single point is a line from there to there.
 std::vector<Point> CheckedPoints(std::string_view property, const std::string& text) {
   auto points = ParsePointList(text);
   if (!points) ThrowInvalidPropertyValue(property);
+  if (points->size() == 1) points->push_back(points->front());
   return std::move(*points);
 }
 
@@ -100,13 +102,13 @@ void NativeEngine::DrawArc(Point center, float radius, const ArcAngles& angles) 
 void NativeEngine::PutPolyline(const std::string& points) {
   const std::vector<Point> list = CheckedPoints("Polyline", points);
   RequireDrawing();
-  if (list.size() > 1) recorder_->DrawPolyline(list);
+  if (!list.empty()) recorder_->DrawPolyline(list);
 }
 
 void NativeEngine::PutPolygon(const std::string& points) {
   const std::vector<Point> list = CheckedPoints("Polygon", points);
   RequireDrawing();
-  if (list.size() > 1) recorder_->DrawPolygon(list);
+  if (!list.empty()) recorder_->DrawPolygon(list);
 }
 
 void NativeEngine::PutX1(const Variant& x) {

@@ -165,6 +165,7 @@ TEST_F(DocumentsTest, ACoordinateThatWasPutDoesNotFollowTheMargins) {
 
 TEST_F(DocumentsTest, MarginsThatFollowATextDoNotMoveThePrintPosition) {
   engine->StartDoc();
+  engine->PutText("");
   engine->PutMarginLeft(0.0);
   engine->PutMarginTop(0.0);
   engine->PutText("x");
@@ -183,8 +184,6 @@ TEST_F(DocumentsTest, TheNameBecomesTheTitleOfThisAndLaterDocuments) {
 }
 
 std::vector<std::function<void(NativeEngine&)>> DrawingOperations() {
-  const auto picture = std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {0, 0, 0}},
-                                                      std::vector<std::uint8_t>{});
   return {
       [](NativeEngine& e) { e.PutText("x"); },
       [](NativeEngine& e) { e.PutText(""); },
@@ -194,7 +193,7 @@ std::vector<std::function<void(NativeEngine&)>> DrawingOperations() {
       [](NativeEngine& e) { e.DrawCircle(0.0, 0.0, 1.0, 0.0, 1.0); },
       [](NativeEngine& e) { e.PutPolyline("0 0 1 1 "); },
       [](NativeEngine& e) { e.PutPolygon("0 0 1 1 2 0 "); },
-      [picture](NativeEngine& e) { e.PutPicture(picture); },
+      [](NativeEngine& e) { e.PutPicture(OnePixel()); },
   };
 }
 

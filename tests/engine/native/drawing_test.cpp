@@ -216,17 +216,23 @@ TEST_F(DrawingTest, BadPointListsAreErrorsThatDrawNothing) {
   EXPECT_EQ(Page(), "");
 }
 
-TEST_F(DrawingTest, FewerThanTwoPointsDrawNothing) {
-  for (const char* points : {"", "  ", "5 5 "}) {
+TEST_F(DrawingTest, ASinglePointIsDrawnAsTwoEqualOnes) {
+  for (const char* points : {"5 6 ", "5 6 5 6"}) {
+    engine->NewPage();
+    engine->PutPolyline(points);
+    engine->PutPolygon(points);
+    EXPECT_EQ(Page(),
+              "polyline 5 6 5 6 pen solid 0 000000\n"
+              "polygon 5 6 5 6 pen solid 0 000000 brush transparent FFFFFF\n");
+  }
+}
+
+TEST_F(DrawingTest, NoPointsDrawNothing) {
+  for (const char* points : {"", "  "}) {
     engine->PutPolyline(points);
     engine->PutPolygon(points);
   }
   EXPECT_EQ(Page(), "");
-}
-
-std::shared_ptr<PictureImage> OnePixel() {
-  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {1, 2, 3}},
-                                        std::vector<std::uint8_t>{});
 }
 
 TEST_F(DrawingTest, APictureFillsTheRectangleThatWasPut) {

@@ -5,12 +5,18 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/native/document/trace_player.h"
 #include "engine/native/native_engine.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
+
+inline std::shared_ptr<PictureImage> OnePixel() {
+  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {1, 2, 3}},
+                                        std::vector<std::uint8_t>{});
+}
 
 class EngineTest : public testing::Test {
  protected:
