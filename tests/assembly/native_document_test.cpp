@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
+#include <vector>
 
 #include "engine/native/document/trace_player.h"
 #include "engine/native/native_engine.h"
@@ -41,8 +43,6 @@ TEST_F(NativeDocumentTest, TextGoesWhereTheHostPutsItInItsOwnUnits) {
   EXPECT_EQ(Page(1), "text 1440 720 \"Hallo\" Arial 10 bold color 000000\n");
 }
 
-TEST_F(NativeDocumentTest, RightAlignedTextEndsWhereTheHostPutsIt) {
-  print.VsPPSetFont("Arial", 10.0, false);
 TEST_F(NativeDocumentTest, TextWithoutAPositionStartsAtTheMarginsOnEveryPageOfEveryDocument) {
   const auto composeTwoPages = [this] {
     for (int page = 1; page <= 2; ++page) {
@@ -64,6 +64,8 @@ TEST_F(NativeDocumentTest, TextWithoutAPositionStartsAtTheMarginsOnEveryPageOfEv
   }
 }
 
+TEST_F(NativeDocumentTest, RightAlignedTextEndsWhereTheHostPutsIt) {
+  print.VsPPSetFont("Arial", 10.0, false);
   print.VsPPPrintR("123,45", 5000.0, 100.0);
   const double width = Engine().GetTextWidth("123,45");
   native::Document document;
@@ -105,6 +107,59 @@ TEST_F(NativeDocumentTest, TheWatermarkLiesOnEveryPageFromItsChoiceOn) {
   EXPECT_EQ(Page(1), "");
   EXPECT_EQ(Page(2), "picture 50 50 11806 16738 of 288 x 396\n");
   EXPECT_EQ(Page(3), Page(2));
+}
+
+// The sizes of the pages of a document that changes its paper at the start of each, with
+// `watermark` (0 for none), which is expected to fit every page.
+std::vector<native::PageGeometry> PageSizesWithWatermark(PgPrint& print, std::int16_t watermark) {
+  print.VsPPInit();
+  print.VsPPWatermerkInit(watermark);
+  for (std::int16_t code = 1; code <= 41; ++code) {
+    for (const std::int16_t orientation : {std::int16_t{1}, std::int16_t{2}}) {
+      print.VsPPSetPaperSize(code);
+      print.VsPPSetOrientation(orientation);
+      print.VsPPPrint("Tekst", 0.0, 0.0);
+      print.VsPPNewPage();
+    }
+  }
+  const auto& engine = dynamic_cast<native::NativeEngine&>(*PreviewForm().vsPrint());
+  const native::Document& document = engine.GetDocument();
+  std::vector<native::PageGeometry> sizes;
+  for (std::int32_t page = 1; page < document.PageCount(); ++page) {
+    sizes.push_back(document.GeometryOf(page));
+    if (watermark == 0) continue;
+    const auto [width, height] = sizes.back();
+    std::ostringstream expected;
+    expected << "picture 50 50 " << width - 100 << ' ' << height - 100 << " of 288 x 396\n";
+    EXPECT_THAT(native::TracePage(document, page), StartsWith(expected.str())) << page;
+  }
+  return sizes;
+}
+
+TEST_F(NativeDocumentTest, EveryPaperIsTheSameWithAWatermarkWhichFitsIt) {
+  const auto sizes = PageSizesWithWatermark(print, 0);
+  ASSERT_EQ(sizes.size(), 82U);
+  for (std::size_t i = 0; i < sizes.size(); i += 2) {
+    const native::PaperSize& paper = native::KnownPaperSizes()[i / 2];
+    EXPECT_EQ(sizes[i].width, paper.width);
+    EXPECT_EQ(sizes[i].height, paper.height);
+    EXPECT_EQ(sizes[i + 1], (native::PageGeometry{sizes[i].height, sizes[i].width}));
+  }
+  for (const std::int16_t watermark : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
+    EXPECT_EQ(PageSizesWithWatermark(print, watermark), sizes) << watermark;
+  }
+}
+
+TEST_F(NativeDocumentTest, AWatermarkFitsALabelOfThreeMillimetres) {
+  print.VsPPWatermerkInit(1);
+  print.VsPPSetScaleMode(6);
+  print.VsPPSetPaperWidth(40);
+  print.VsPPSetPaperHeight(3);
+  print.VsPPPrint("Etiket", 0.0, 0.0);
+  const auto [width, height] = Engine().GetDocument().GeometryOf(1);
+  EXPECT_NEAR(width, 40 / 25.4 * 1440, 0.01);
+  EXPECT_NEAR(height, 3 / 25.4 * 1440, 0.01);
+  EXPECT_THAT(Page(1), StartsWith("picture 50 50 2167."));
 }
 
 TEST_F(NativeDocumentTest, PageNumbersAreDrawnOverTheFinishedPages) {

@@ -60,7 +60,8 @@ class PreviewObserver {
 // put when it is first used becomes that of the upper left corner of the margins then in force.
 //
 // A page keeps the paper that it was begun with. New paper settings reach the page being composed
-// only while nothing is drawn on it, else the next one.
+// only while it has nothing but pictures on it, else the next one. A picture that covers the page,
+// as watermarks do, is fitted to its new size.
 class NativeEngine final : public PrintEngine, public std::enable_shared_from_this<NativeEngine> {
  public:
   static constexpr std::int32_t kMaximumPages = 32767;
@@ -203,15 +204,16 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   void RaiseAfterPageChange();
 
  private:
-  enum class Stage : std::uint8_t { None, Composing, Complete, Overlay, Printing };
   struct Place {
     double x = 0;
     double y = 0;
   };
 
+  enum class Stage : std::uint8_t { None, Composing, Complete, Overlay, Printing };
 
-  // Where the next text goes. After a text that is at its end; hosts nearly always put another
-  // position first, so the end is measured only when it is asked for.
+  // Where the next text goes; unset coordinates are those of the margins. After a text that is at
+  // its end; hosts nearly always put another position first, so the end is measured only when it is
+  // asked for.
   struct PrintPosition {
     std::optional<double> x;  // of the last piece's left end while `lastPiece` is not empty
     std::optional<double> y;
@@ -224,6 +226,7 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   void PrintRange(std::int32_t firstPage, std::int32_t lastPage);
   void ApplyPaper();
   void ReadPrintableArea();
+  Point OriginOn(const PageGeometry& page) const;
   void ApplyOrigin();
   template <typename Value>
   void ChangeFont(Value FontDescription::*property, const Value& value);

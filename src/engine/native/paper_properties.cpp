@@ -4,13 +4,12 @@
 
 namespace pagivo::native {
 
-// A page that nothing is drawn on yet takes the new paper.
+// Pictures do not fix the page's paper, for a watermark is the first thing on a page.
 void NativeEngine::ApplyPaper() {
-  if (stage_ == Stage::Composing && recorder_->PageIsBlank()) {
-    recorder_->SetGeometry(pageSettings_.Geometry());
-    ApplyOrigin();
-    PageChanged(document_->PageCount());
-  }
+  if (stage_ != Stage::Composing || !recorder_->HasOnlyPictures()) return;
+  const PageGeometry geometry = pageSettings_.Geometry();
+  recorder_->ChangePaper(geometry, OriginOn(geometry));
+  PageChanged(document_->PageCount());
 }
 
 std::int32_t NativeEngine::GetOrientation() {

@@ -75,13 +75,16 @@ void NativeEngine::ReadPrintableArea() {
   ApplyOrigin();
 }
 
+Point NativeEngine::OriginOn(const PageGeometry& page) const {
+  if (isPhysicalPage_) return {};
+  const auto [x, y] = PrintableCornerOf(printerMedia_, page.width, page.height);
+  return {static_cast<float>(x), static_cast<float>(y)};
+}
+
 // Of the page that is drawn on.
 void NativeEngine::ApplyOrigin() {
   if (stage_ == Stage::None) return;
-  const auto [width, height] = document_->GeometryOf(GetCurrentPage());
-  const PrintableCorner corner =
-      isPhysicalPage_ ? PrintableCorner() : PrintableCornerOf(printerMedia_, width, height);
-  recorder_->SetOrigin({static_cast<float>(corner.x), static_cast<float>(corner.y)});
+  recorder_->SetOrigin(OriginOn(document_->GeometryOf(GetCurrentPage())));
 }
 
 }  // namespace pagivo::native

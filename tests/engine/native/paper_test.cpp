@@ -135,6 +135,19 @@ TEST_F(PaperTest, ABlankPageTakesTheNewPaper) {
   EXPECT_EQ(GeometryOf(1), kA4Landscape);
 }
 
+TEST_F(PaperTest, APageOfOnlyPicturesTakesTheNewPaper) {
+  engine->StartDoc();
+  engine->PutX2(500);
+  engine->PutY2(500);
+  engine->PutPicture(OnePixel());
+  engine->PutOrientation(1);
+  EXPECT_EQ(GeometryOf(1), kA4Landscape);
+  engine->PutText("x");
+  engine->PutOrientation(0);
+  EXPECT_EQ(GeometryOf(1), kA4Landscape);
+  EXPECT_TRUE(Page(1).starts_with("picture 0 0 500 500 of 1 x 1\n")) << Page(1);
+}
+
 TEST_F(PaperTest, ADrawnPageKeepsItsPaperAndTheNextTakesTheNew) {
   engine->StartDoc();
   engine->PutText("x");

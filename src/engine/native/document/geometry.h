@@ -10,6 +10,13 @@ struct Point {
   float y = 0;
   friend bool operator==(const Point&, const Point&) = default;
   friend Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
+  friend Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
+};
+
+// Where a float's digits are too few: far beyond a page, or counted in small parts.
+struct ExactPoint {
+  double x = 0;
+  double y = 0;
 };
 
 // Edges as the host gave them: x1 may exceed x2, which mirrors a picture and does not matter to a

@@ -1,10 +1,34 @@
 #include "engine/native/document/recorder.h"
 
 #include <cassert>
+#include <cmath>
 
 #include "engine/native/document/storage.h"
 
 namespace pagivo::native {
+namespace {
+
+// A picture covers a page when it is as large to within this many twips each way: a watermark
+// leaves the page's edges free.
+constexpr float kCoverTolerance = 180;
+
+// The edge that lies further on follows the page's end, however a picture is mirrored.
+void Stretch(float& edge1, float& edge2, float by) {
+  (edge1 > edge2 ? edge1 : edge2) += by;
+}
+
+// Where a picture goes when the page's paper changes.
+Rectangle OnOtherPaper(Rectangle rectangle, const PageGeometry& before, const PageGeometry& after) {
+  const float width = std::abs(rectangle.x2 - rectangle.x1);
+  const float height = std::abs(rectangle.y2 - rectangle.y1);
+  if (std::abs(width - before.width) > kCoverTolerance) return rectangle;
+  if (std::abs(height - before.height) > kCoverTolerance) return rectangle;
+  Stretch(rectangle.x1, rectangle.x2, after.width - before.width);
+  Stretch(rectangle.y1, rectangle.y2, after.height - before.height);
+  return rectangle;
+}
+
+}  // namespace
 
 Recorder::Recorder(Document& document) : document_(document) {}
 
@@ -15,13 +39,37 @@ void Recorder::BeginPage(const PageGeometry& geometry) {
   ForgetRecordedStyles();
 }
 
-void Recorder::SetGeometry(const PageGeometry& geometry) {
-  assert(PageIsBlank());
-  document_.storage_->pages.back().geometry = geometry;
+// Whatever else is drawn has set a font or a pen.
+bool Recorder::HasOnlyPictures() const noexcept {
+  return font_.recordedIndex == kNoIndex && pen_.recordedIndex == kNoIndex;
 }
 
-bool Recorder::PageIsBlank() const noexcept {
-  return document_.storage_->pages.back().firstSegment == kNoSegment;
+// The pictures are recorded anew before the page lets go of them as they were, so none is lost when
+// memory runs out.
+void Recorder::ChangePaper(const PageGeometry& geometry, Point origin) {
+  assert(HasOnlyPictures());
+  Document::Storage& storage = *document_.storage_;
+  PageRecord& page = storage.pages.back();
+  if (page.geometry == geometry && origin_ == origin) return;
+  const auto end = static_cast<std::uint32_t>(storage.segments.size());
+  segmentEnd_ = nullptr;
+  for (std::uint32_t i = page.firstSegment; i < end; i = storage.segments[i].next) {
+    AddPicturesOf(storage.segments[i], geometry, origin - origin_);
+  }
+  if (page.firstSegment != kNoSegment) page.firstSegment = end;
+  page.geometry = geometry;
+  origin_ = origin;
+}
+
+void Recorder::AddPicturesOf(Segment segment, const PageGeometry& geometry, Point moved) {
+  const PageGeometry& before = document_.storage_->pages.back().geometry;
+  CommandReader reader(segment.begin, segment.end);
+  while (!reader.AtEnd()) {
+    [[maybe_unused]] const auto operation = reader.Get<Operation>();
+    assert(operation == Operation::Picture);
+    const auto rectangle = reader.Get<Rectangle>();
+    AddPicture(OnOtherPaper(rectangle, before, geometry) + moved, reader.GetNumber());
+  }
 }
 
 void Recorder::BeginOverlay(std::int32_t page) {
@@ -176,9 +224,12 @@ void Recorder::DrawPoints(Operation operation, std::span<const Point> points) {
 }
 
 void Recorder::DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) {
-  const std::uint32_t index = document_.storage_->pictures.IndexOf(picture);
+  AddPicture(rectangle + origin_, document_.storage_->pictures.IndexOf(picture));
+}
+
+void Recorder::AddPicture(const Rectangle& rectangle, std::uint64_t index) {
   CommandWriter command = Begin(Operation::Picture, sizeof rectangle + kMaximumNumberSize);
-  command.Put(rectangle + origin_);
+  command.Put(rectangle);
   command.PutNumber(index);
   Add(command);
 }

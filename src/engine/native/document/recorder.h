@@ -15,6 +15,8 @@ struct RecordedText {
   const FontDescription* font = nullptr;
 };
 
+struct Segment;
+
 // Records what it is told to draw onto the page begun last or the page being overlaid. Styles
 // survive from page to page; they are recorded when a command first uses them on a page, so setting
 // one that nothing uses costs nothing. Every function leaves the record whole when memory runs out.
@@ -23,12 +25,17 @@ class Recorder final : public Player {
   explicit Recorder(Document& document);
 
   void BeginPage(const PageGeometry& geometry);
-  // Changes the last page's paper; only while nothing is drawn on it and no page is overlaid.
-  void SetGeometry(const PageGeometry& geometry);
-  bool PageIsBlank() const noexcept;
 
   // Where positions count from, until another is set.
   void SetOrigin(Point origin) noexcept { origin_ = origin; }
+
+  // The page has nothing drawn on it but pictures. Of a page that is being overlaid only what the
+  // overlay drew counts.
+  bool HasOnlyPictures() const noexcept;
+  // Changes the last page's paper and origin; only while it has only pictures and no page is
+  // overlaid. Its pictures move with the origin, and one that covered the page covers it again, at
+  // the same distances from the edges.
+  void ChangePaper(const PageGeometry& geometry, Point origin);
 
   // Drawing goes onto `page` (from 1, existing) until EndOverlay.
   void BeginOverlay(std::int32_t page);
@@ -75,6 +82,8 @@ class Recorder final : public Player {
   void Add(const CommandWriter& command);
   void OpenSegment(const std::byte* begin);
   void DrawPoints(Operation operation, std::span<const Point> points);
+  void AddPicture(const Rectangle& rectangle, std::uint64_t index);
+  void AddPicturesOf(Segment segment, const PageGeometry& geometry, Point moved);
 
   Document& document_;
   std::size_t pageIndex_ = 0;  // where drawing goes

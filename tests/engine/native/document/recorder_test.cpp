@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,32 +31,87 @@ TEST_F(RecorderTest, ADocumentBeginsWithoutPages) {
 TEST_F(RecorderTest, ABegunPageIsBlankAndHasItsPaper) {
   recorder.BeginPage(kA4);
   EXPECT_EQ(document.PageCount(), 1);
-  EXPECT_TRUE(recorder.PageIsBlank());
   EXPECT_EQ(document.GeometryOf(1), kA4);
   EXPECT_EQ(Page(1), "");
 }
 
-TEST_F(RecorderTest, APageThatIsDrawnOnIsNotBlank) {
-  recorder.BeginPage(kA4);
-  recorder.DrawText({0, 0}, "x");
-  EXPECT_FALSE(recorder.PageIsBlank());
+PictureImageRef OnePixel() {
+  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {0, 0, 0}},
+                                        std::vector<std::uint8_t>{});
 }
 
-TEST_F(RecorderTest, SettingAStyleLeavesThePageBlank) {
-  recorder.BeginPage(kA4);
-  recorder.SetPen({PenStyle::Dash, 20, 0xFF});
-  recorder.SetFont({.name = "Times New Roman"});
-  EXPECT_TRUE(recorder.PageIsBlank());
+TEST_F(RecorderTest, EverythingButAPictureEndsAPageOfOnlyPictures) {
+  const std::vector<Point> points{{0, 0}, {1, 1}};
+  const std::vector<std::function<void()>> drawings = {
+      [&] { recorder.DrawText({0, 0}, "x"); }, [&] { recorder.DrawLine({0, 0}, {1, 1}); },
+      [&] { recorder.DrawRectangle({}); },     [&] { recorder.DrawCircle({}, 1); },
+      [&] { recorder.DrawArc({}); },           [&] { recorder.DrawPolyline(points); },
+      [&] { recorder.DrawPolygon(points); }};
+  for (const auto& draw : drawings) {
+    recorder.BeginPage(kA4);
+    recorder.SetPen({PenStyle::Dash, 20, 0xFF});
+    recorder.SetFont({.name = "Times New Roman"});
+    EXPECT_TRUE(recorder.HasOnlyPictures());
+    recorder.DrawPicture({0, 0, 1, 1}, OnePixel());
+    EXPECT_TRUE(recorder.HasOnlyPictures());
+    draw();
+    EXPECT_FALSE(recorder.HasOnlyPictures());
+  }
 }
 
 TEST_F(RecorderTest, PagesKeepTheirOwnPaper) {
   recorder.BeginPage(kA4);
   recorder.BeginPage(kA4Landscape);
   recorder.BeginPage(kA4);
-  recorder.SetGeometry({1440, 2880});
+  recorder.ChangePaper({1440, 2880}, {});
   EXPECT_EQ(document.GeometryOf(1), kA4);
   EXPECT_EQ(document.GeometryOf(2), kA4Landscape);
   EXPECT_EQ(document.GeometryOf(3), (PageGeometry{1440, 2880}));
+}
+
+TEST_F(RecorderTest, APictureThatCoversThePageCoversItsNewPaper) {
+  recorder.BeginPage(kA4);
+  recorder.DrawPicture({50, 50, 11806, 16738}, OnePixel());
+  recorder.DrawPicture({11906, 16838, 0, 0}, OnePixel());
+  recorder.ChangePaper(kA4Landscape, {});
+  EXPECT_EQ(Page(1),
+            "picture 50 50 16738 11806 of 1 x 1\n"
+            "picture 16838 11906 0 0 of 1 x 1\n");
+  EXPECT_EQ(document.GeometryOf(1), kA4Landscape);
+  recorder.ChangePaper(kA4, {});
+  EXPECT_TRUE(Page(1).starts_with("picture 50 50 11806 16738 of 1 x 1\n")) << Page(1);
+}
+
+TEST_F(RecorderTest, OtherPicturesStayWhereTheyAreOnNewPaper) {
+  recorder.BeginPage(kA4);
+  recorder.DrawPicture({0, 0, 11906, 2000}, OnePixel());
+  recorder.DrawPicture({1440, 1440, 10466, 15398}, OnePixel());
+  const std::string drawn = Page(1);
+  recorder.ChangePaper(kA4Landscape, {});
+  EXPECT_EQ(Page(1), drawn);
+}
+
+TEST_F(RecorderTest, PicturesMoveWithThePapersOrigin) {
+  recorder.BeginPage(kA4);
+  recorder.SetOrigin({100, 200});
+  recorder.DrawPicture({50, 50, 11806, 16738}, OnePixel());
+  recorder.DrawPicture({0, 0, 10, 20}, OnePixel());
+  recorder.ChangePaper(kA4Landscape, {200, 100});
+  EXPECT_EQ(Page(1),
+            "picture 250 150 16938 11906 of 1 x 1\n"
+            "picture 200 100 210 120 of 1 x 1\n");
+  recorder.DrawText({1, 1}, "x");
+  EXPECT_TRUE(Page(1).ends_with("text 201 101 \"x\" Arial 10 color 000000\n")) << Page(1);
+}
+
+TEST_F(RecorderTest, APageOnNewPaperHasANewRevisionWhenItHasPictures) {
+  recorder.BeginPage(kA4);
+  recorder.DrawPicture({0, 0, 11906, 16838}, OnePixel());
+  const std::size_t before = document.RevisionOf(1);
+  recorder.ChangePaper(kA4, {});
+  EXPECT_EQ(document.RevisionOf(1), before);
+  recorder.ChangePaper({11905, 16838}, {});
+  EXPECT_NE(document.RevisionOf(1), before);
 }
 
 TEST_F(RecorderTest, EveryCommandReplaysAsItWasRecorded) {
@@ -169,7 +225,7 @@ TEST_F(RecorderTest, AnOverlayThatDrawsNothingLeavesABlankPageBlank) {
   recorder.BeginPage(kA4);
   recorder.BeginOverlay(1);
   recorder.EndOverlay();
-  EXPECT_TRUE(recorder.PageIsBlank());
+  EXPECT_EQ(Page(1), "");
 }
 
 TEST_F(RecorderTest, APageMaySpanManyChunks) {
