@@ -3,13 +3,18 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <ctime>
 
 #include "files/descriptor.h"
 #include "files/file_failures.h"
 
 namespace pagivo {
 namespace {
+
+// Seconds: FAT counts in steps of two.
+constexpr std::int64_t kCoarsestTime = 2;
 
 void RequireRegularFile(const std::string& fileName, const struct stat& status) {
   if (S_ISDIR(status.st_mode)) ThrowReadFailure(fileName, EISDIR);
@@ -30,6 +35,12 @@ FileIdentity IdentityOf(const std::string& fileName) {
   if (stat(fileName.c_str(), &status) != 0) ThrowReadFailure(fileName, errno);
   RequireRegularFile(fileName, status);
   return IdentityIn(status);
+}
+
+bool ShowsChanges(const FileIdentity& file) {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  return std::max(file.modifiedSeconds, file.changedSeconds) + kCoarsestTime < now.tv_sec;
 }
 
 class InputFile::System {

@@ -28,6 +28,10 @@ struct FileIdentity {
 // The file that has the name now. It is not opened.
 FileIdentity IdentityOf(const std::string& fileName);
 
+// Whether a change of the file from now on gives it another identity. It need not as long as the
+// file's last change is so recent that its file system may count both as the same time.
+bool ShowsChanges(const FileIdentity& file);
+
 // A file open for reading. What is asked of it is asked of the file that was opened, whatever gets
 // its name meanwhile.
 class InputFile {

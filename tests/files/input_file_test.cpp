@@ -48,6 +48,15 @@ TEST_F(InputFileTest, HasTheIdentityOfItsName) {
   EXPECT_EQ(IdentityOf(path).size, 3U);
 }
 
+TEST_F(InputFileTest, ShowsChangesOnceItsTimesAreSomeSecondsOld) {
+  FileIdentity file = IdentityOf(Write("a", "abc"));
+  EXPECT_FALSE(ShowsChanges(file));
+  file.modifiedSeconds -= 10;
+  EXPECT_FALSE(ShowsChanges(file)) << "its contents may have got an older time";
+  file.changedSeconds -= 10;
+  EXPECT_TRUE(ShowsChanges(file));
+}
+
 TEST_F(InputFileTest, StaysTheFileThatWasOpened) {
   const std::string path = Write("a", "abc");
   InputFile file(path);

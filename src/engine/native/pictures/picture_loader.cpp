@@ -1,6 +1,8 @@
 #include "engine/native/pictures/picture_loader.h"
 
+#include <functional>
 #include <map>
+#include <string_view>
 
 #include "engine/native/pictures/file_structure.h"
 #include "engine/native/pictures/jpeg_structure.h"
@@ -96,22 +98,41 @@ PictureRef Named(const std::string& picture, Load load) {
   }
 }
 
-// Pictures that somebody holds, by the file they were loaded from: hosts load the same picture anew
-// for every page.
+// A picture that somebody holds, and what it was loaded from.
+struct LoadedPicture {
+  std::weak_ptr<PictureImage> picture;
+  std::size_t contents = 0;   // a hash of the file's bytes
+  bool showsChanges = false;  // another identity would tell of other contents
+};
+
+std::size_t HashOf(PictureBytes bytes) {
+  return std::hash<std::string_view>{}({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+// By the file they were loaded from: hosts load the same picture anew for every page.
 class LoadedPictures {
  public:
-  PictureRef Find(const FileIdentity& file) const {
+  PictureRef Load(const std::string& path) {
+    const FileIdentity file = IdentityOf(path);
     const auto found = pictures_.find(file);
-    return found == pictures_.end() ? nullptr : found->second.lock();
-  }
-
-  void Keep(const FileIdentity& file, const PictureRef& picture) {
-    std::erase_if(pictures_, [](const auto& entry) { return entry.second.expired(); });
-    pictures_[file] = picture;
+    const PictureRef held = found == pictures_.end() ? nullptr : found->second.picture.lock();
+    if (held && found->second.showsChanges) return held;
+    const bool showsChanges = ShowsChanges(file);  // before its bytes are read
+    const std::vector<std::uint8_t> bytes = ReadPictureFile(path);
+    const std::size_t contents = HashOf(bytes);
+    const bool isSame = held && found->second.contents == contents;
+    PictureRef picture = isSame ? held : Decode(bytes);
+    Keep(file, {picture, contents, showsChanges});
+    return picture;
   }
 
  private:
-  std::map<FileIdentity, std::weak_ptr<PictureImage>> pictures_;
+  void Keep(const FileIdentity& file, const LoadedPicture& picture) {
+    std::erase_if(pictures_, [](const auto& entry) { return entry.second.picture.expired(); });
+    pictures_[file] = picture;
+  }
+
+  std::map<FileIdentity, LoadedPicture> pictures_;
 };
 
 }  // namespace
@@ -119,12 +140,7 @@ class LoadedPictures {
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path) {
   static LoadedPictures loaded;
   if (path.empty()) return std::make_shared<PictureImage>();
-  const FileIdentity file = IdentityOf(path);
-  if (PictureRef held = loaded.Find(file)) return held;
-  PictureRef picture =
-      Named("De afbeelding \"" + path + "\"", [&path] { return Decode(ReadPictureFile(path)); });
-  loaded.Keep(file, picture);
-  return picture;
+  return Named("De afbeelding \"" + path + "\"", [&path] { return loaded.Load(path); });
 }
 
 std::shared_ptr<PictureImage> DecodePicture(std::span<const std::uint8_t> bytes) {

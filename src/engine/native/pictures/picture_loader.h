@@ -26,8 +26,9 @@ inline constexpr int kSvgLongestLongSide = 4096;
 //
 // An empty path gives an empty picture. Raises ErrorNumber::FileAccess when the file cannot be read
 // or is no ordinary file, ErrorNumber::InvalidPicture when it is no picture, is damaged, incomplete
-// or too large; the description names the file. The same unchanged file (by its identity, size and
-// time of change) gives the same object while somebody holds it.
+// or too large; the description names the file. The same unchanged file gives the same object while
+// somebody holds it. Identity, size and times of change tell whether it has changed, its contents
+// while it has changed so recently that the times may not tell.
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path);
 
 // The same from a picture file's bytes; nothing is kept of them but a JPEG's. Raises

@@ -1,7 +1,10 @@
 #include "engine/native/pictures/picture_loader.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdlib>
@@ -217,6 +220,40 @@ TEST(LoadedPictures, AreReadAgainWhenTheTimeOfChangeDiffers) {
   const auto first = LoadPictureFile(path);
   std::filesystem::last_write_time(path, std::filesystem::file_time_type{});
   EXPECT_NE(LoadPictureFile(path), first);
+}
+
+// A file whose contents change without its times: a page of memory that is written already takes
+// more without telling the file system.
+class SharedMemoryFile {
+ public:
+  explicit SharedMemoryFile(const std::string& path) : size_(std::filesystem::file_size(path)) {
+    const int file = open(path.c_str(), O_RDWR);
+    bytes_ = static_cast<std::uint8_t*>(mmap(nullptr, size_, PROT_WRITE, MAP_SHARED, file, 0));
+    close(file);
+  }
+  ~SharedMemoryFile() { munmap(bytes_, size_); }
+  SharedMemoryFile(const SharedMemoryFile&) = delete;
+  SharedMemoryFile& operator=(const SharedMemoryFile&) = delete;
+
+  void WriteLastByte(std::uint8_t byte) const { bytes_[size_ - 1] = byte; }
+
+ private:
+  std::size_t size_;
+  std::uint8_t* bytes_;
+};
+
+TEST(LoadedPictures, AreReadAgainWhenTheFileHasChangedWithinTheSameInstant) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Write("a.bmp", PictureFile("colors.bmp"));
+  const SharedMemoryFile file(path);
+  file.WriteLastByte(1);
+  const auto first = LoadPictureFile(path);
+  EXPECT_EQ(LoadPictureFile(path), first) << "nothing has changed yet";
+  file.WriteLastByte(2);
+  const auto second = LoadPictureFile(path);
+  EXPECT_NE(second, first);
+  EXPECT_NE(second->GetPixels().data, first->GetPixels().data);
+  EXPECT_EQ(LoadPictureFile(path), second);
 }
 
 TEST(LoadedPictures, DoNotHideThatTheFileIsGone) {
