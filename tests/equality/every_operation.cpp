@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <fstream>
+#include <initializer_list>
 #include <numbers>
 
 namespace pagivo::test {
@@ -134,6 +135,55 @@ void DrawPlacedWords(PgPrint& print) {
   }
 }
 
+// Pens that stay inside, up to wider than their figures.
+void DrawInsidePens(PgPrint& print) {
+  double x = 15;
+  for (const std::int16_t width : std::initializer_list<std::int16_t>{30, 200, 700, 1100, 5000}) {
+    print.VsPPLine(x, 15, x + 30, 35, true, true, kRed, 4, 6, width);
+    print.VsPPCircle(x + 12, 55, 12, Missing, Missing, true, kGreen, 7, 6, width);
+    print.VsPPCircle(x + 12, 85, 12, -0.4, -2.5, true, kBlue, 2, 6, width);
+    print.VsPPCircle(x + 12, 108, 12, 0.4, 2.5, false, kBlue, 0, 6, width);
+    x += 36;
+  }
+}
+
+// Filled arcs with each choice of lines, and the circle that angles a whole turn apart make.
+void DrawFilledArcs(PgPrint& print) {
+  double x = 25;
+  for (const std::int32_t fill : {0, 5}) {
+    for (const double start : {0.5, -0.5}) {
+      for (const double end : {4.0, -4.0}) {
+        print.VsPPCircle(x, 130, 9, start, end, true, kGreen, fill, 0, std::int16_t{30});
+        x += 21;
+      }
+    }
+  }
+}
+
+void DrawThinLinesAndPoints(PgPrint& print) {
+  for (std::int16_t width = 0; width <= 6; ++width) {
+    const double y = 145 + width * 2;
+    print.VsPPLine(15, y, 60, y + 6, false, false, 0, 0, 0, width);
+    const auto x = Array<float>::FromValues({static_cast<float>(80 + width * 8)}, 1);
+    const auto top = Array<float>::FromValues({150}, 1);
+    print.VsPPDrawPolyline(x, top, width % 2 == 0, false, kRed, 0, 0,
+                           static_cast<std::int16_t>(width * 40));
+  }
+}
+
+// Lines and figures of which the page shows only a part.
+void DrawFromAfar(PgPrint& print) {
+  for (std::int32_t style = 0; style <= 4; ++style) {
+    const double y = 170 + style * 5;
+    const auto width = static_cast<std::int16_t>(15 + style * 10);
+    print.VsPPLine(-1e5, y, 1e5, y, false, false, kBlue, 0, style, width);
+    print.VsPPLine(20 + style * 30, y, 3e6, 1e6, false, false, kRed, 0, style, width);
+    print.VsPPLine(20 + style * 9, 200 + style * 3, 2e4, 3e4, true, false, kGreen, 0, style, width);
+    print.VsPPCircle(-9e4, 280, 9e4 + 100 + style * 9, Missing, Missing, false, 0, 0, style, width);
+    print.VsPPCircle(150, 3e4, 3e4 - 220 - style * 9, 1.0, 2.0, false, 0, 0, style, width);
+  }
+}
+
 }  // namespace
 
 // A little off the grid each time, so that the words start at every fraction of a pixel.
@@ -156,9 +206,15 @@ void ComposeEveryOperation(PgPrint& print, const std::string& pictureFolder) {
   print.VsPPNewPage();
   DrawPlacedWords(print);
   print.VsPPNewPage();
+  print.VsPPSetPaperSize(9);
+  DrawInsidePens(print);
+  DrawFilledArcs(print);
+  DrawThinLinesAndPoints(print);
+  DrawFromAfar(print);
+  print.VsPPNewPage();
   print.VsPPFinish("Alle bewerkingen");
   print.VsPPStartOverlay(1);
-  print.VsPPPrint("Blad 1 van 3", 100, 285, "Arial", 9, false, false, false);
+  print.VsPPPrint("Blad 1 van 4", 100, 285, "Arial", 9, false, false, false);
   print.VsPPEndOverlay();
 }
 

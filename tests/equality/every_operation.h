@@ -7,8 +7,9 @@
 
 namespace pagivo::test {
 
-// Three pages: figures and pictures, text, and a small one of single words. `pictureFolder`
-// receives the picture files that the first one shows.
+// Four pages: figures and pictures, text, a small one of single words, and figures with pens that
+// are very wide or thin, or that run far off the page. `pictureFolder` receives the picture files
+// that the first one shows.
 void ComposeEveryOperation(PgPrint& print, const std::string& pictureFolder);
 
 // The page of single words, for measuring where their ink lies: word i stands with its top left at

@@ -70,7 +70,7 @@ struct Material {
     PgPrint print;
     ComposeEveryOperation(print, Scratch());
     print.VSPDF(pdf);
-    for (std::int16_t page = 1; page <= 3; ++page) {
+    for (std::int16_t page = 1; page <= 4; ++page) {
       const std::string png = Scratch() + "/preview" + std::to_string(page) + ".png";
       WritePagePng(page, kDotsPerInch, png);
       preview.push_back(ReadPng(png));
@@ -107,6 +107,10 @@ TEST_P(PreviewEqualsPdf, ForFiguresAndPictures) {
 
 TEST_P(PreviewEqualsPdf, ForText) {
   ExpectAlike(TheMaterial().preview[1], TheMaterial().pdf, 2);
+}
+
+TEST_P(PreviewEqualsPdf, ForPensOfAnyWidthAndFiguresFromAfar) {
+  ExpectAlike(TheMaterial().preview[3], TheMaterial().pdf, 4);
 }
 
 // Where a word's ink is, in pixels of 144 dpi, in a picture so many times enlarged.

@@ -1,12 +1,11 @@
 #include "engine/native/arc_angles.h"
 
 #include <cmath>
-#include <numbers>
+
+#include "engine/native/document/arc_points.h"
 
 namespace pagivo::native {
 namespace {
-
-constexpr double kFullTurn = 2 * std::numbers::pi;
 
 // Angles closer than this are the same: a full turn given as a Single misses 2 pi by 2e-7.
 constexpr double kSameAngle = 1e-6;

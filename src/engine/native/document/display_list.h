@@ -90,7 +90,7 @@ class Player {
   virtual void DrawLine(Point from, Point to) = 0;
   virtual void DrawRectangle(const Rectangle& rectangle) = 0;  // filled by the brush
   virtual void DrawCircle(Point center, float radius) = 0;     // filled by the brush
-  virtual void DrawArc(const Arc& arc) = 0;  // filled when it has both radius lines
+  virtual void DrawArc(const Arc& arc) = 0;                    // its sector filled by the brush
   virtual void DrawPolyline(std::span<const Point> points) = 0;
   virtual void DrawPolygon(std::span<const Point> points) = 0;  // filled, even-odd
   virtual void DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) = 0;

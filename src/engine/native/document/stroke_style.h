@@ -3,6 +3,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
+#include <numeric>
 
 #include "engine/native/document/display_list.h"
 
@@ -12,34 +14,49 @@ inline bool DrawsLines(const Pen& pen) {
   return pen.style != PenStyle::Invisible;
 }
 
-// Twips.
+// Twips. No line is thinner than a hairline.
 inline float StrokeWidth(const Pen& pen) {
-  return pen.width > 0 ? pen.width : kHairlineWidth;
+  return pen.width > kHairlineWidth ? pen.width : kHairlineWidth;
 }
 
-inline bool HasRoundEnds(const Pen& pen) {
-  return DashMultiples(pen.style).empty();
+inline bool IsBroken(const Pen& pen) {
+  return !DashMultiples(pen.style).empty();
 }
 
-// A figure whose outline would take more dashes than this is outlined unbroken: it goes far beyond
-// any paper, and drawing what nobody sees would take hours.
-inline constexpr float kMostDashes = 100'000;
-
-// Whether a figure within `bounds`, whose edges are in order, has a broken outline.
-inline bool DrawsDashes(const Pen& pen, const Rectangle& bounds) {
+// How far along its dashes, in twips, a line is that begins `start` twips after its first dash.
+inline double DashPhase(const Pen& pen, double start) {
   const std::span<const float> multiples = DashMultiples(pen.style);
-  if (multiples.empty()) return false;
-  const float shortest = *std::ranges::min_element(multiples) * StrokeWidth(pen);
-  return (bounds.x2 - bounds.x1) + (bounds.y2 - bounds.y1) <= kMostDashes * shortest;
+  const double pattern = std::accumulate(multiples.begin(), multiples.end(), 0.0);
+  return pattern > 0 ? std::fmod(start, pattern * StrokeWidth(pen)) : 0;
 }
 
-// How far inside a rectangle or circle the pen's middle runs: a pen of style InsideSolid stays
-// inside whole.
+// The pens that draw figures: one of style InsideSolid is no wider than its figure is across, or it
+// would leave it. No reader of PDF needs to draw a curve with a pen that is wider than the curve's
+// radius, for some leave a hole there: such a circle is a dot.
+inline Pen PenOfRectangle(const Rectangle& figure, Pen pen) {
+  const float across = std::min(std::abs(figure.x2 - figure.x1), std::abs(figure.y2 - figure.y1));
+  if (pen.style == PenStyle::InsideSolid) pen.width = std::min(pen.width, across);
+  return pen;
+}
+
+inline Pen PenOfCircle(float radius, Pen pen) {
+  if (pen.style == PenStyle::InsideSolid && pen.width >= radius) pen.width = 2 * radius;
+  return pen;
+}
+
+inline Pen PenOfSector(float radius, Pen pen) {
+  if (pen.style == PenStyle::InsideSolid) pen.width = std::min(pen.width, radius);
+  return pen;
+}
+
+// How far inside a rectangle, circle or sector the pen's middle runs: a pen of style InsideSolid
+// stays inside whole.
 inline float StrokeInset(const Pen& pen) {
   return pen.style == PenStyle::InsideSolid ? StrokeWidth(pen) / 2 : 0;
 }
 
-// The rectangle that the pen's middle follows, its edges in order.
+// The rectangle that the pen's middle follows, its edges in order. Fills end there, too, or they
+// would show around the outline's round corners.
 inline Rectangle StrokedRectangle(const Rectangle& rectangle, const Pen& pen) {
   const auto [left, right] = std::minmax(rectangle.x1, rectangle.x2);
   const auto [top, bottom] = std::minmax(rectangle.y1, rectangle.y2);
@@ -48,7 +65,7 @@ inline Rectangle StrokedRectangle(const Rectangle& rectangle, const Pen& pen) {
   return {left + insetX, top + insetY, right - insetX, bottom - insetY};
 }
 
-// The radius of the circle that the pen's middle follows.
+// The radius of the circle or sector that the pen's middle follows.
 inline float StrokedRadius(float radius, const Pen& pen) {
   return std::max(radius - StrokeInset(pen), 0.0F);
 }

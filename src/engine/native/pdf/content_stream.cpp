@@ -62,20 +62,21 @@ void ContentStream::SetStroke(const StrokeStyle& style) {
   }
   const bool dashed = !DashMultiples(style.dash).empty();
   const bool wasDashed = !DashMultiples(old.dash).empty();
-  if (old.dash != style.dash ? dashed || wasDashed : dashed && old.width != style.width) {
-    AppendDash(style.dash, style.width);
-  }
+  const bool measuresDiffer = old.width != style.width || old.dashPhase != style.dashPhase;
+  if (old.dash != style.dash ? dashed || wasDashed : dashed && measuresDiffer) AppendDash(style);
   state_.stroke = style;
 }
 
-void ContentStream::AppendDash(PenStyle dash, Hundredths width) {
+void ContentStream::AppendDash(const StrokeStyle& style) {
   bytes_.push_back('[');
-  for (const float multiple : DashMultiples(dash)) {
-    AppendHundredths(bytes_, static_cast<Hundredths>(multiple * static_cast<float>(width)));
+  for (const float multiple : DashMultiples(style.dash)) {
+    AppendHundredths(bytes_, static_cast<Hundredths>(multiple * static_cast<float>(style.width)));
     bytes_.push_back(' ');
   }
   if (bytes_.back() == ' ') bytes_.pop_back();
-  bytes_ += "]0 d\n";
+  bytes_.push_back(']');
+  AppendHundredths(bytes_, style.dashPhase);
+  bytes_ += " d\n";
 }
 
 void ContentStream::MoveTo(PdfPoint point) {

@@ -25,6 +25,7 @@ struct StrokeStyle {
   int cap = 0;
   int join = 0;
   PenStyle dash = PenStyle::Solid;  // of which only the dash pattern counts
+  Hundredths dashPhase = 0;         // where in the pattern lines begin
   friend bool operator==(const StrokeStyle&, const StrokeStyle&) = default;
 };
 
@@ -68,7 +69,7 @@ class ContentStream {
   };
 
   void AppendColor(Color color, std::string_view grayOperator, std::string_view rgbOperator);
-  void AppendDash(PenStyle dash, Hundredths width);
+  void AppendDash(const StrokeStyle& style);
   void PaintWith(std::string_view nonZero, std::string_view evenOdd, FillRule rule);
 
   std::string bytes_;

@@ -3,18 +3,22 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
+#include "engine/native/document/arc_points.h"
 #include "engine/native/document/hatch.h"
+#include "engine/native/document/line_cutting.h"
 #include "engine/native/document/stroke_style.h"
 
 namespace pagivo::native {
 namespace {
 
-constexpr double kFullTurn = 2 * std::numbers::pi;
-
 // Larger sizes than any paper's help nobody, and readers' numbers end somewhere.
 constexpr float kLargestFontSize = 100000;
+
+// Twips between a circle and its chords: a fortieth of a point.
+constexpr double kChordTolerance = 0.5;
 
 // A quarter of a turn drawn as one curve leaves the circle by 0.03 % of the radius at most.
 constexpr double kCurveSweep = std::numbers::pi / 2;
@@ -36,6 +40,36 @@ Rectangle BoundsOf(std::span<const Point> points) {
 
 Rectangle BoundsOf(Point center, float radius) {
   return {center.x - radius, center.y - radius, center.x + radius, center.y + radius};
+}
+
+ExactPoint Exact(Point point) {
+  return {point.x, point.y};
+}
+
+std::vector<ExactPoint> OutlineOf(std::span<const Point> points) {
+  std::vector<ExactPoint> outline;
+  std::ranges::transform(points, std::back_inserter(outline), Exact);
+  return outline;
+}
+
+std::vector<ExactPoint> ClosedOutlineOf(std::span<const Point> points) {
+  std::vector<ExactPoint> outline = OutlineOf(points);
+  outline.push_back(outline.front());
+  return outline;
+}
+
+// In the order in which readers follow a rectangle.
+std::array<Point, 4> CornersOf(const Rectangle& rectangle) {
+  const auto& [left, top, right, bottom] = rectangle;
+  return {{{left, bottom}, {right, bottom}, {right, top}, {left, top}}};
+}
+
+std::vector<ExactPoint> OutlineOf(const Arc& arc, double turn) {
+  std::vector<ExactPoint> outline;
+  if (arc.radiusLineAtStart) outline.push_back(Exact(arc.center));
+  AddArc(outline, Exact(arc.center), arc.radius, arc.start, turn, kChordTolerance);
+  if (arc.radiusLineAtEnd) outline.push_back(Exact(arc.center));
+  return outline;
 }
 
 }  // namespace
@@ -85,14 +119,32 @@ void PagePlayer::Underline(double from, double to, double baseline) {
   stream_.Fill(FillRule::NonZero);
 }
 
-void PagePlayer::UsePen(const Rectangle& bounds) {
+void PagePlayer::UsePen(const Pen& pen, double dashPhase) {
   StrokeStyle style;
-  style.color = pen_.color;
-  style.width = geometry_->Length(StrokeWidth(pen_));
-  style.cap = HasRoundEnds(pen_) ? 1 : 0;
+  style.color = pen.color;
+  style.width = geometry_->Length(StrokeWidth(pen));
+  style.cap = IsBroken(pen) ? 0 : 1;
   style.join = 1;
-  if (DrawsDashes(pen_, bounds)) style.dash = pen_.style;
+  style.dash = pen.style;
+  style.dashPhase = geometry_->Length(dashPhase);
   stream_.SetStroke(style);
+}
+
+bool PagePlayer::IsWithinReach(const Rectangle& bounds, const Pen& pen) const {
+  return Contains(ReachOf(geometry_->Paper(), pen), bounds);
+}
+
+// Outlines what leaves the reach of the page.
+void PagePlayer::StrokeParts(const std::vector<ExactPoint>& line, const Pen& pen) {
+  if (!DrawsLines(pen)) return;
+  for (const LinePart& part : PartsWithin(ReachOf(geometry_->Paper(), pen), line)) {
+    UsePen(pen, DashPhase(pen, part.start));
+    stream_.MoveTo(geometry_->At(part.points.front().x, part.points.front().y));
+    for (const ExactPoint& point : std::span(part.points).subspan(1)) {
+      stream_.LineTo(geometry_->At(point.x, point.y));
+    }
+    stream_.Stroke();
+  }
 }
 
 void PagePlayer::DrawLine(Point from, Point to) {
@@ -102,7 +154,8 @@ void PagePlayer::DrawLine(Point from, Point to) {
 void PagePlayer::DrawPolyline(std::span<const Point> points) {
   if (points.size() < 2 || !AreFinite(points) || !DrawsLines(pen_)) return;
   text_.End();
-  UsePen(BoundsOf(points));
+  if (!IsWithinReach(BoundsOf(points), pen_)) return StrokeParts(OutlineOf(points), pen_);
+  UsePen(pen_);
   AddPoints(points);
   stream_.Stroke();
 }
@@ -114,53 +167,65 @@ void PagePlayer::AddPoints(std::span<const Point> points) {
 
 void PagePlayer::DrawPolygon(std::span<const Point> points) {
   if (points.size() < 2 || !AreFinite(points)) return;
-  DrawFigure(BoundsOf(points), FillRule::EvenOdd, [&] {
+  const auto addPath = [&] {
     AddPoints(points);
     stream_.ClosePath();
-  });
+  };
+  const auto outline = [&] { return ClosedOutlineOf(points); };
+  DrawFigure({pen_, BoundsOf(points), FillRule::EvenOdd}, addPath, outline);
 }
 
 void PagePlayer::DrawRectangle(const Rectangle& rectangle) {
   if (!AreFinite(rectangle.x1, rectangle.y1, rectangle.x2, rectangle.y2)) return;
-  const Rectangle middle = StrokedRectangle(rectangle, pen_);
-  DrawFigure(middle, FillRule::NonZero, [&] {
+  const Pen pen = PenOfRectangle(rectangle, pen_);
+  const Rectangle middle = StrokedRectangle(rectangle, pen);
+  const auto addPath = [&] {
     const PdfPoint upperLeft = geometry_->At(middle.x1, middle.y1);
     const PdfPoint lowerRight = geometry_->At(middle.x2, middle.y2);
     stream_.AddRectangle({upperLeft.x, lowerRight.y}, lowerRight.x - upperLeft.x,
                          upperLeft.y - lowerRight.y);
-  });
+  };
+  const auto outline = [&] { return ClosedOutlineOf(CornersOf(middle)); };
+  DrawFigure({pen, middle, FillRule::NonZero}, addPath, outline);
 }
 
 void PagePlayer::DrawCircle(Point center, float radius) {
   if (!AreFinite(center.x, center.y, radius)) return;
-  const Arc circle{.center = center, .radius = StrokedRadius(std::abs(radius), pen_)};
-  DrawFigure(BoundsOf(center, circle.radius), FillRule::NonZero, [&] {
+  const Pen pen = PenOfCircle(std::abs(radius), pen_);
+  const Arc circle{.center = center, .radius = StrokedRadius(std::abs(radius), pen)};
+  const auto addPath = [&] {
     AddArc(circle, kFullTurn);
     stream_.ClosePath();
-  });
+  };
+  const auto outline = [&] { return OutlineOf(circle, kFullTurn); };
+  DrawFigure({pen, BoundsOf(center, circle.radius), FillRule::NonZero}, addPath, outline);
 }
 
 void PagePlayer::DrawArc(const Arc& arc) {
   if (!AreFinite(arc.center.x, arc.center.y, arc.radius, arc.start, arc.end)) return;
-  const double sweep = arc.end > arc.start ? arc.end - arc.start : arc.end - arc.start + kFullTurn;
+  const float radius = std::max(arc.radius, 0.0F);
+  const Pen pen = PenOfSector(radius, pen_);
+  Arc middle = arc;
+  middle.radius = StrokedRadius(radius, pen);
+  const Figure sector{pen, BoundsOf(arc.center, radius), FillRule::NonZero};
+  const auto addSector = [&] {
+    AddArc(SectorOf(middle), TurnOf(arc));
+    stream_.ClosePath();
+  };
+  const auto outline = [&] { return OutlineOf(middle, TurnOf(arc)); };
   if (arc.radiusLineAtStart && arc.radiusLineAtEnd) {
-    DrawFigure(BoundsOf(arc.center, arc.radius), FillRule::NonZero, [&] {
-      stream_.MoveTo(geometry_->At(arc.center));
-      AddArc(arc, sweep);
-      stream_.ClosePath();
-    });
-    return;
+    return DrawFigure(sector, addSector, outline);
   }
-  if (!DrawsLines(pen_)) return;
-  text_.End();
-  UsePen(BoundsOf(arc.center, arc.radius));
-  if (arc.radiusLineAtStart) stream_.MoveTo(geometry_->At(arc.center));
-  AddArc(arc, sweep);
+  FillFigure(sector, addSector);
+  if (!DrawsLines(pen)) return;
+  if (!IsWithinReach(sector.bounds, pen)) return StrokeParts(outline(), pen);
+  UsePen(pen);
+  AddArc(middle, TurnOf(arc));
   if (arc.radiusLineAtEnd) stream_.LineTo(geometry_->At(arc.center));
   stream_.Stroke();
 }
 
-// From the arc's start, joined by a line to the centre when a radius line leads there.
+// From the arc's start, or from the centre when a radius line leads there.
 void PagePlayer::AddArc(const Arc& arc, double sweep) {
   const int curves = std::max(1, static_cast<int>(std::ceil(sweep / kCurveSweep - 1e-6)));
   const double step = sweep / curves;
@@ -172,6 +237,7 @@ void PagePlayer::AddArc(const Arc& arc, double sweep) {
     return geometry_->At(arc.center.x + arc.radius * x, arc.center.y - arc.radius * y);
   };
   if (arc.radiusLineAtStart) {
+    stream_.MoveTo(geometry_->At(arc.center));
     stream_.LineTo(at(arc.start, 0));
   } else {
     stream_.MoveTo(at(arc.start, 0));
@@ -182,29 +248,40 @@ void PagePlayer::AddArc(const Arc& arc, double sweep) {
   }
 }
 
-// Fills and outlines a closed path, which is added anew for each of the two when the brush hatches.
 template <typename AddPath>
-void PagePlayer::DrawFigure(const Rectangle& bounds, FillRule rule, AddPath addPath) {
+void PagePlayer::FillFigure(const Figure& figure, AddPath addPath) {
   text_.End();
   if (IsHatched(brush_.style)) {
     stream_.SaveState();
     addPath();
-    stream_.Clip(rule);
-    Hatch(bounds);
+    stream_.Clip(figure.rule);
+    Hatch(figure.bounds);
     stream_.RestoreState();
+  } else if (brush_.style == BrushStyle::Solid) {
+    stream_.SetFillColor(brush_.color);
+    addPath();
+    stream_.Fill(figure.rule);
   }
-  const bool fills = brush_.style == BrushStyle::Solid;
-  const bool strokes = DrawsLines(pen_);
-  if (!fills && !strokes) return;
-  if (fills) stream_.SetFillColor(brush_.color);
-  if (strokes) UsePen(bounds);
+}
+
+// Fills and outlines a closed path at once where it can be. `outline` gives the path's points, its
+// start at its end again.
+template <typename AddPath, typename Outline>
+void PagePlayer::DrawFigure(const Figure& figure, AddPath addPath, Outline outline) {
+  const bool strokes = DrawsLines(figure.pen);
+  const bool isWithinReach = IsWithinReach(figure.bounds, figure.pen);
+  const bool atOnce = brush_.style == BrushStyle::Solid && strokes && isWithinReach;
+  if (!atOnce) FillFigure(figure, addPath);
+  if (!strokes) return;
+  if (!isWithinReach) return StrokeParts(outline(), figure.pen);
+  text_.End();
+  if (atOnce) stream_.SetFillColor(brush_.color);
+  UsePen(figure.pen);
   addPath();
-  if (!fills) {
-    stream_.Stroke();
-  } else if (strokes) {
-    stream_.FillAndStroke(rule);
+  if (atOnce) {
+    stream_.FillAndStroke(figure.rule);
   } else {
-    stream_.Fill(rule);
+    stream_.Stroke();
   }
 }
 

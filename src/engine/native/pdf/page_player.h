@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "engine/native/document/document.h"
 #include "engine/native/fonts/font_library.h"
@@ -37,13 +38,25 @@ class PagePlayer final : public Player {
   void DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) override;
 
  private:
+  // How a closed path is drawn.
+  struct Figure {
+    Pen pen;
+    Rectangle bounds;
+    FillRule rule;
+  };
+
   void Underline(double from, double to, double baseline);
-  void UsePen(const Rectangle& bounds);
+  // `dashPhase` is where in the pattern of dashes lines begin, twips.
+  void UsePen(const Pen& pen, double dashPhase = 0);
+  bool IsWithinReach(const Rectangle& bounds, const Pen& pen) const;
+  void StrokeParts(const std::vector<ExactPoint>& line, const Pen& pen);
   void AddArc(const Arc& arc, double sweep);
   void AddPoints(std::span<const Point> points);
   void Hatch(const Rectangle& bounds);
   template <typename AddPath>
-  void DrawFigure(const Rectangle& bounds, FillRule rule, AddPath addPath);
+  void FillFigure(const Figure& figure, AddPath addPath);
+  template <typename AddPath, typename Outline>
+  void DrawFigure(const Figure& figure, AddPath addPath, Outline outline);
 
   ImageEmbedder& images_;
   ContentStream stream_;

@@ -18,15 +18,13 @@ constexpr std::int32_t kWholeWidth = 2 * kOne;
 // A band of rows has about this many cells: they stay in the processor's cache.
 constexpr std::int32_t kBandCells = 1 << 16;
 
-// Pixels; what lies further out is taken to lie here, so that edges fit in 32 bits.
-constexpr double kFarthestPixel = 4e6;
-
 std::int32_t Rounded(double value) {
   constexpr std::int64_t kBias = std::int64_t{1} << 40;  // makes cutting off round downwards
   return static_cast<std::int32_t>(
       static_cast<std::int64_t>(value + static_cast<double>(kBias) + 0.5) - kBias);
 }
 
+// Edges fit in 32 bits.
 std::int32_t UnitsOf(double pixels) {
   return Rounded(std::clamp(pixels, -kFarthestPixel, kFarthestPixel) * kOne);
 }

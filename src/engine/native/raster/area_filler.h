@@ -10,10 +10,10 @@
 
 namespace pagivo::native {
 
-struct PixelPoint {
-  double x = 0;
-  double y = 0;
-};
+using PixelPoint = ExactPoint;
+
+// Pixels; what lies further out is taken to lie here.
+inline constexpr double kFarthestPixel = 4e6;
 
 // Corners are taken to 1/256 of a pixel and areas are computed in whole numbers from there, so a
 // pixel gets the same coverage whatever part of the page is drawn. The storage is kept from shape

@@ -15,8 +15,8 @@ namespace {
 
 class BitmapPlayer final : public Player {
  public:
-  BitmapPlayer(Canvas& canvas, const PageScale& scale)
-      : text_(canvas, scale), vectors_(canvas, scale), pictures_(canvas, scale) {}
+  BitmapPlayer(Canvas& canvas, const PageScale& scale, const PageGeometry& page)
+      : text_(canvas, scale), vectors_(canvas, scale, page), pictures_(canvas, scale) {}
 
   void SetFont(const FontDescription& font) override { text_.SetFont(font); }
   void SetTextColor(Color color) override { text_.SetColor(color); }
@@ -60,9 +60,10 @@ void DrawPage(const Document& document, std::int32_t page, const PageView& view,
   RequireDrawableSize({bitmap.width, bitmap.height});
   if (bitmap.width <= 0 || bitmap.height <= 0) return;
   const PageScale scale(view.pixelsPerTwip);
-  Canvas canvas(bitmap, view, PagePixelSize(document.GeometryOf(page), view.pixelsPerTwip));
+  const PageGeometry& geometry = document.GeometryOf(page);
+  Canvas canvas(bitmap, view, PagePixelSize(geometry, view.pixelsPerTwip));
   canvas.FillPaper();
-  BitmapPlayer player(canvas, scale);
+  BitmapPlayer player(canvas, scale, geometry);
   document.Play(page, player);
   canvas.RequireDrawn();
 }

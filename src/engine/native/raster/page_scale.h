@@ -15,8 +15,8 @@ bool AreFinite(Number... numbers) {
   return (std::isfinite(numbers) && ...);
 }
 
-// What lies further out is drawn as if it lay here. It keeps numbers within what cairo can count
-// and the number of dashes small.
+// Texts and pictures that lie further out are drawn as if they lay here, and lines are no wider. It
+// keeps numbers within what cairo can count.
 inline constexpr float kFarthestTwips = 1e6F;
 
 constexpr float WithinReach(float twips) {

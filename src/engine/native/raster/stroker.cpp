@@ -5,11 +5,10 @@
 #include <cmath>
 #include <numbers>
 
+#include "engine/native/document/arc_points.h"
+
 namespace pagivo::native {
 namespace {
-
-// Pixels between a circle and its chords.
-constexpr double kTolerance = 0.03;
 
 // From a line's middle to its edge, a quarter turn from its direction.
 struct Normal {
@@ -21,7 +20,7 @@ struct Normal {
 class StrokeMaker {
  public:
   StrokeMaker(AreaFiller& filler, double width)
-      : filler_(filler), radius_(width / 2), chord_(ChordAngle(radius_)) {}
+      : filler_(filler), radius_(width / 2), chord_(ChordAngle(radius_, kChordTolerance)) {}
 
   Normal AddSegment(PixelPoint from, PixelPoint to) {
     const double scale = radius_ / std::hypot(to.x - from.x, to.y - from.y);
@@ -71,17 +70,13 @@ bool AreEqual(const PixelPoint& one, const PixelPoint& other) {
 
 }  // namespace
 
-double ChordAngle(double radius) {
-  return 2 * std::acos(radius > 0 ? std::max(0.5, 1 - kTolerance / radius) : 0.5);
-}
-
-void AddStroke(AreaFiller& filler, const Outline& outline, double width, bool roundEnds) {
+void AddStroke(AreaFiller& filler, const Outline& outline, double width) {
   StrokeMaker maker(filler, width);
   std::vector<PixelPoint> points = outline.points;
   if (outline.closed) points.push_back(points.front());
   points.erase(std::unique(points.begin(), points.end(), AreEqual), points.end());
   if (points.size() == 1) {
-    if (roundEnds) maker.AddFan(points[0], {maker.Radius(), 0}, 2 * std::numbers::pi);
+    maker.AddFan(points[0], {maker.Radius(), 0}, 2 * std::numbers::pi);
     return;
   }
   const Normal first = maker.AddSegment(points[0], points[1]);
@@ -93,7 +88,7 @@ void AddStroke(AreaFiller& filler, const Outline& outline, double width, bool ro
   }
   if (outline.closed) {
     maker.AddJoin(points[0], last, first);
-  } else if (roundEnds) {
+  } else {
     maker.AddFan(points.front(), first, std::numbers::pi);
     maker.AddFan(points.back(), {-last.x, -last.y}, std::numbers::pi);
   }

@@ -12,11 +12,11 @@ struct Outline {
   bool closed = false;
 };
 
-// How many radians a chord may span so that it does not leave its circle visibly.
-double ChordAngle(double radius);
+// Pixels between a circle and its chords that nobody sees.
+inline constexpr double kChordTolerance = 0.03;
 
 // Adds the shape of an unbroken line along the outline, to be filled by FillRule::NonZero. Joins
-// are round.
-void AddStroke(AreaFiller& filler, const Outline& outline, double width, bool roundEnds);
+// and ends are round.
+void AddStroke(AreaFiller& filler, const Outline& outline, double width);
 
 }  // namespace pagivo::native

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
+#include <utility>
 
+#include "engine/native/document/arc_points.h"
 #include "engine/native/document/hatch.h"
+#include "engine/native/document/line_cutting.h"
 #include "engine/native/document/stroke_style.h"
 
 namespace pagivo::native {
@@ -13,7 +15,6 @@ namespace {
 
 // Pixels. A hairline would fade away on a screen if it were drawn as thin as it is on paper.
 constexpr double kThinnestStroke = 1;
-constexpr double kFullTurn = 2 * std::numbers::pi;
 
 // Lines of a hatch must leave this part of the ground free where the page is shown small.
 constexpr double kWidestHatchShare = 0.25;
@@ -36,16 +37,6 @@ Outline RectangleOutline(const PixelRectangle& edges) {
           true};
 }
 
-// Angles grow upwards on the page, downwards in pixels. `turn` is counter-clockwise.
-void AddArc(Outline& outline, PixelPoint center, double radius, double start, double turn) {
-  const double steps = std::ceil(turn / ChordAngle(radius));
-  for (double step = 0; step <= steps; ++step) {
-    const double angle = start + turn * step / steps;
-    outline.points.push_back(
-        {center.x + radius * std::cos(angle), center.y - radius * std::sin(angle)});
-  }
-}
-
 PixelRectangle BoundsOf(const Outline& outline) {
   const PixelPoint& first = outline.points.front();
   PixelRectangle bounds{first.x, first.y, first.x, first.y};
@@ -56,9 +47,19 @@ PixelRectangle BoundsOf(const Outline& outline) {
   return bounds;
 }
 
+Rectangle RectangleOf(const PixelRectangle& edges) {
+  return {static_cast<float>(edges.left), static_cast<float>(edges.top),
+          static_cast<float>(edges.right), static_cast<float>(edges.bottom)};
+}
+
 void SetPath(cairo_t* cairo, const Outline& outline) {
+  const auto countable = [](double pixels) {
+    return std::clamp(pixels, -kFarthestPixel, kFarthestPixel);
+  };
   cairo_new_path(cairo);
-  for (const PixelPoint& point : outline.points) cairo_line_to(cairo, point.x, point.y);
+  for (const PixelPoint& point : outline.points) {
+    cairo_line_to(cairo, countable(point.x), countable(point.y));
+  }
   if (outline.closed) cairo_close_path(cairo);
 }
 
@@ -72,76 +73,87 @@ AreaFiller& EmptyFiller() {
 
 }  // namespace
 
-double VectorPainter::StrokePixels() const {
-  return std::max(scale_.PixelAt(StrokeWidth(pen_)), kThinnestStroke);
+double VectorPainter::StrokePixels(const Pen& pen) const {
+  return std::max(scale_.PixelAt(StrokeWidth(pen)), kThinnestStroke);
 }
 
-bool VectorPainter::IsThin() const {
-  return StrokePixels() < kThinPixels;
+bool VectorPainter::IsThin(const Pen& pen) const {
+  return StrokePixels(pen) < kThinPixels;
 }
 
 void VectorPainter::DrawLine(Point from, Point to) {
   if (!AreFinite(from.x, from.y, to.x, to.y)) return;
   Outline line = OutlineOf(std::array{from, to}, false);
-  const bool aligned = IsThin() && (from.x == to.x || from.y == to.y);
+  const bool aligned = IsThin(pen_) && (from.x == to.x || from.y == to.y);
+  const double width = StrokePixels(pen_);
   for (PixelPoint& end : line.points) {
-    if (aligned && from.x == to.x) end.x = Aligned(end.x);
-    if (aligned && from.y == to.y) end.y = Aligned(end.y);
+    if (aligned && from.x == to.x) end.x = AlignedMiddle(end.x, width);
+    if (aligned && from.y == to.y) end.y = AlignedMiddle(end.y, width);
   }
-  Stroke(line, aligned);
+  Stroke(line, pen_, aligned);
 }
 
 void VectorPainter::DrawRectangle(const Rectangle& rectangle) {
-  if (!AreFinite(rectangle.x1, rectangle.y1, rectangle.x2, rectangle.y2)) return;
-  Fill(RectangleOutline(scale_.Pixels(rectangle)));
-  PixelRectangle edges = scale_.Pixels(StrokedRectangle(rectangle, pen_));
-  if (IsThin()) {
-    edges = {Aligned(edges.left), Aligned(edges.top), Aligned(edges.right), Aligned(edges.bottom)};
-  }
-  Stroke(RectangleOutline(edges), IsThin());
+  const auto& [x1, y1, x2, y2] = rectangle;
+  if (!AreFinite(x1, y1, x2, y2)) return;
+  const Pen pen = PenOfRectangle(rectangle, pen_);
+  const Rectangle middle = StrokedRectangle(rectangle, pen);
+  const auto [left, top] = At({middle.x1, middle.y1});
+  const auto [right, bottom] = At({middle.x2, middle.y2});
+  Fill(RectangleOutline({left, top, right, bottom}));
+  if (!IsThin(pen)) return Stroke(RectangleOutline({left, top, right, bottom}), pen);
+  const auto aligned = [width = StrokePixels(pen)](double edge) {
+    return AlignedMiddle(edge, width);
+  };
+  Stroke(RectangleOutline({aligned(left), aligned(top), aligned(right), aligned(bottom)}), pen,
+         true);
 }
 
 void VectorPainter::DrawCircle(Point center, float radius) {
   if (!AreFinite(center.x, center.y, radius)) return;
-  Fill(CircleAround(center, std::abs(radius)));
-  Stroke(CircleAround(center, StrokedRadius(std::abs(radius), pen_)));
+  const Pen pen = PenOfCircle(std::abs(radius), pen_);
+  const Outline outline = CircleAround(center, StrokedRadius(std::abs(radius), pen));
+  Fill(outline);
+  Stroke(outline, pen);
 }
 
 Outline VectorPainter::CircleAround(Point center, float radius) const {
   Outline outline;
   outline.closed = true;
-  AddArc(outline, At(center), scale_.PixelAt(radius), 0, kFullTurn);
+  AddArc(outline.points, At(center), scale_.Pixels(radius), 0, kFullTurn, kChordTolerance);
   return outline;
 }
 
 void VectorPainter::DrawArc(const Arc& arc) {
   if (!AreFinite(arc.center.x, arc.center.y, arc.radius, arc.start, arc.end)) return;
-  const Outline outline = OutlineOf(arc);
-  if (outline.closed) Fill(outline);
-  Stroke(outline);
+  const float radius = std::max(arc.radius, 0.0F);
+  const Pen pen = PenOfSector(radius, pen_);
+  Arc middle = arc;
+  middle.radius = StrokedRadius(radius, pen);
+  if (brush_.style != BrushStyle::Transparent) Fill(OutlineOf(SectorOf(middle)));
+  Stroke(OutlineOf(middle), pen);
 }
 
 Outline VectorPainter::OutlineOf(const Arc& arc) const {
-  const double turn = double{arc.end} - arc.start;
   Outline outline;
   outline.closed = arc.radiusLineAtStart && arc.radiusLineAtEnd;
   if (arc.radiusLineAtStart) outline.points.push_back(At(arc.center));
-  AddArc(outline, At(arc.center), scale_.PixelAt(std::max(arc.radius, 0.0F)), arc.start,
-         turn > 0 ? turn : turn + kFullTurn);
+  AddArc(outline.points, At(arc.center), scale_.Pixels(arc.radius), arc.start, TurnOf(arc),
+         kChordTolerance);
   if (arc.radiusLineAtEnd && !outline.closed) outline.points.push_back(At(arc.center));
   return outline;
 }
 
 void VectorPainter::DrawPolyline(std::span<const Point> points) {
   if (points.size() < 2 || !AreFinitePoints(points)) return;
-  Stroke(OutlineOf(points, false));
+  Stroke(OutlineOf(points, false), pen_);
 }
 
 void VectorPainter::DrawPolygon(std::span<const Point> points) {
   if (points.size() < 2 || !AreFinitePoints(points)) return;
   const Outline outline = OutlineOf(points, true);
   Fill(outline);
-  Stroke(outline);
+  Stroke(outline, pen_);
 }
 
 Outline VectorPainter::OutlineOf(std::span<const Point> points, bool closed) const {
@@ -189,30 +201,47 @@ Rectangle VectorPainter::WithinClip(const PixelRectangle& bounds) const {
 }
 
 Rectangle VectorPainter::Twips(const PixelRectangle& pixels) const {
-  const auto twips = [this](double edge) {
-    return static_cast<float>(edge / scale_.PixelsPerTwip());
-  };
-  return {twips(pixels.left), twips(pixels.top), twips(pixels.right), twips(pixels.bottom)};
+  const double scale = scale_.PixelsPerTwip();
+  return RectangleOf(
+      {pixels.left / scale, pixels.top / scale, pixels.right / scale, pixels.bottom / scale});
 }
 
-void VectorPainter::Stroke(const Outline& outline, bool alignedToPixels) {
-  if (!DrawsLines(pen_)) return;
-  if (DrawsDashes(pen_, Twips(BoundsOf(outline)))) return StrokeBroken(outline, alignedToPixels);
-  if (alignedToPixels) return StrokeAligned(BoundsOf(outline));
+Rectangle VectorPainter::ReachInPixels(const Pen& pen) const {
+  const auto [left, top, right, bottom] = ReachOf(page_, pen);
+  return RectangleOf(
+      {scale_.Pixels(left), scale_.Pixels(top), scale_.Pixels(right), scale_.Pixels(bottom)});
+}
+
+void VectorPainter::Stroke(const Outline& outline, const Pen& pen, bool alignedToPixels) {
+  if (!DrawsLines(pen)) return;
+  const PixelRectangle bounds = BoundsOf(outline);
+  if (alignedToPixels && !IsBroken(pen)) return StrokeAligned(bounds, pen);
+  const Rectangle reach = ReachInPixels(pen);
+  if (Contains(reach, RectangleOf(bounds))) return StrokePart(outline, pen, alignedToPixels, 0);
+  std::vector<PixelPoint> line = outline.points;
+  if (outline.closed) line.push_back(line.front());
+  for (LinePart& part : PartsWithin(reach, line)) {
+    StrokePart({std::move(part.points), false}, pen, alignedToPixels, part.start);
+  }
+}
+
+void VectorPainter::StrokePart(const Outline& outline, const Pen& pen, bool alignedToPixels,
+                               double start) {
+  if (IsBroken(pen)) return StrokeBroken(outline, pen, alignedToPixels, start);
   AreaFiller& filler = EmptyFiller();
-  AddStroke(filler, outline, StrokePixels(), HasRoundEnds(pen_));
-  filler.Fill(canvas_, FillRule::NonZero, Ink(pen_.color));
+  AddStroke(filler, outline, StrokePixels(pen));
+  filler.Fill(canvas_, FillRule::NonZero, Ink(pen.color));
 }
 
 // A thin line along the pixels, or the four of a rectangle. Rounding ends and corners of a pixel or
 // two would only blur them.
-void VectorPainter::StrokeAligned(const PixelRectangle& middle) {
-  const double half = StrokePixels() / 2;
+void VectorPainter::StrokeAligned(const PixelRectangle& middle, const Pen& pen) {
+  const double half = StrokePixels(pen) / 2;
   const PixelRectangle outer{middle.left - half, middle.top - half, middle.right + half,
                              middle.bottom + half};
   const PixelRectangle inner{middle.left + half, middle.top + half, middle.right - half,
                              middle.bottom - half};
-  const Ink ink(pen_.color);
+  const Ink ink(pen.color);
   if (inner.left >= inner.right || inner.top >= inner.bottom) {
     return canvas_.FillRectangle(outer, ink);
   }
@@ -222,18 +251,20 @@ void VectorPainter::StrokeAligned(const PixelRectangle& middle) {
   canvas_.FillRectangle({inner.right, inner.top, outer.right, inner.bottom}, ink);
 }
 
-void VectorPainter::StrokeBroken(const Outline& outline, bool alignedToPixels) {
+void VectorPainter::StrokeBroken(const Outline& outline, const Pen& pen, bool alignedToPixels,
+                                 double start) {
   constexpr std::size_t kLongestPattern = 8;
   std::array<double, kLongestPattern> dashes{};
-  const std::span<const float> multiples = DashMultiples(pen_.style);
-  const double width = scale_.PixelAt(StrokeWidth(pen_));
+  const std::span<const float> multiples = DashMultiples(pen.style);
+  const double width = scale_.PixelAt(StrokeWidth(pen));
   std::transform(multiples.begin(), multiples.end(), dashes.begin(),
                  [width](float multiple) { return multiple * width; });
+  const double phase = scale_.Pixels(DashPhase(pen, start / scale_.PixelsPerTwip()));
   cairo_t* cairo = canvas_.Vectors();
   SetPath(cairo, outline);
-  SetColor(cairo, pen_.color);
-  cairo_set_line_width(cairo, StrokePixels());
-  cairo_set_dash(cairo, dashes.data(), static_cast<int>(multiples.size()), 0);
+  SetColor(cairo, pen.color);
+  cairo_set_line_width(cairo, StrokePixels(pen));
+  cairo_set_dash(cairo, dashes.data(), static_cast<int>(multiples.size()), phase);
   cairo_set_line_cap(cairo, CAIRO_LINE_CAP_BUTT);
   cairo_set_line_join(cairo, alignedToPixels ? CAIRO_LINE_JOIN_MITER : CAIRO_LINE_JOIN_ROUND);
   cairo_stroke(cairo);

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "engine/native/document/display_list.h"
+#include "engine/native/document/document.h"
 #include "engine/native/raster/canvas.h"
 #include "engine/native/raster/page_scale.h"
 #include "engine/native/raster/stroker.h"
@@ -12,7 +12,8 @@ namespace pagivo::native {
 
 class VectorPainter {
  public:
-  VectorPainter(Canvas& canvas, const PageScale& scale) : canvas_(canvas), scale_(scale) {}
+  VectorPainter(Canvas& canvas, const PageScale& scale, const PageGeometry& page)
+      : canvas_(canvas), scale_(scale), page_(page) {}
 
   void SetPen(const Pen& pen) { pen_ = pen; }
   void SetBrush(const Brush& brush) { brush_ = brush; }
@@ -25,25 +26,28 @@ class VectorPainter {
   void DrawPolygon(std::span<const Point> points);
 
  private:
-  double StrokePixels() const;
-  bool IsThin() const;
-  double Aligned(double middle) const { return AlignedMiddle(middle, StrokePixels()); }
+  double StrokePixels(const Pen& pen) const;
+  bool IsThin(const Pen& pen) const;
 
-  PixelPoint At(Point point) const { return {scale_.PixelAt(point.x), scale_.PixelAt(point.y)}; }
+  PixelPoint At(Point point) const { return {scale_.Pixels(point.x), scale_.Pixels(point.y)}; }
   Outline OutlineOf(std::span<const Point> points, bool closed) const;
   Outline OutlineOf(const Arc& arc) const;
   Outline CircleAround(Point center, float radius) const;
 
   void Fill(const Outline& outline);
   void Hatch(const Outline& outline);
-  void Stroke(const Outline& outline, bool alignedToPixels = false);
-  void StrokeBroken(const Outline& outline, bool alignedToPixels);
-  void StrokeAligned(const PixelRectangle& middle);
+  void Stroke(const Outline& outline, const Pen& pen, bool alignedToPixels = false);
+  // `start`: how far along its line the outline begins, pixels.
+  void StrokePart(const Outline& outline, const Pen& pen, bool alignedToPixels, double start);
+  void StrokeBroken(const Outline& outline, const Pen& pen, bool alignedToPixels, double start);
+  void StrokeAligned(const PixelRectangle& middle, const Pen& pen);
+  Rectangle ReachInPixels(const Pen& pen) const;
   Rectangle WithinClip(const PixelRectangle& bounds) const;
   Rectangle Twips(const PixelRectangle& pixels) const;
 
   Canvas& canvas_;
   const PageScale& scale_;
+  const PageGeometry& page_;
   Pen pen_;
   Brush brush_;
 };

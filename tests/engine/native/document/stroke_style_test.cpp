@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace pagivo::native {
 namespace {
 
@@ -10,12 +12,18 @@ TEST(StrokeStyle, AWidthOfZeroIsAHairline) {
   EXPECT_EQ(StrokeWidth({PenStyle::Solid, 30, 0}), 30);
 }
 
-TEST(StrokeStyle, OnlyUnbrokenLinesHaveRoundEnds) {
-  EXPECT_TRUE(HasRoundEnds({PenStyle::Solid, 0, 0}));
-  EXPECT_TRUE(HasRoundEnds({PenStyle::InsideSolid, 0, 0}));
+TEST(StrokeStyle, NoWidthIsThinnerThanAHairline) {
+  for (const float width : {0.001F, 1.0F, 4.9F, -3.0F, std::nanf("")}) {
+    EXPECT_EQ(StrokeWidth({PenStyle::Solid, width, 0}), kHairlineWidth) << width;
+  }
+}
+
+TEST(StrokeStyle, PensWithDashesAreBroken) {
+  EXPECT_FALSE(IsBroken({PenStyle::Solid, 0, 0}));
+  EXPECT_FALSE(IsBroken({PenStyle::InsideSolid, 0, 0}));
   for (const PenStyle style :
        {PenStyle::Dash, PenStyle::Dot, PenStyle::DashDot, PenStyle::DashDotDot}) {
-    EXPECT_FALSE(HasRoundEnds({style, 0, 0}));
+    EXPECT_TRUE(IsBroken({style, 0, 0}));
   }
 }
 
@@ -23,6 +31,24 @@ TEST(StrokeStyle, AnInsidePenRunsHalfItsWidthInside) {
   const Pen pen{PenStyle::InsideSolid, 40, 0};
   EXPECT_EQ(StrokedRectangle({300, 200, 100, 100}, pen), (Rectangle{120, 120, 280, 180}));
   EXPECT_EQ(StrokedRadius(100, pen), 80);
+}
+
+TEST(StrokeStyle, AnInsidePenIsNoWiderThanItsFigure) {
+  const Pen pen{PenStyle::InsideSolid, 4000, 0};
+  EXPECT_EQ(PenOfRectangle({300, 100, 100, 200}, pen).width, 100);
+  EXPECT_EQ(PenOfCircle(80, pen).width, 160);
+  EXPECT_EQ(PenOfCircle(4000, pen).width, 8000) << "a dot";
+  EXPECT_EQ(PenOfSector(80, pen).width, 80);
+  EXPECT_EQ(PenOfRectangle({0, 0, 8000, 8000}, pen), pen);
+  EXPECT_EQ(PenOfCircle(8000, pen), pen);
+  EXPECT_EQ(PenOfSector(8000, pen), pen);
+}
+
+TEST(StrokeStyle, OtherPensAreAsWideInAnyFigure) {
+  const Pen pen{PenStyle::Solid, 4000, 0};
+  EXPECT_EQ(PenOfRectangle({300, 100, 100, 200}, pen), pen);
+  EXPECT_EQ(PenOfCircle(80, pen), pen);
+  EXPECT_EQ(PenOfSector(80, pen), pen);
 }
 
 TEST(StrokeStyle, AnInsidePenNeverTurnsAFigureInsideOut) {
@@ -37,11 +63,12 @@ TEST(StrokeStyle, OtherPensFollowTheEdges) {
   EXPECT_EQ(StrokedRadius(100, pen), 100);
 }
 
-TEST(StrokeStyle, FiguresFarBeyondAnyPaperAreNotDashed) {
-  const Pen pen{PenStyle::Dot, 0, 0};
-  EXPECT_TRUE(DrawsDashes(pen, {0, 0, 288'000, 288'000}));
-  EXPECT_FALSE(DrawsDashes(pen, {-1e9F, 0, 1e9F, 0}));
-  EXPECT_FALSE(DrawsDashes({PenStyle::Solid, 0, 0}, {0, 0, 1, 1}));
+TEST(StrokeStyle, DashesGoOnWhereTheirPatternIs) {
+  const Pen pen{PenStyle::Dash, 10, 0};  // on for 90 and off for 30
+  EXPECT_EQ(DashPhase(pen, 0), 0);
+  EXPECT_EQ(DashPhase(pen, 100), 100);
+  EXPECT_EQ(DashPhase(pen, 1200 + 7.5), 7.5);
+  EXPECT_EQ(DashPhase({PenStyle::Solid, 10, 0}, 100), 0);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <numbers>
 
@@ -101,6 +102,12 @@ TEST_F(Content, LineOfAHairlinePen) {
   EXPECT_EQ(Played(), ".25 w\n1 J\n1 j\n0 1000 m\n1 998 l\nS\n");
 }
 
+TEST_F(Content, NoLineIsThinnerThanAHairline) {
+  recorder_.SetPen({PenStyle::Solid, 1, 0});
+  recorder_.DrawLine({0, 0}, {20, 40});
+  EXPECT_THAT(Played(), StartsWith(".25 w\n"));
+}
+
 TEST_F(Content, DashesAreMultiplesOfTheWidthAndCutOffStraight) {
   recorder_.SetPen({PenStyle::DashDot, 20, 0});
   recorder_.DrawLine({0, 0}, {20, 40});
@@ -169,7 +176,16 @@ TEST_F(Content, AnInsidePenWiderThanTheFigureLeavesNoNegativeSize) {
   recorder_.SetPen({PenStyle::InsideSolid, 4000, 0});
   recorder_.DrawRectangle({100, 100, 300, 200});
   recorder_.DrawCircle({500, 500}, 10);
-  EXPECT_THAT(Played(), HasSubstr("10 992.5 0 0 re\nS\n"));
+  const std::string content = Played();
+  EXPECT_THAT(content, HasSubstr("5 w\n"));
+  EXPECT_THAT(content, HasSubstr("7.5 992.5 5 0 re\nS\n"));
+  EXPECT_THAT(content, HasSubstr("1 w\n25 975 m\n"));
+}
+
+TEST_F(Content, AnInsidePenStaysWithinASectorsRadius) {
+  recorder_.SetPen({PenStyle::InsideSolid, 400, 0});
+  recorder_.DrawArc({.center = {10000, 10000}, .radius = 2000, .start = 0, .end = 1});
+  EXPECT_THAT(Played(), HasSubstr("20 w\n1 J\n1 j\n590 500 m\n"));
 }
 
 TEST_F(Content, PolygonsAreFilledByTheEvenOddRule) {
@@ -256,6 +272,22 @@ TEST_F(Content, ASectorBetweenTwoRadiusLinesIsFilled) {
   EXPECT_THAT(Played(), EndsWith("h\nB\n"));
 }
 
+TEST_F(Content, ASectorIsFilledWhicheverLinesItHas) {
+  recorder_.SetBrush({BrushStyle::Solid, 0});
+  const auto quarter = static_cast<float>(std::numbers::pi / 2);
+  recorder_.DrawArc({.center = {10000, 10000}, .radius = 2000, .start = 0, .end = quarter});
+  EXPECT_THAT(Played(), ContainsRegex("^500 500 m\n600 500 l\n600 [^c]+c\nh\nf\n"
+                                      "[^m]+600 500 m\n[^c]+c\nS\n$"));
+}
+
+TEST_F(Content, ASectorIsHatchedWhicheverLinesItHas) {
+  recorder_.SetBrush({BrushStyle::Horizontal, 0});
+  recorder_.SetPen({PenStyle::Invisible, 0, 0});
+  recorder_.DrawArc({.center = {10000, 10000}, .radius = 2000, .start = 0, .end = 1});
+  EXPECT_THAT(Played(), StartsWith("q\n500 500 m\n600 500 l\n"));
+  EXPECT_THAT(Played(), EndsWith("S\nQ\n"));
+}
+
 TEST_F(Content, UnderlinesAreRectanglesInTheTextsColour) {
   recorder_.SetFont({.name = "Courier New", .size = 10, .underline = true});
   recorder_.SetTextColor(0x0000FF);
@@ -308,17 +340,55 @@ TEST_F(Content, FontsWithoutASizeDrawNothing) {
   EXPECT_EQ(Played(), "");
 }
 
-TEST_F(Content, PointsFarAwayStayWithinWhatReadersCount) {
-  recorder_.DrawLine({-1e30F, 0}, {1e30F, 0});
-  EXPECT_THAT(Played(), HasSubstr("-10000000 1000 m\n10000000 1000 l\n"));
+TEST_F(Content, LinesAreCutOffTenInchesAroundThePage) {
+  recorder_.DrawLine({-1e9F, 0}, {1e9F, 0});
+  EXPECT_THAT(Played(), EndsWith("-720.25 1000 m\n1720.25 1000 l\nS\n"));
 }
 
-TEST_F(Content, DashesThatNobodyCanSeeAreNotDrawn) {
+TEST_F(Content, ALineThatRunsFarOffThePageKeepsItsDirection) {
+  recorder_.DrawLine({0, 0}, {1e9F, 5e8F});
+  EXPECT_THAT(Played(), EndsWith("0 1000 m\n1720.25 139.88 l\nS\n"));
+}
+
+TEST_F(Content, DashesGoOnWhereALineIsCutOff) {
+  recorder_.SetPen({PenStyle::Dash, 20, 0});  // on for 180 twips and off for 60
+  recorder_.DrawLine({-240'000, 0}, {1e9F, 0});
+  // From 14,420 twips before the page, 225,580 after the line's start: 220 after a dash's.
+  EXPECT_THAT(Played(), EndsWith("[9 3]11 d\n-721 1000 m\n1721 1000 l\nS\n"));
+}
+
+TEST_F(Content, AFigureWithinReachIsDashedFromItsStart) {
+  recorder_.SetPen({PenStyle::Dash, 20, 0});
+  recorder_.DrawLine({0, 0}, {34'000, 0});
+  EXPECT_THAT(Played(), EndsWith("[9 3]0 d\n0 1000 m\n1700 1000 l\nS\n"));
+}
+
+// Readers draw each dash, so there must be no more of them than around the page.
+TEST_F(Content, EveryDashedFigureThatRunsFarOffThePageIsDashedAndStaysNear) {
   recorder_.SetPen({PenStyle::Dot, 0, 0});
-  recorder_.DrawLine({-1e9F, 0}, {1e9F, 0});
-  EXPECT_THAT(Played(), Not(HasSubstr("]0 d\n")));
-  recorder_.DrawLine({0, 0}, {288'000, 288'000});  // across the largest paper
-  EXPECT_THAT(Played(), HasSubstr("]0 d\n"));
+  const Point points[] = {{0, 0}, {1e9F, 1000}, {1e9F, 1e9F}};
+  const std::vector<std::function<void()>> drawings = {
+      [&] { recorder_.DrawPolyline(points); }, [&] { recorder_.DrawPolygon(points); },
+      [&] {
+        recorder_.DrawRectangle({1000, 1000, 1e9F, 1e9F});
+      },
+      [&] {
+        recorder_.DrawCircle({-1e8F, 10000}, 1e8F + 10000);
+      },
+      [&] {
+        recorder_.DrawArc({.center = {-1e8F, 0}, .radius = 1e8F, .start = 5, .end = 1});
+      }};
+  std::size_t before = 0;
+  for (const auto& draw : drawings) {
+    draw();
+    const std::string content = Played();
+    const std::string drawn = content.substr(before);
+    EXPECT_THAT(drawn, HasSubstr(" l\n"));
+    EXPECT_THAT(drawn, Not(ContainsRegex("[0-9]{5}")));
+    EXPECT_THAT(content, HasSubstr(" d\n"));
+    EXPECT_THAT(content, Not(HasSubstr("[]")));
+    before = content.size();
+  }
 }
 
 TEST_F(Content, FewerThanTwoPointsDrawNothing) {

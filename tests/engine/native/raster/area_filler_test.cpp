@@ -37,9 +37,9 @@ Bitmap Drawn(const Contour& contour, FillRule rule = FillRule::NonZero) {
   return Drawn(filler, rule);
 }
 
-Bitmap DrawnStroke(const Outline& outline, double width, bool roundEnds) {
+Bitmap DrawnStroke(const Outline& outline, double width) {
   AreaFiller filler;
-  AddStroke(filler, outline, width, roundEnds);
+  AddStroke(filler, outline, width);
   return Drawn(filler, FillRule::NonZero);
 }
 
@@ -158,27 +158,26 @@ TEST(AreaFiller, CoversThePageFromFarOutside) {
   EXPECT_NEAR(InkOf(Drawn({{-1e6, -1e6}, {1e6, 1e6}, {-1e6, 1e6}})), kSide * kSide / 2.0, 1);
 }
 
-TEST(Stroke, WithoutRoundEndsIsAsLongAsItsLine) {
-  EXPECT_NEAR(InkOf(DrawnStroke({{{20, 30}, {70, 65}}, false}, 3, false)), std::hypot(50, 35) * 3,
-              1);
-}
-
-TEST(Stroke, WithRoundEndsHasHalfADiscMoreAtEach) {
-  const double line = std::hypot(50, 35) * 12;
-  EXPECT_NEAR(InkOf(DrawnStroke({{{20, 30}, {70, 65}}, false}, 12, true)), line + M_PI * 36, 1.5);
+TEST(Stroke, HasHalfADiscMoreThanItsLineAtEachEnd) {
+  for (const double width : {3.0, 12.0}) {
+    const double line = std::hypot(50, 35) * width;
+    const double ends = M_PI * width * width / 4;
+    EXPECT_NEAR(InkOf(DrawnStroke({{{20, 30}, {70, 65}}, false}, width)), line + ends, 1.5);
+  }
 }
 
 TEST(Stroke, OfAPointIsADisc) {
   for (const bool closed : {false, true}) {
-    EXPECT_NEAR(InkOf(DrawnStroke({{{50, 50}, {50, 50}}, closed}, 20, true)), M_PI * 100, 3);
+    EXPECT_NEAR(InkOf(DrawnStroke({{{50, 50}, {50, 50}}, closed}, 20)), M_PI * 100, 3);
   }
 }
 
 TEST(Stroke, RoundsTheOuterSideOfEitherTurn) {
   for (const double side : {-1.0, 1.0}) {
     const Outline corner{{{20, 50}, {50, 50}, {50, 50 + 30 * side}}, false};
-    const Bitmap bitmap = DrawnStroke(corner, 20, false);
-    EXPECT_NEAR(InkOf(bitmap), 2 * 30 * 20 - 100 + M_PI * 25, 1.5);
+    const Bitmap bitmap = DrawnStroke(corner, 20);
+    const double ends = M_PI * 100;
+    EXPECT_NEAR(InkOf(bitmap), 2 * 30 * 20 - 100 + M_PI * 25 + ends, 3);
     EXPECT_EQ(InkAt(bitmap, 55, static_cast<int>(49.5 - 6 * side)), 255);
     EXPECT_EQ(InkAt(bitmap, 58, static_cast<int>(49.5 - 9 * side)), 0);
   }
@@ -186,15 +185,13 @@ TEST(Stroke, RoundsTheOuterSideOfEitherTurn) {
 
 TEST(Stroke, OfAClosedOutlineHasNoEnds) {
   const Outline outline{Box(20, 20, 80, 80), true};
-  for (const bool roundEnds : {false, true}) {
-    const double corners = 4 * (25 - M_PI * 25 / 4);
-    EXPECT_NEAR(InkOf(DrawnStroke(outline, 10, roundEnds)), 70 * 70 - 50 * 50 - corners, 1.5);
-  }
+  const double corners = 4 * (25 - M_PI * 25 / 4);
+  EXPECT_NEAR(InkOf(DrawnStroke(outline, 10)), 70 * 70 - 50 * 50 - corners, 1.5);
 }
 
 TEST(Stroke, IsAsDarkWhereItCrossesItself) {
   const Outline bow{{{20, 20}, {80, 80}, {80, 20}, {20, 80}}, false};
-  const Bitmap bitmap = DrawnStroke(bow, 6, false);
+  const Bitmap bitmap = DrawnStroke(bow, 6);
   EXPECT_EQ(InkAt(bitmap, 50, 50), 255);
   EXPECT_EQ(InkAt(bitmap, 49, 51), 255);
 }

@@ -11,6 +11,8 @@ namespace {
 
 using Figures = DrawnPage;
 
+constexpr auto kQuarterTurn = std::numbers::pi_v<float> / 2;
+
 TEST_F(Figures, FillOfARectangleCoversExactlyItsPixels) {
   UseNoPen();
   UseBrush(BrushStyle::Solid, kRed);
@@ -105,6 +107,55 @@ TEST_F(Figures, InsideSolidPenStaysInsideACircle) {
   EXPECT_EQ(InkBoxOf(Draw()), (InkBox{50, 50, 150, 150}));
 }
 
+TEST_F(Figures, InsideSolidPenStaysInsideASectorsRadius) {
+  Page().SetPen({PenStyle::InsideSolid, 20 * kTwips, 0});
+  Page().DrawArc({PointAt(100, 100), 50 * kTwips, 0, kQuarterTurn, true, true});
+  const InkBox box = InkBoxOf(Draw());
+  EXPECT_EQ(box.top, 50);
+  EXPECT_EQ(box.right, 150);
+}
+
+TEST_F(Figures, InsideSolidPenStaysInsideHoweverWide) {
+  for (const float width : {60.0F, 100.0F, 1000.0F}) {
+    Document document;
+    Recorder recorder(document);
+    recorder.BeginPage({3000, 3000});
+    recorder.SetPen({PenStyle::InsideSolid, width * kTwips, 0});
+    recorder.DrawRectangle(Pixels(20, 30, 80, 70));
+    recorder.DrawCircle(PointAt(150, 150), 30 * kTwips);
+    const Bitmap bitmap = DrawWholePage(document, 1, 96);
+    EXPECT_EQ(InkBoxOf(bitmap), (InkBox{20, 30, 180, 180})) << width;
+    EXPECT_EQ(PixelAt(bitmap, 50, 50), kBlackPixel);
+    EXPECT_EQ(PixelAt(bitmap, 150, 150), kBlackPixel);
+    EXPECT_EQ(PixelAt(bitmap, 95, 50), kWhitePixel);
+    EXPECT_EQ(PixelAt(bitmap, 115, 150), kWhitePixel);
+  }
+}
+
+TEST_F(Figures, FillDoesNotShowOutsideAnInsideSolidPensRoundCorners) {
+  Page().SetPen({PenStyle::InsideSolid, 30 * kTwips, 0});
+  UseBrush(BrushStyle::Solid, kRed);
+  Page().DrawRectangle(Pixels(50, 50, 150, 150));
+  const Bitmap bitmap = Draw();
+  EXPECT_EQ(PixelAt(bitmap, 51, 51), kWhitePixel);
+  EXPECT_EQ(PixelAt(bitmap, 100, 100), kRedPixel);
+}
+
+TEST_F(Figures, NoLineIsThinnerThanAHairline) {
+  constexpr double kFineDotsPerInch = 2400;
+  const auto drawn = [](float width) {
+    Document document;
+    Recorder recorder(document);
+    recorder.BeginPage({300, 300});
+    recorder.SetPen({PenStyle::Solid, width, 0});
+    recorder.DrawLine({20, 20}, {250, 130});
+    recorder.DrawCircle({150, 200}, 50);
+    return DrawWholePage(document, 1, kFineDotsPerInch).pixels;
+  };
+  EXPECT_EQ(drawn(1), drawn(0));
+  EXPECT_NE(drawn(10), drawn(0));
+}
+
 TEST_F(Figures, DashesAreMultiplesOfThePenWidth) {
   Page().SetPen({PenStyle::Dash, 2 * kTwips, 0});
   Page().DrawLine(PointAt(10, 100), PointAt(190, 100));
@@ -141,8 +192,6 @@ TEST_F(Figures, CircleReachesItsRadius) {
   EXPECT_EQ(InkAt(bitmap, 52, 52), 0);
 }
 
-constexpr auto kQuarterTurn = std::numbers::pi_v<float> / 2;
-
 TEST_F(Figures, ArcRunsCounterClockwiseFromThreeOClock) {
   Page().DrawArc({PointAt(100, 100), 50 * kTwips, 0, kQuarterTurn, false, false});
   const InkBox box = InkBoxOf(Draw());
@@ -159,11 +208,23 @@ TEST_F(Figures, ArcOverTheStartGoesTheLongWayRound) {
   EXPECT_EQ(InkAt(bitmap, 135, 65), 0);
 }
 
-TEST_F(Figures, SectorIsFilledWhenItHasBothRadiusLines) {
+TEST_F(Figures, SectorIsFilledWhicheverLinesItHas) {
   UseBrush(BrushStyle::Solid, kRed);
-  for (const bool both : {false, true}) {
-    Page().DrawArc({PointAt(100, 100), 50 * kTwips, 0, kQuarterTurn, true, both});
-    EXPECT_EQ(PixelAt(Draw(), 115, 85), both ? kRedPixel : kWhitePixel);
+  for (const bool atStart : {false, true}) {
+    for (const bool atEnd : {false, true}) {
+      Document document;
+      Recorder recorder(document);
+      recorder.BeginPage({3000, 3000});
+      recorder.SetPen({PenStyle::Solid, 4 * kTwips, 0});
+      recorder.SetBrush({BrushStyle::Solid, kRed});
+      recorder.DrawArc({PointAt(100, 100), 50 * kTwips, 0, kQuarterTurn, atStart, atEnd});
+      const Bitmap bitmap = DrawWholePage(document, 1, 96);
+      EXPECT_EQ(PixelAt(bitmap, 115, 85), kRedPixel);
+      EXPECT_EQ(PixelAt(bitmap, 135, 65), kBlackPixel) << "the arc";
+      EXPECT_EQ(PixelAt(bitmap, 125, 99), atStart ? kBlackPixel : kRedPixel);
+      EXPECT_EQ(PixelAt(bitmap, 100, 75), atEnd ? kBlackPixel : kRedPixel);
+      EXPECT_EQ(PixelAt(bitmap, 90, 110), kWhitePixel);
+    }
   }
 }
 
@@ -266,6 +327,34 @@ TEST_F(Figures, ArcFromAnAngleToItselfIsAWholeTurn) {
   const InkBox box = InkBoxOf(Draw());
   EXPECT_NEAR(box.right - box.left, 100, 2);
   EXPECT_NEAR(box.bottom - box.top, 100, 2);
+}
+
+TEST_F(Figures, DashesOfALineThatComesFromAfarGoOnAsIfAllOfItWereDrawn) {
+  Page().SetPen({PenStyle::Dash, 2 * kTwips, 0});  // on for 18 pixels and off for 6
+  Page().DrawLine(PointAt(-2'400'008, 100), PointAt(2'400'000, 100));
+  const Bitmap bitmap = Draw();
+  for (int x = 0; x < 200; ++x) {
+    EXPECT_EQ(InkAt(bitmap, x, 100), (x + 8) % 24 < 18 ? 255 : 0) << x;
+  }
+}
+
+TEST_F(Figures, LineThatRunsFarOffThePageKeepsItsDirection) {
+  for (const PenStyle style : {PenStyle::Solid, PenStyle::Dot}) {
+    Page().SetPen({style, 4 * kTwips, 0});
+    Page().DrawLine({0, 0}, {1e9F, 5e8F});
+    const InkBox box = InkBoxOf(Draw());
+    EXPECT_NEAR(box.right, 200, 1);
+    EXPECT_NEAR(box.bottom, 102, 3);
+  }
+}
+
+TEST_F(Figures, CircleOfAVastRadiusPassesWhereItShould) {
+  Page().DrawCircle({-5e6F, 1500}, 5e6F + 1500);
+  const Bitmap bitmap = Draw();
+  for (const int y : {10, 100, 190}) {
+    EXPECT_GT(InkAt(bitmap, 99, y) + InkAt(bitmap, 100, y), 200) << y;
+    EXPECT_EQ(InkAt(bitmap, 90, y) + InkAt(bitmap, 110, y), 0) << y;
+  }
 }
 
 TEST_F(Figures, OfNoNumbersAreNotDrawn) {
