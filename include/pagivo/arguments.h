@@ -7,6 +7,7 @@
 #include <string>
 #include <type_traits>
 
+#include "pagivo/export.h"
 #include "pagivo/variant.h"
 
 namespace pagivo {
@@ -34,7 +35,7 @@ class TextArgument {
 // A 16-bit Integer: any number, rounded as everywhere, exact halves to the even neighbour. One
 // outside 16 bits fails the method that reads it with ErrorNumber::Overflow, which most methods
 // ignore as they do any other failure.
-class IntegerArgument {
+class PAGIVO_EXPORT IntegerArgument {
  public:
   IntegerArgument(std::int32_t value) noexcept : value_(value) {}
   template <Number T>
@@ -53,7 +54,7 @@ concept IntegerHolder =
 // A 16-bit Integer that the method changes as well. A variable of a signed whole type of 16 bits or
 // more then holds what the method put there, and so does a Variant, in its own kind; a plain value
 // serves as well, and nothing is heard of it again.
-class IntegerVariable {
+class PAGIVO_EXPORT IntegerVariable {
  public:
   template <IntegerHolder T>
   IntegerVariable(T& variable) noexcept

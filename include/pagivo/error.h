@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "pagivo/export.h"
+
 namespace pagivo {
 
 // Error numbers that a host can tell apart. The numbers up to 500 are the run-time error numbers
@@ -30,7 +32,7 @@ enum class ErrorNumber : std::int32_t {
 
 // A failure of the world or of an argument. what() is a description in Dutch, ready to be shown
 // to a user.
-class Error : public std::runtime_error {
+class PAGIVO_EXPORT Error : public std::runtime_error {
  public:
   Error(ErrorNumber number, const std::string& description)
       : std::runtime_error(description), number_(number) {}
@@ -42,13 +44,20 @@ class Error : public std::runtime_error {
 };
 
 // The errors of values and objects, with their standing descriptions.
-[[noreturn]] void ThrowOverflow();             // "Overloop"
-[[noreturn]] void ThrowTypeMismatch();         // "Typen komen niet met elkaar overeen"
-[[noreturn]] void ThrowSubscriptOutOfRange();  // "Het subscript valt buiten het bereik"
-[[noreturn]] void ThrowDivisionByZero();       // "Deling door nul"
-[[noreturn]] void ThrowOutOfMemory();          // "Onvoldoende geheugen"
-[[noreturn]] void ThrowUnknownMember(std::string_view name);  // "Onbekend lid: " and the name
+
+// "Overloop"
+[[noreturn]] PAGIVO_EXPORT void ThrowOverflow();
+// "Typen komen niet met elkaar overeen"
+[[noreturn]] PAGIVO_EXPORT void ThrowTypeMismatch();
+// "Het subscript valt buiten het bereik"
+[[noreturn]] PAGIVO_EXPORT void ThrowSubscriptOutOfRange();
+// "Deling door nul"
+[[noreturn]] PAGIVO_EXPORT void ThrowDivisionByZero();
+// "Onvoldoende geheugen"
+[[noreturn]] PAGIVO_EXPORT void ThrowOutOfMemory();
+// "Onbekend lid: " and the name
+[[noreturn]] PAGIVO_EXPORT void ThrowUnknownMember(std::string_view name);
 // "Ongeldige waarde voor de eigenschap " and the property
-[[noreturn]] void ThrowInvalidPropertyValue(std::string_view property);
+[[noreturn]] PAGIVO_EXPORT void ThrowInvalidPropertyValue(std::string_view property);
 
 }  // namespace pagivo

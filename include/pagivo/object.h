@@ -5,6 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "pagivo/export.h"
+
 namespace pagivo {
 
 class Variant;
@@ -15,7 +17,7 @@ class Variant;
 //
 // A host window is any Object that answers GetMember for "WindowState", "Top", "Left", "Height"
 // and "Width" (twips).
-class Object {
+class PAGIVO_EXPORT Object {
  public:
   virtual ~Object();
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "pagivo/arguments.h"
+#include "pagivo/export.h"
 
 namespace pagivo {
 
@@ -25,10 +26,10 @@ struct PageImage {
   std::vector<std::uint32_t> pixels;
 };
 
-PageImage DrawPageImage(std::int32_t page, double dotsPerInch);
+PAGIVO_EXPORT PageImage DrawPageImage(std::int32_t page, double dotsPerInch);
 
 // The same to a PNG file. What was there is replaced when the new file is complete, and stays as it
 // is on failure.
-void WritePagePng(std::int32_t page, double dotsPerInch, const TextArgument& path);
+PAGIVO_EXPORT void WritePagePng(std::int32_t page, double dotsPerInch, const TextArgument& path);
 
 }  // namespace pagivo

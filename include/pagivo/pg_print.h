@@ -28,6 +28,7 @@
 #include "pagivo/constants.h"
 #include "pagivo/drawing_options.h"
 #include "pagivo/error.h"
+#include "pagivo/export.h"
 #include "pagivo/object.h"
 #include "pagivo/variant.h"
 
@@ -42,7 +43,7 @@ namespace pagivo {
 // an argument that cannot be converted: a property that it stands for keeps the engine's value, and
 // as a condition (varBox, varFilled, varFillStyle, varClosed) it counts as true. To skip those,
 // name the ones that are given instead: see drawing_options.h.
-class PgPrint : public Object {
+class PAGIVO_EXPORT PgPrint : public Object {
  public:
   PgPrint();
   PgPrint(const PgPrint&) = delete;
@@ -239,6 +240,6 @@ class PgPrint : public Object {
 };
 
 // The predeclared object, for hosts that create none. Made at first use.
-PgPrint& PredeclaredPgPrint();
+PAGIVO_EXPORT PgPrint& PredeclaredPgPrint();
 
 }  // namespace pagivo

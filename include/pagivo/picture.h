@@ -2,12 +2,13 @@
 #pragma once
 
 #include "pagivo/arguments.h"
+#include "pagivo/export.h"
 #include "pagivo/object.h"
 
 namespace pagivo {
 
 // What a page can show as a picture. A host has its pictures from LoadPicture.
-class Picture : public Object {
+class PAGIVO_EXPORT Picture : public Object {
  protected:
   Picture() = default;
   Picture(const Picture&) = default;
@@ -17,6 +18,6 @@ class Picture : public Object {
 // Loads a BMP, GIF, ICO, JPEG, PNG, TIFF or SVG file. An empty path gives an empty picture, which
 // draws nothing. Throws pagivo::Error when the file cannot be read or is no picture. A picture that
 // is drawn often is stored once, in memory and in a PDF file.
-ObjectRef LoadPicture(const TextArgument& path);
+PAGIVO_EXPORT ObjectRef LoadPicture(const TextArgument& path);
 
 }  // namespace pagivo

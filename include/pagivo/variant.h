@@ -13,6 +13,7 @@
 #include <variant>
 
 #include "pagivo/array.h"
+#include "pagivo/export.h"
 #include "pagivo/object.h"
 
 namespace pagivo {
@@ -32,7 +33,7 @@ concept Number = std::is_arithmetic_v<T> && !std::same_as<T, bool>;
 
 // A value and its kind. Integer is 16-bit, Long 32-bit; text is UTF-8. Arrays are references to an
 // array that the caller shares, so a callee that resizes one changes the caller's.
-class Variant {
+class PAGIVO_EXPORT Variant {
  public:
   // In the order of the alternatives of Value and AnyArray below.
   enum class Kind : std::uint8_t {
@@ -130,7 +131,7 @@ class Variant {
   friend bool operator==(const Variant&, const Variant&) = default;
   // By value, whatever the kinds: two texts byte by byte, everything else as Doubles. What has no
   // counterpart there is neither less nor greater than anything.
-  friend std::partial_ordering operator<=>(const Variant& left, const Variant& right);
+  friend PAGIVO_EXPORT std::partial_ordering operator<=>(const Variant& left, const Variant& right);
   // By value, too: a Single 12 equals the number 12, though not the Variant of a Long.
   template <Number T>
   friend bool operator==(const Variant& left, T right) {
@@ -154,10 +155,10 @@ class Variant {
 };
 
 // The two markers as values. An optional argument is left out by passing Missing.
-extern const Variant Missing;
-extern const Variant Null;
+PAGIVO_EXPORT extern const Variant Missing;
+PAGIVO_EXPORT extern const Variant Null;
 
 // The kind's own name, e.g. "Integer"; a reference to an array reads "Integer()".
-std::string_view NameOf(Variant::Kind kind);
+PAGIVO_EXPORT std::string_view NameOf(Variant::Kind kind);
 
 }  // namespace pagivo

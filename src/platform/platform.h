@@ -9,6 +9,7 @@
 
 #include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
+#include "pagivo/export.h"
 #include "pagivo/object.h"
 
 namespace pagivo {
@@ -35,11 +36,11 @@ struct Platform {
 };
 
 // The one in use: the native platform unless UsePlatform replaced it.
-const Platform& CurrentPlatform();
+PAGIVO_EXPORT const Platform& CurrentPlatform();
 
 // Replaces the platform in use. Takes effect for what is created afterwards; an existing preview
 // window keeps its engine.
-void UsePlatform(Platform platform);
+PAGIVO_EXPORT void UsePlatform(Platform platform);
 
 // Our own engine, its exporter and picture loader, and no display. Defined in assembly/.
 Platform NativePlatform();

@@ -38,6 +38,7 @@
 
 #include "pagivo/arguments.h"
 #include "pagivo/array.h"
+#include "pagivo/export.h"
 #include "pagivo/object.h"
 #include "pagivo/variant.h"
 #include "values/conversions.h"
@@ -212,10 +213,10 @@ consteval Passing PassingOf() {
                                      const Variant& argument, const Error& cause);
 
 // Raises WrongArgumentCount unless every required parameter and no more than all have an argument.
-void CheckArgumentCount(const MemberSignature& signature, std::size_t count);
+PAGIVO_EXPORT void CheckArgumentCount(const MemberSignature& signature, std::size_t count);
 
 // A required parameter has no default to give.
-Variant MakeDefault(DefaultValue defaultValue);
+PAGIVO_EXPORT Variant MakeDefault(DefaultValue defaultValue);
 
 // One argument while its member runs.
 template <typename ParameterType>
@@ -346,7 +347,7 @@ Variant InvokeMember(const Member<Class>& member, Class& object, std::span<Varia
 }
 
 // How a member is asked for: a name in any case, or a dispatch id.
-bool IsAskedFor(const MemberSignature& signature, std::string_view name);
+PAGIVO_EXPORT bool IsAskedFor(const MemberSignature& signature, std::string_view name);
 bool IsAskedFor(const MemberSignature& signature, std::int32_t dispatchId);
 [[noreturn]] void ThrowUnknownMember(std::int32_t dispatchId);
 

@@ -6,11 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
 
-class ComboBox : public Control {
+class PAGIVO_EXPORT ComboBox : public Control {
  public:
   ComboBox(ControlSet& controls, const ControlDesign& design);
 

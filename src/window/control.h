@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "pagivo/export.h"
 #include "window/control_design.h"
 #include "window/window_system.h"
 
@@ -16,7 +17,7 @@ class ControlSet;
 // Frames, labels, picture boxes, buttons and surfaces are plain controls; the other kinds have
 // classes of their own. A change of state is shown by the peer at once. Handlers may unload the
 // form: a control lives until its own handler has returned.
-class Control : public std::enable_shared_from_this<Control> {
+class PAGIVO_EXPORT Control : public std::enable_shared_from_this<Control> {
  public:
   using Handler = std::function<void()>;
 

@@ -6,11 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
 
-class ControlSet {
+class PAGIVO_EXPORT ControlSet {
  public:
   // Makes the controls in the order of their table.
   explicit ControlSet(std::span<const ControlDesign> designs);

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "pagivo/error.h"
+#include "pagivo/export.h"
 #include "window/control_set.h"
 #include "window/window_system.h"
 
@@ -35,7 +36,7 @@ struct FormDesign {
 // hidden, unloaded. Changing a property of a form that is not loaded loads it, and so does reaching
 // one of its controls; each load starts from the design. Forms live in shared pointers, so that one
 // can be released while its own modal showing is under way.
-class Form : public std::enable_shared_from_this<Form> {
+class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
  public:
   Form(std::shared_ptr<WindowSystem> windows, const FormDesign& design);
   virtual ~Form();

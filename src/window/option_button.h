@@ -3,12 +3,13 @@
 
 #include <cstdint>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
 
 // At most one option of a container is set.
-class OptionButton : public Control {
+class PAGIVO_EXPORT OptionButton : public Control {
  public:
   using Control::Control;
 

@@ -3,12 +3,13 @@
 
 #include <cstdint>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
 
 // Starts at its minimum.
-class ScrollBar : public Control {
+class PAGIVO_EXPORT ScrollBar : public Control {
  public:
   ScrollBar(ControlSet& controls, const ControlDesign& design);
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
@@ -92,7 +93,7 @@ class SurfaceContent {
   virtual void ClickMenu(std::string_view key) = 0;
 };
 
-class Surface : public Control {
+class PAGIVO_EXPORT Surface : public Control {
  public:
   using Control::Control;
   ~Surface() override;

@@ -6,12 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
 
 // Lengths and positions count characters, not bytes of the UTF-8.
-class TextBox : public Control {
+class PAGIVO_EXPORT TextBox : public Control {
  public:
   TextBox(ControlSet& controls, const ControlDesign& design);
 

@@ -6,12 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "pagivo/export.h"
 #include "window/control.h"
 
 namespace pagivo {
 
 // A change of a button shows at the next Refresh.
-class Toolbar : public Control {
+class PAGIVO_EXPORT Toolbar : public Control {
  public:
   using KeyHandler = std::function<void(std::string_view key)>;
 

@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+#include "pagivo/export.h"
+
 namespace pagivo {
 
 class Control;
@@ -20,7 +22,7 @@ struct Extent {
 };
 
 // The appearance of one loaded form. It is destroyed when the form is unloaded.
-class FormPeer {
+class PAGIVO_EXPORT FormPeer {
  public:
   virtual ~FormPeer();
 
@@ -42,7 +44,7 @@ class FormPeer {
 };
 
 // The appearance of one control. It is destroyed when the form is unloaded.
-class ControlPeer {
+class PAGIVO_EXPORT ControlPeer {
  public:
   virtual ~ControlPeer();
 
@@ -61,7 +63,7 @@ struct WindowImage {
   Extent size;  // the window's own size, twips
 };
 
-class WindowSystem {
+class PAGIVO_EXPORT WindowSystem {
  public:
   virtual ~WindowSystem();
 
