@@ -5,6 +5,18 @@ add_library(pagivo_options INTERFACE)
 target_compile_options(pagivo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Wold-style-cast -Wnull-dereference -Werror)
+# A mistake in memory ends the program instead of going on: guarded stacks, C calls with checked
+# lengths, containers with checked subscripts, addresses bound before the program starts, and jumps
+# only to marked places, where compiler and processor know them. Only optimised code can check the
+# lengths of C calls.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-fcf-protection PAGIVO_HAS_CF_PROTECTION)
+set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+target_compile_definitions(pagivo_options INTERFACE _GLIBCXX_ASSERTIONS)
+target_compile_options(pagivo_options INTERFACE -fstack-protector-strong
+  $<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=3>
+  $<$<BOOL:${PAGIVO_HAS_CF_PROTECTION}>:-fcf-protection>)
+target_link_options(pagivo_options INTERFACE -Wl,-z,relro,-z,now)
 # GCC 12's -Wrestrict sees overlaps in std::string that cannot be (GCC bug 105329).
 target_compile_options(pagivo_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 # GCC 12's -Wnull-dereference sees null buffers in the standard library's strings and streams, which

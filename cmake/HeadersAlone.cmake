@@ -31,6 +31,6 @@ foreach(header IN LISTS headers)
     target_sources(pagivo_headers_alone PRIVATE ${source})
   endif()
 endforeach()
-target_compile_options(pagivo_headers_alone PRIVATE -O0 -g0 -fno-lto)
+target_compile_options(pagivo_headers_alone PRIVATE -O1 -g0 -fno-lto)
 target_link_libraries(pagivo_headers_alone PRIVATE pagivo_options pagivo_assembly
   $<$<BOOL:${PAGIVO_QT}>:pagivo_qt>)
