@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <new>
+#include <ostream>
 
 namespace {
 
@@ -33,6 +34,10 @@ void operator delete(void* memory, std::size_t) noexcept {
 }
 
 namespace pagivo::testing {
+
+void PrintTo(Shortage shortage, std::ostream* stream) {
+  *stream << (shortage == Shortage::Once ? "once" : "lasting");
+}
 
 FailingAllocation::FailingAllocation(long number, Shortage shortage) {
   lasting = shortage == Shortage::Lasting;
