@@ -48,6 +48,12 @@ void Form::HandleEvents() {
   PassOnFailure([this] { std::shared_ptr(peer_)->HandleEvents(); });
 }
 
+void Form::AwaitHiding() {
+  if (!visible_) return;
+  const auto self = shared_from_this();
+  PassOnFailure([this] { std::shared_ptr(peer_)->Await(); });
+}
+
 void Form::Show(void (FormPeer::*showing)()) {
   const auto self = shared_from_this();
   Load();

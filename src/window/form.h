@@ -60,6 +60,9 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   // Handles what the user has done since. Passes on the error of a handler, with the form hidden.
   // Nothing when the form is not visible.
   void HandleEvents();
+  // Returns when the form has been hidden or unloaded; at once when it is not visible. Passes on
+  // errors as ShowModal does.
+  void AwaitHiding();
   void Hide();
   // Asks the query-unload handler, which may refuse, hides the form and gives up its controls.
   // Nothing when it is not loaded.

@@ -36,6 +36,9 @@ class PAGIVO_EXPORT FormPeer {
   // Shows the window and returns at once. As with ShowModal no other window takes input until it is
   // hidden.
   virtual void Open() = 0;
+  // Handles the user's doings in an opened window until the form is no longer visible, as ShowModal
+  // does.
+  virtual void Await() = 0;
   // Handles what the user has done in an opened window since. Passes on the error of a handler,
   // with the form hidden.
   virtual void HandleEvents() = 0;

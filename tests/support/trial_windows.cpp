@@ -19,12 +19,19 @@ class TrialWindows::Window : public FormPeer {
 
   Extent FrameExtent() const override { return shown_->FrameExtent(); }
   void Update() override { shown_->Update(); }
-  void ShowModal() override { windows_.ShowModal(form_, *shown_, windows_.NextScript()); }
+  void ShowModal() override {
+    Attend([this] { shown_->ShowModal(); });
+  }
   void Open() override { shown_->Open(); }
+  void Await() override {
+    Attend([this] { shown_->Await(); });
+  }
   void HandleEvents() override { shown_->HandleEvents(); }
   void Hide() override { shown_->Hide(); }
 
  private:
+  void Attend(const Showing& showing) { windows_.Attend(form_, showing, windows_.NextScript()); }
+
   TrialWindows& windows_;
   Form& form_;
   std::shared_ptr<FormPeer> shown_;

@@ -36,8 +36,11 @@ class TrialWindows : public WindowSystem {
   // `backEnd` shows the windows.
   explicit TrialWindows(std::shared_ptr<WindowSystem> backEnd) : backEnd_(std::move(backEnd)) {}
 
+  // Returns when the form is no longer visible.
+  using Showing = std::function<void()>;
+
   // Shows the form with the script, which may be empty, in the user's place.
-  virtual void ShowModal(Form& form, FormPeer& peer, Script script) = 0;
+  virtual void Attend(Form& form, const Showing& showing, Script script) = 0;
 
  private:
   class Window;

@@ -269,6 +269,7 @@ class FramedPeer : public FormPeer {
   void Update() override { ++updates_; }
   void ShowModal() override { throw Error(ErrorNumber::FileAccess, "Geen beeldscherm"); }
   void Open() override { ShowModal(); }
+  void Await() override {}
   void HandleEvents() override {}
   void Hide() override {}
 

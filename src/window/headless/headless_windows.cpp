@@ -46,6 +46,7 @@ class HeadlessWindows::Window : public FormPeer {
   void Update() override {}
   void ShowModal() override { windows_.PlayUser(form_); }
   void Open() override { form_.Paint(); }
+  void Await() override { windows_.PlayUser(form_); }
   void HandleEvents() override { windows_.PlayScript(form_); }
   void Hide() override {}
 

@@ -13,7 +13,8 @@ namespace pagivo {
 
 // Each modal showing takes the next script and runs it once; afterwards, or when there is none, the
 // window is closed as by its close box, and hidden if it refuses. So a modal showing always ends.
-// In an opened window the next script runs when events are handled, a script each time.
+// In an opened window the next script runs when events are handled, a script each time; waiting for
+// its end is like a modal showing.
 class HeadlessWindows : public WindowSystem {
  public:
   // What the user does while the window is shown.

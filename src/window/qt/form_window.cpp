@@ -67,6 +67,10 @@ void FormWindow::Update() {
 
 void FormWindow::ShowModal() {
   Appear();
+  Await();
+}
+
+void FormWindow::Await() {
   QEventLoop loop;
   loop_ = &loop;
   // Appearing may already have ended the showing.

@@ -30,6 +30,7 @@ class FormWindow final : public QObject,
   void Update() override;
   void ShowModal() override;
   void Open() override;
+  void Await() override;
   void HandleEvents() override;
   void Hide() override;
 

@@ -16,14 +16,14 @@ class HeadlessTrialWindows : public TrialWindows {
       : TrialWindows(windows), windows_(std::move(windows)) {}
 
  protected:
-  void ShowModal(Form&, FormPeer& peer, Script script) override {
+  void Attend(Form&, const Showing& showing, Script script) override {
     if (script) {
       windows_->AddScript([script = std::move(script)](Form& form) {
         HeadlessUser user(form);
         script(form, user);
       });
     }
-    peer.ShowModal();
+    showing();
   }
 
  private:

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTimer>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -20,15 +21,15 @@ namespace pagivo::testing {
 namespace {
 
 // A modal showing and the script that stands in for its user.
-class Showing {
+class Attendance {
  public:
-  Showing(Form& form, TrialWindows::Script script) : form_(form), script_(std::move(script)) {}
+  Attendance(Form& form, TrialWindows::Script script) : form_(form), script_(std::move(script)) {}
 
-  void Run(FormPeer& peer) {
+  void Run(const std::function<void()>& showing) {
     // Runs the script as the first thing that happens in the window's event loop.
     QObject begin;
     QTimer::singleShot(0, &begin, [this] { Attend(); });
-    peer.ShowModal();
+    showing();
     EXPECT_FALSE(window_ && window_->isVisible()) << "a window stays open";
     if (failure_) std::rethrow_exception(failure_);
   }
@@ -89,8 +90,8 @@ class QtTrialWindows : public TrialWindows {
   }
 
  protected:
-  void ShowModal(Form& form, FormPeer& peer, Script script) override {
-    Showing(form, std::move(script)).Run(peer);
+  void Attend(Form& form, const Showing& showing, Script script) override {
+    Attendance(form, std::move(script)).Run(showing);
   }
 };
 
