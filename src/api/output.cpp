@@ -3,6 +3,7 @@
 
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
+#include "preview/print_copies.h"
 
 namespace pagivo {
 
@@ -11,11 +12,6 @@ namespace {
 void ShowPage(const std::int16_t& page) {
   IgnoringErrors([&] { Engine().PutPreviewPage(page); });
 }
-
-struct PageRange {
-  std::int16_t from = 0;
-  std::int16_t to = 0;
-};
 
 PageRange PrintRangeOf(const Variant& from, const Variant& to) {
   PageRange range;
@@ -27,14 +23,6 @@ PageRange PrintRangeOf(const Variant& from, const Variant& to) {
     IgnoringErrors([&] { range.to = LastPage(); });
   }
   return range;
-}
-
-void PrintOnce(const PageRange& range) {
-  IgnoringErrors([&] {
-    // Held: other code of the host runs during a job, and may discard the preview window.
-    const std::shared_ptr<PrintEngine> engine = PreviewEngine();
-    engine->PrintDoc(false, range.from, range.to);
-  });
 }
 
 }  // namespace
@@ -61,9 +49,9 @@ void PgPrint::VsPrintFile(const IntegerArgument& AantalExemplaren, const Variant
     const std::int16_t copies = AantalExemplaren;
     const PageRange range = PrintRangeOf(Van, Tm);
     IgnoringErrors([] { Engine().PutCopies(1); });
-    if (copies == 0) PrintOnce(range);
-    // A job for each copy, so that they come out collated.
-    for (std::int32_t copy = 1; copy <= copies; ++copy) PrintOnce(range);
+    // Held: a host may discard the preview window while the user follows the printing.
+    const std::shared_ptr<PrintEngine> engine = PreviewEngine();
+    PrintCopies(*engine, range, copies == 0 ? 1 : copies);
   });
 }
 

@@ -10,11 +10,18 @@
 namespace pagivo {
 namespace {
 
-// One for the process: what was read of printers serves every engine.
+// One for the process: what was read of printers serves every engine. At the process's end the
+// server is told of what was cancelled while it stood still.
+class ProcessPrinters {
+ public:
+  ~ProcessPrinters() { server->TellOfCancelledJobs(native::PrintServer::kPatienceAtEnd); }
+
+  const std::shared_ptr<native::PrintServer> server = std::make_shared<native::CupsPrintServer>();
+};
+
 const std::shared_ptr<native::PrintServer>& Printers() {
-  static const std::shared_ptr<native::PrintServer> server =
-      std::make_shared<native::CupsPrintServer>();
-  return server;
+  static const ProcessPrinters printers;
+  return printers.server;
 }
 
 std::string DefaultPrinter() {

@@ -5,17 +5,13 @@
 #include "preview/frm_afdrukken.h"
 #include "preview/last_page.h"
 #include "preview/preview_form.h"
+#include "preview/print_copies.h"
 #include "state/module_state.h"
 #include "values/errors_ignored.h"
 
 namespace pagivo {
 
 namespace {
-
-struct PageRange {
-  std::int16_t from = 0;
-  std::int16_t to = 0;
-};
 
 // The rest of the request keeps its values, so that the dialog reopens with the last choice.
 void PrepareRequest(PrintEngine& engine) {
@@ -38,15 +34,6 @@ PageRange ChosenRange(PrintEngine& engine) {
   return range;
 }
 
-// A job for each copy, so that they come out collated.
-void PrintCopiesOf(PrintEngine& engine, const PageRange& range) {
-  IgnoringErrors([&] { engine.PutCopies(1); });
-  const std::int32_t copies = State().PrintCopies;
-  for (std::int32_t copy = 1; copy <= copies; ++copy) {
-    IgnoringErrors([&] { engine.PrintDoc(false, range.from, range.to); });
-  }
-}
-
 }  // namespace
 
 void frmAfdrukken::DrukAf() {
@@ -59,7 +46,8 @@ void frmAfdrukken::DrukAf() {
   IgnoringErrors(ReleasePrintRangeDialog);
   // A host may have discarded the window, and with it the document, meanwhile.
   if (State().PrintCancelled || !IsLoaded()) return;
-  PrintCopiesOf(*engine, ChosenRange(*engine));
+  IgnoringErrors([&] { engine->PutCopies(1); });
+  PrintCopies(*engine, ChosenRange(*engine), State().PrintCopies);
   IgnoringErrors([&] { engine->PutPreviewPage(shown); });
   IgnoringErrors([this] { PreviewSurface().PutVisible(true); });
   IgnoringErrors([this] { PreviewSurface().Focus(); });

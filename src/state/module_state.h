@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/print_series.h"
 #include "pagivo/array.h"
 #include "pagivo/object.h"
 
@@ -41,6 +42,9 @@ struct ModuleState {
   bool PrintCancelled = false;
   std::int16_t PrintLastPage = 0;  // the highest page that can be printed
   std::int16_t PrintRange = kPrintAllPages;
+
+  // What became of the last print command.
+  PrintCommandOutcome PrintOutcome;
 
   // The page chosen in the go-to-page dialog, 0 = none.
   std::int16_t GoToPageResult = 0;

@@ -15,7 +15,10 @@ NativeEngine::NativeEngine(EngineServices services)
   SetStyles(*recorder_);
 }
 
-NativeEngine::~NativeEngine() = default;
+// Nothing of what was cancelled is left for a server that stood still.
+NativeEngine::~NativeEngine() {
+  if (services_.printers) services_.printers->TellOfCancelledJobs(PrintServer::kPatienceAtEnd);
+}
 
 bool NativeEngine::IsComplete() const noexcept {
   return stage_ != Stage::None && stage_ != Stage::Composing;
@@ -31,7 +34,7 @@ void NativeEngine::RequireWhole() const {
 
 void NativeEngine::RequireNoPrinting() const {
   if (stage_ == Stage::Printing) {
-    throw Error(ErrorNumber::NoDocument, "Het document wordt nog afgedrukt");
+    throw Error(ErrorNumber::NoDocument, kStillPrinting);
   }
 }
 

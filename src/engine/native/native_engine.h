@@ -12,10 +12,12 @@
 #include "engine/native/document/recorder.h"
 #include "engine/native/page_settings.h"
 #include "engine/native/printer_choice.h"
+#include "engine/native/printing_series.h"
 #include "engine/native/text_layout.h"
 #include "engine/native/view/page_layout.h"
 #include "engine/native/window_pictures.h"
 #include "engine/print_engine.h"
+#include "engine/print_series.h"
 #include "window/window_system.h"
 
 namespace pagivo::native {
@@ -62,7 +64,10 @@ class PreviewObserver {
 // A page keeps the paper that it was begun with. New paper settings reach the page being composed
 // only while it has nothing but pictures on it, else the next one. A picture that covers the page,
 // as watermarks do, is fitted to its new size.
-class NativeEngine final : public PrintEngine, public std::enable_shared_from_this<NativeEngine> {
+class NativeEngine final : public PrintEngine,
+                           public PrintSeries,
+                           public PrinterCondition,
+                           public std::enable_shared_from_this<NativeEngine> {
  public:
   static constexpr std::int32_t kMaximumPages = 32767;
   static constexpr float kMaximumFontSize = 1638;  // points
@@ -166,10 +171,15 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   std::string GetPort() override;
   std::int16_t GetCopies() override { return copies_; }
   void PutCopies(std::int16_t copies) override;
-  // Prints those of the pages that exist, if the document is whole; no dialog is shown. A job that
-  // takes a while gets a window in which the user can stop it. Other code may run meanwhile, but
-  // the document stays as it is: what would change it raises ErrorNumber::NoDocument.
+  // Prints those of the pages that exist, if the document is whole; no dialog is shown. What takes
+  // a while gets a window in which the user can stop it, and what fails is told there. Other code
+  // may run meanwhile, but the document stays as it is: what would change it raises
+  // ErrorNumber::NoDocument.
   void PrintDoc(bool showDialog, std::int16_t firstPage, std::int16_t lastPage) override;
+  // A PrintDoc outside a series is a series of its own.
+  void BeginSeries(std::int32_t copies) override;
+  PrintCommandOutcome EndSeries() override;
+  std::string GetPrinterCondition() override { return printers_.Condition(); }
 
   // --- Windows (engine_windows.cpp) ---------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;
@@ -220,10 +230,14 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
     RecordedText lastPiece;  // in document_
   };
 
+  static constexpr const char* kStillPrinting = "Het document wordt nog afgedrukt";
+
   bool IsDrawing() const noexcept;
   void RequireDrawing() const;
   void RequireNoPrinting() const;
-  void PrintRange(std::int32_t firstPage, std::int32_t lastPage);
+  void PrintCopy(std::int16_t firstPage, std::int16_t lastPage);
+  SentJobs SendCopy(std::int16_t firstPage, std::int16_t lastPage, const PrintWatcher& watcher);
+  SentJobs SendPages(const PrintRequest& request, const PrintWatcher& watcher);
   void ApplyPaper();
   void ReadPrintableArea();
   Point OriginOn(const PageGeometry& page) const;
@@ -268,6 +282,7 @@ class NativeEngine final : public PrintEngine, public std::enable_shared_from_th
   Rectangle target_;  // X1, Y1, X2, Y2
   std::int16_t copies_ = 1;
   PrinterChoice printers_;
+  std::unique_ptr<PrintingSeries> series_;  // the one under way
   bool isPhysicalPage_ = true;
   PrinterMedia printerMedia_;  // of the current printer, unless isPhysicalPage_
   PreviewState preview_;

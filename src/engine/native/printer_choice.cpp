@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/native/spool/print_failures.h"
+#include "engine/native/spool/printer_condition.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
@@ -63,12 +64,20 @@ void PrinterChoice::Choose(const std::string& name) {
   chosen_ = name;
 }
 
-std::string PrinterChoice::Port() {
+std::string PrinterChoice::AskCurrent(std::string (*question)(const Printer& printer)) {
   if (!server_) return {};
-  return ReadOrNothing([this] {
+  return ReadOrNothing([&] {
     const Printer* printer = Find(Current());
-    return printer == nullptr ? std::string() : printer->deviceAddress;
+    return printer == nullptr ? std::string() : question(*printer);
   });
+}
+
+std::string PrinterChoice::Port() {
+  return AskCurrent([](const Printer& printer) { return printer.deviceAddress; });
+}
+
+std::string PrinterChoice::Condition() {
+  return AskCurrent(ConditionOf);
 }
 
 PrinterMedia PrinterChoice::Media() {
@@ -77,12 +86,12 @@ PrinterMedia PrinterChoice::Media() {
   return ReadOrNothing([&] { return server_->MediaOf(current); });
 }
 
-void PrinterChoice::Print(const Document& document, PrintRequest request,
-                          const PrintWatcher& watcher) {
+SentJobs PrinterChoice::Print(const Document& document, PrintRequest request,
+                              const PrintWatcher& watcher) {
   if (!server_) ThrowNoPrinters();
   request.printer = chosen_.empty() ? UsualPrinter() : chosen_;
   if (request.printer.empty()) ThrowNoPrinters();
-  PrintPages(*server_, document, request, watcher);
+  return PrintPages(*server_, document, request, watcher);
 }
 
 }  // namespace pagivo::native

@@ -29,11 +29,16 @@ class PrinterChoice {
   // The current printer's; of no printer nothing is known.
   PrinterMedia Media();
 
+  // What the current printer says of itself (see spool/printer_condition.h); empty when there is
+  // none.
+  std::string Condition();
+
   // On the current printer, whatever `request` names. Raises ErrorNumber::PrinterFailure.
-  void Print(const Document& document, PrintRequest request, const PrintWatcher& watcher);
+  SentJobs Print(const Document& document, PrintRequest request, const PrintWatcher& watcher);
 
  private:
   const Printer* Find(const std::string& name);
+  std::string AskCurrent(std::string (*question)(const Printer& printer));
   std::string UsualPrinter();
 
   std::shared_ptr<PrintServer> server_;

@@ -62,6 +62,10 @@ bool ChildProcess::IsRunning() {
   return !Collect(WNOHANG);
 }
 
+void ChildProcess::Send(int signal) {
+  if (IsRunning()) kill(pid_, signal);
+}
+
 void ChildProcess::Stop() {
   if (!IsRunning()) return;
   kill(pid_, SIGTERM);

@@ -19,6 +19,7 @@ class ChildProcess {
   ChildProcess& operator=(const ChildProcess&) = delete;
 
   bool IsRunning();
+  void Send(int signal);
   // Asks it to end, and after three seconds ends it.
   void Stop();
   // Its exit code, once it has ended; -1 when a signal ended it.

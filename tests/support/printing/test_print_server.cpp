@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -128,6 +129,16 @@ void TestPrintServer::WriteSettings() const {
   WriteText(folder_.FileNamed("settings/cups-files.conf"), files);
   WriteText(folder_.FileNamed("settings/cupsd.conf"),
             "Listen 127.0.0.1:" + std::to_string(port_) + "\n" + kServerSettings);
+}
+
+void TestPrintServer::Freeze() {
+  server_->Send(SIGSTOP);
+  isFrozen_ = true;
+}
+
+void TestPrintServer::Continue() {
+  server_->Send(SIGCONT);
+  isFrozen_ = false;
 }
 
 void TestPrintServer::Stop() {

@@ -34,6 +34,10 @@ class TestPrintServer {
 
   void Stop();
   void Start();
+  // It stands still, with its connections, until it goes on.
+  void Freeze();
+  void Continue();
+  bool IsFrozen() const noexcept { return isFrozen_; }
 
   // Queues.
   void AddQueue(const std::string& queue, const TestPrinter& printer);
@@ -67,6 +71,7 @@ class TestPrintServer {
   std::unique_ptr<TestPrinter> color_;
   std::unique_ptr<TestPrinter> drawing_;
   std::unique_ptr<ChildProcess> server_;
+  bool isFrozen_ = false;
 };
 
 }  // namespace pagivo

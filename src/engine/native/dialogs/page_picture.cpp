@@ -91,14 +91,14 @@ void DrawText(const SurfaceBitmap& bitmap, const PixelRectangle& area, std::int3
 void PagePicture::PutShape(const PageShape& shape) {
   if (shape == shape_) return;
   shape_ = shape;
-  if (changed_) changed_();
+  Change();
 }
 
 void PagePicture::Draw(const SurfaceBitmap& bitmap, const SurfaceColors& colors) {
   Fill(bitmap, {0, 0, bitmap.width, bitmap.height}, colors.ground);
-  const double scale = FittingScale(bitmap, shape_, kGap * scale_);
+  const double scale = FittingScale(bitmap, shape_, kGap * Scale());
   if (!(scale > 0) || !std::isfinite(scale)) return;
-  const std::int32_t line = std::max(Pixels(scale_), 1);
+  const std::int32_t line = std::max(Pixels(Scale()), 1);
   const PixelRectangle paper = PaperIn(bitmap, shape_, scale);
   Fill(bitmap, paper.Grown(line), colors.edge);
   Fill(bitmap, paper, kPaperColor);
@@ -106,7 +106,7 @@ void PagePicture::Draw(const SurfaceBitmap& bitmap, const SurfaceColors& colors)
   if (area.Grown(-line).IsEmpty()) return;
   Fill(bitmap, area, kMarginColor);
   Fill(bitmap, area.Grown(-line), kPaperColor);
-  DrawText(bitmap, area, Pixels(std::max(kLinePitch * scale, kSmallestLinePitch * scale_)));
+  DrawText(bitmap, area, Pixels(std::max(kLinePitch * scale, kSmallestLinePitch * Scale())));
 }
 
 }  // namespace pagivo::native

@@ -1,6 +1,5 @@
 #include "engine/native/dialogs/print_progress.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "values/errors_ignored.h"
@@ -18,19 +17,35 @@ PrintProgressWindow::~PrintProgressWindow() {
   if (form_) IgnoringErrors([this] { form_->Unload(); });
 }
 
-bool PrintProgressWindow::Continues(int page) {
-  if (!windows_ || now_() < nextLook_) return true;
-  IgnoringErrors([&] { Look(page); });
+bool PrintProgressWindow::Continues(const SeriesProgress& progress) {
+  if (!windows_ || now_() < nextLook_) return !IsCancelled();
+  IgnoringErrors([&] { Look(progress); });
   nextLook_ = now_() + kBetweenLooks;
-  return !form_ || !form_->IsCancelled();
+  return !IsCancelled();
 }
 
-void PrintProgressWindow::Look(int page) {
-  const bool isFirst = form_ == nullptr;
-  if (isFirst) form_ = std::make_shared<PrintProgressForm>(windows_, document_);
-  form_->ShowPage(std::max(page, 1));
-  if (isFirst) form_->Open();
+bool PrintProgressWindow::IsCancelled() const noexcept {
+  return form_ && form_->IsCancelled();
+}
+
+PrintProgressForm& PrintProgressWindow::MakeForm() {
+  if (!form_) form_ = std::make_shared<PrintProgressForm>(windows_, document_);
+  return *form_;
+}
+
+void PrintProgressWindow::Look(const SeriesProgress& progress) {
+  MakeForm().ShowProgress(progress);
+  if (!form_->Visible()) form_->Open();
   form_->HandleEvents();
+}
+
+void PrintProgressWindow::TellFailure(const SeriesFailure& failure) {
+  if (!windows_) return;
+  IgnoringErrors([&] {
+    MakeForm().ShowFailure(failure);
+    if (!form_->Visible()) form_->Open();
+    form_->AwaitHiding();
+  });
 }
 
 }  // namespace pagivo::native

@@ -1,4 +1,4 @@
-// Following a print job on the screen.
+// Following a print command on the screen.
 #pragma once
 
 #include <chrono>
@@ -9,8 +9,8 @@
 
 namespace pagivo::native {
 
-// A job that takes longer than half a second gets a window, which goes with the last of this. The
-// user acts in it whenever Continues is called; there is neither a thread nor a timer.
+// A print command that takes longer than half a second gets one window, which goes with the last of
+// this. The user acts in it whenever Continues is called; there is neither a thread nor a timer.
 class PrintProgressWindow {
  public:
   using Clock = std::function<std::chrono::steady_clock::time_point()>;
@@ -26,12 +26,17 @@ class PrintProgressWindow {
   PrintProgressWindow(const PrintProgressWindow&) = delete;
   PrintProgressWindow& operator=(const PrintProgressWindow&) = delete;
 
-  // `page` is printed next; false when the user has cancelled. A window that cannot be shown does
-  // not stop the job.
-  bool Continues(int page);
+  // The page of `progress` is printed next; false when the user has cancelled. A window that cannot
+  // be shown does not stop the printing.
+  bool Continues(const SeriesProgress& progress);
+  // The window says why the printing failed, and stays until the user closes it; it comes when it
+  // was not there yet. Returns then, and at once where no window can be shown.
+  void TellFailure(const SeriesFailure& failure);
 
  private:
-  void Look(int page);
+  PrintProgressForm& MakeForm();
+  bool IsCancelled() const noexcept;
+  void Look(const SeriesProgress& progress);
 
   std::shared_ptr<WindowSystem> windows_;
   PrintedDocument document_;

@@ -4,33 +4,61 @@
 #include <string_view>
 #include <utility>
 
+#include "window/surface.h"
+
 namespace pagivo::native {
 namespace {
 
 constexpr std::string_view kPageLine = "Afdrukken pagina %d van";
 constexpr std::string_view kDeviceLine = "op de %s op %s";
 constexpr std::string_view kPrinterLine = "op de %s";  // whose port is not known
+constexpr std::string_view kCopyCount = "exemplaar %d van %d, ";
+constexpr std::string_view kPageCount = "blad %d van %d";
+constexpr std::string_view kFailed = "Het afdrukken is mislukt";
+constexpr std::string_view kCopiesBefore = "Wel afgedrukt: %d van de %d exemplaren.";
 
-constexpr std::array<ControlDesign, 4> kControls{{
-    {.name = "page", .kind = ControlKind::Label, .placement = {240, 240, 4680, 252}, .tabIndex = 0},
+constexpr float kLeft = 240;
+constexpr float kWidth = 5280;
+constexpr float kCountTop = 1170;
+constexpr float kButtonTop = 1890;
+constexpr float kMessageHeight = 1530;  // seven lines, in place of the count and the bar
+constexpr float kGrowth = kCountTop + kMessageHeight - kButtonTop + 150;
+
+constexpr std::array<ControlDesign, 7> kControls{{
+    {.name = "page",
+     .kind = ControlKind::Label,
+     .placement = {kLeft, 240, kWidth, 252},
+     .tabIndex = 0},
     {.name = "title",
      .kind = ControlKind::Label,
-     .placement = {240, 540, 4680, 252},
+     .placement = {kLeft, 540, kWidth, 252},
      .tabIndex = 1},
     {.name = "device",
      .kind = ControlKind::Label,
-     .placement = {240, 840, 4680, 252},
+     .placement = {kLeft, 840, kWidth, 252},
      .tabIndex = 2},
+    {.name = "count",
+     .kind = ControlKind::Label,
+     .placement = {kLeft, kCountTop, kWidth, 252},
+     .tabIndex = 3},
+    {.name = "bar",
+     .kind = ControlKind::Surface,
+     .placement = {kLeft, 1470, kWidth, 195},
+     .accessibleName = "Voortgang"},
+    {.name = "message",
+     .kind = ControlKind::Label,
+     .placement = {kLeft, kCountTop, kWidth, kMessageHeight},
+     .tabIndex = 4},
     {.name = "cancel",
      .kind = ControlKind::Button,
      .caption = "Annuleren",
-     .placement = {1980, 1290, 1200, 330},
-     .tabIndex = 3,
+     .placement = {2280, kButtonTop, 1200, 330},
+     .tabIndex = 5,
      .role = ButtonRole::Cancel},
 }};
 
 constexpr FormDesign kDesign{
-    .caption = "Afdrukken...", .client = {.width = 5160, .height = 1740}, .controls = kControls};
+    .caption = "Afdrukken...", .client = {.width = 5760, .height = 2340}, .controls = kControls};
 
 // `line` with each %s or %d in turn replaced.
 template <typename... Texts>
@@ -53,9 +81,38 @@ std::string Plain(std::string_view text) {
   return plain;
 }
 
+// With a point between thousands, as the language has it.
+std::string Counted(std::int32_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t place = digits.size(); place > 3; place -= 3) digits.insert(place - 3, ".");
+  return digits;
+}
+
 std::string DeviceLine(const PrintedDocument& document) {
   return document.port.empty() ? Fill(kPrinterLine, document.printer)
                                : Fill(kDeviceLine, document.printer, document.port);
+}
+
+std::string CountLine(const SeriesProgress& progress) {
+  const std::string pages = Fill(kPageCount, Counted(progress.page), Counted(progress.pages));
+  if (progress.copies == 1) return pages;
+  return Fill(kCopyCount, Counted(progress.copy), Counted(progress.copies)) + pages;
+}
+
+// Pages that were begun before this one, of those of all copies.
+double DoneOf(const SeriesProgress& progress) {
+  const double before =
+      static_cast<double>(progress.copy - 1) * progress.pages + (progress.page - 1);
+  return before / (static_cast<double>(progress.copies) * progress.pages);
+}
+
+std::string MessageOf(const SeriesFailure& failure) {
+  std::string message = failure.cause + ".";
+  if (failure.printedCopies > 0) {
+    message += "\n" + Fill(kCopiesBefore, Counted(failure.printedCopies), Counted(failure.copies));
+  }
+  if (!failure.advice.empty()) message += "\n" + failure.advice;
+  return message;
 }
 
 }  // namespace
@@ -64,27 +121,48 @@ PrintProgressForm::PrintProgressForm(std::shared_ptr<WindowSystem> windows,
                                      PrintedDocument document)
     : Form(std::move(windows), kDesign), document_(std::move(document)) {}
 
-void PrintProgressForm::ShowPage(int page) {
-  Get("page").PutCaption(Fill(kPageLine, std::to_string(page)));
+void PrintProgressForm::ShowProgress(const SeriesProgress& progress) {
+  Get("page").PutCaption(Fill(kPageLine, std::to_string(progress.page)));
+  Get("count").PutCaption(CountLine(progress));
+  bar_->PutDone(DoneOf(progress));
+}
+
+void PrintProgressForm::ShowFailure(const SeriesFailure& failure) {
+  tellsFailure_ = true;
+  Get("count").PutVisible(false);
+  Get("bar").PutVisible(false);
+  Get("page").PutCaption(std::string(kFailed));
+  Get("message").PutCaption(Plain(MessageOf(failure)));
+  Get("message").PutVisible(true);
+  PutHeight(Height() + kGrowth);
+  Control& button = Get("cancel");
+  button.PutTop(kButtonTop + kGrowth);
+  button.PutCaption("Sluiten");
+  button.PutEnabled(true);
+  button.Focus();
 }
 
 void PrintProgressForm::CreateControls() {
+  bar_ = std::make_shared<ProgressBar>();
+  Get<Surface>("bar").PutContent(bar_);
   Get("cancel").WhenClicked([this] { cancel_Click(); });
 }
 
 void PrintProgressForm::OnLoad() {
   Get("title").PutCaption(Plain(document_.title));
   Get("device").PutCaption(Plain(DeviceLine(document_)));
+  Get("message").PutVisible(false);
 }
 
-// Who prints closes the window.
+// Who prints closes the window, until it tells of a failure.
 void PrintProgressForm::OnQueryUnload(bool& cancel, UnloadMode mode) {
-  if (mode != UnloadMode::ControlMenu) return;
+  if (mode != UnloadMode::ControlMenu || tellsFailure_) return;
   cancel = true;
   cancel_Click();
 }
 
 void PrintProgressForm::cancel_Click() {
+  if (tellsFailure_) return Unload();
   cancelled_ = true;
   Get("cancel").PutEnabled(false);
 }

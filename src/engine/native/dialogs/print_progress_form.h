@@ -1,9 +1,12 @@
-// The window that counts pages while they are printed, and its button to stop.
+// The window that counts copies and pages while they are printed, and its button to stop. It also
+// says why printing failed.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
+#include "engine/native/dialogs/progress_bar.h"
 #include "window/form.h"
 
 namespace pagivo::native {
@@ -15,12 +18,28 @@ struct PrintedDocument {
   std::string port;
 };
 
+// How far a print command is; everything counts from 1.
+struct SeriesProgress {
+  std::int32_t copy = 1;
+  std::int32_t copies = 1;
+  std::int32_t page = 1;  // of the pages of one copy
+  std::int32_t pages = 1;
+};
+
+struct SeriesFailure {
+  std::string cause;   // in Dutch
+  std::string advice;  // what can be done; may be empty
+  std::int32_t copies = 1;
+  std::int32_t printedCopies = 0;
+};
+
 class PrintProgressForm final : public Form {
  public:
   PrintProgressForm(std::shared_ptr<WindowSystem> windows, PrintedDocument document);
 
-  // Of the pages that are printed, from 1.
-  void ShowPage(int page);
+  void ShowProgress(const SeriesProgress& progress);
+  // From now on the button closes the window.
+  void ShowFailure(const SeriesFailure& failure);
   // The user has pressed the button, or the window's close box.
   bool IsCancelled() const noexcept { return cancelled_; }
 
@@ -32,7 +51,9 @@ class PrintProgressForm final : public Form {
   void cancel_Click();
 
   PrintedDocument document_;
+  std::shared_ptr<ProgressBar> bar_;
   bool cancelled_ = false;
+  bool tellsFailure_ = false;
 };
 
 }  // namespace pagivo::native

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/native/dialogs/dialog_controls.h"
+#include "engine/print_series.h"
 #include "values/errors_ignored.h"
 
 namespace pagivo::native {
@@ -64,6 +65,18 @@ class BorrowedPrinter {
   bool isBorrowed_;
 };
 
+constexpr const char* kNoSuchPaper = "Deze printer heeft dit papierformaat niet";
+
+std::string ConditionOf(PrintEngine& engine) {
+  auto* condition = dynamic_cast<PrinterCondition*>(&engine);
+  return condition == nullptr ? std::string() : condition->GetPrinterCondition();
+}
+
+std::string JoinLines(std::string one, const std::string& other) {
+  if (!one.empty() && !other.empty()) one += '\n';
+  return one + other;
+}
+
 }  // namespace
 
 PrinterSetupForm::PrinterSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine)
@@ -104,7 +117,7 @@ void PrinterSetupForm::printers_Click() {
   const BorrowedPrinter borrowed(Engine(), printers().Text());
   Get("location").PutCaption(Engine().GetPort());
   ListPapers();
-  if (!ChosenPaperIsSupported()) ShowMessage("Deze printer heeft dit papierformaat niet");
+  ShowMessage(JoinLines(ConditionOf(Engine()), ChosenPaperIsSupported() ? "" : kNoSuchPaper));
 }
 
 // First, for the printer decides on the paper.

@@ -50,9 +50,8 @@ class DocumentPrinter {
     }
   }
 
-  void TakeBack() noexcept {
-    for (const auto& job : jobs_) job->Cancel();
-  }
+  // What was sent so far.
+  SentJobs& Jobs() noexcept { return jobs_; }
 
  private:
   // Copies of several jobs come out as whole sets only when each is sent for itself.
@@ -95,20 +94,26 @@ class DocumentPrinter {
   const PrintRequest& request_;
   const PrintWatcher& watcher_;
   PrintProgress progress_;
-  std::vector<std::unique_ptr<PrintJob>> jobs_;
+  SentJobs jobs_;
 };
 
 }  // namespace
 
-void PrintPages(PrintServer& server, const Document& document, const PrintRequest& request,
-                const PrintWatcher& watcher) {
+SentJobs PrintPages(PrintServer& server, const Document& document, const PrintRequest& request,
+                    const PrintWatcher& watcher) {
   DocumentPrinter printer(server, document, request, watcher);
   try {
     printer.Print();
+    return std::move(printer.Jobs());
   } catch (...) {
-    printer.TakeBack();
+    TakeBackJobs(server, printer.Jobs());
     throw;
   }
+}
+
+void TakeBackJobs(PrintServer& server, const SentJobs& jobs) noexcept {
+  for (const auto& job : jobs) job->Cancel();
+  server.TellOfCancelledJobs(PrintServer::kPatienceOfUser);
 }
 
 }  // namespace pagivo::native

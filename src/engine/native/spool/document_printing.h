@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/native/document/document.h"
 #include "engine/native/spool/print_server.h"
@@ -27,11 +29,17 @@ struct PrintProgress {
 // false cancels the printing.
 using PrintWatcher = std::function<bool(const PrintProgress&)>;
 
+// Jobs that a server has accepted.
+using SentJobs = std::vector<std::unique_ptr<PrintJob>>;
+
 // Sends the pages as PDF while it is being written. One job when all pages have one paper, however
 // they are turned; else a job for each run of pages of the same paper, as a job has only one.
 // Raises ErrorNumber::PrinterFailure; every job that was sent is then taken back. `watcher` may be
 // empty.
-void PrintPages(PrintServer& server, const Document& document, const PrintRequest& request,
-                const PrintWatcher& watcher);
+SentJobs PrintPages(PrintServer& server, const Document& document, const PrintRequest& request,
+                    const PrintWatcher& watcher);
+
+// What is on paper already stays there.
+void TakeBackJobs(PrintServer& server, const SentJobs& jobs) noexcept;
 
 }  // namespace pagivo::native

@@ -1,15 +1,7 @@
 #include "engine/native/spool/print_failures.h"
 
-#include <string>
-
-#include "pagivo/error.h"
-
 namespace pagivo::native {
 namespace {
-
-[[noreturn]] void Throw(const std::string& description) {
-  throw Error(ErrorNumber::PrinterFailure, description);
-}
 
 std::string Named(std::string_view printer) {
   return "De printer \"" + std::string(printer) + "\"";
@@ -18,28 +10,34 @@ std::string Named(std::string_view printer) {
 }  // namespace
 
 void ThrowNoServer() {
-  Throw("De afdrukserver is niet bereikbaar");
+  throw PrintingFailed("De afdrukserver is niet bereikbaar",
+                       "Controleer of de afdrukserver en het netwerk werken en druk het document "
+                       "daarna opnieuw af.");
 }
 
 void ThrowNoPrinters() {
-  Throw("Er is geen printer geïnstalleerd");
+  throw PrintingFailed("Er is geen printer geïnstalleerd",
+                       "Voeg een printer toe bij de instellingen van de computer.");
 }
 
 void ThrowNoSuchPrinter(std::string_view printer) {
-  Throw(Named(printer) + " bestaat niet");
+  throw PrintingFailed(Named(printer) + " bestaat niet", "Kies een andere printer.");
 }
 
 void ThrowPrinterRefuses(std::string_view printer) {
-  Throw(Named(printer) + " neemt geen afdruktaken aan");
+  throw PrintingFailed(Named(printer) + " neemt geen afdruktaken aan",
+                       "Kies een andere printer, of vraag de beheerder om deze vrij te geven.");
 }
 
 void ThrowConnectionLost(std::string_view printer) {
-  Throw("De verbinding met de afdrukserver is verbroken; de afdruktaak voor de printer \"" +
-        std::string(printer) + "\" is geannuleerd");
+  throw PrintingFailed(
+      "De verbinding met de afdrukserver is verbroken; de afdruktaak voor de printer \"" +
+          std::string(printer) + "\" is geannuleerd",
+      "Druk het document opnieuw af zodra de afdrukserver weer bereikbaar is.");
 }
 
 void ThrowPrintingCancelled() {
-  Throw("Het afdrukken is geannuleerd");
+  throw PrintingCancelled();
 }
 
 }  // namespace pagivo::native

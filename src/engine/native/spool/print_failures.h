@@ -2,9 +2,31 @@
 // of its own.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <utility>
+
+#include "pagivo/error.h"
 
 namespace pagivo::native {
+
+class PrintingFailed : public Error {
+ public:
+  PrintingFailed(const std::string& description, std::string advice)
+      : Error(ErrorNumber::PrinterFailure, description), advice_(std::move(advice)) {}
+
+  // What the user can do about it: a sentence in Dutch.
+  const std::string& Advice() const noexcept { return advice_; }
+
+ private:
+  std::string advice_;
+};
+
+// The user did not want it any more.
+class PrintingCancelled : public Error {
+ public:
+  PrintingCancelled() : Error(ErrorNumber::PrinterFailure, "Het afdrukken is geannuleerd") {}
+};
 
 [[noreturn]] void ThrowNoServer();
 [[noreturn]] void ThrowNoPrinters();

@@ -1,6 +1,7 @@
 // What the engine needs of a print server, whichever it is.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -46,7 +47,8 @@ class PrintJob {
   virtual void Write(std::span<const std::uint8_t> bytes) = 0;
   // The document is complete; the server has accepted the job when this returns.
   virtual void Finish() = 0;
-  // Takes the job back, accepted or not; what is on paper already stays there.
+  // Takes the job back, accepted or not, when the server is next told of cancelled jobs. What is on
+  // paper already stays there.
   virtual void Cancel() noexcept = 0;
 };
 
@@ -67,6 +69,15 @@ class PrintServer {
   virtual const PrinterMedia& MediaOf(const std::string& printer) = 0;
   // Forgets what was read.
   virtual void Refresh() noexcept = 0;
+
+  // How long to try at the end of a document or of the process, and while a user waits who has
+  // cancelled.
+  static constexpr std::chrono::milliseconds kPatienceAtEnd{2000};
+  static constexpr std::chrono::milliseconds kPatienceOfUser{50};
+  // Tells the server of the jobs that were cancelled, for so long at most; a job that it did not
+  // answer to is told of again, here and before anything else is asked. Costs nothing when there is
+  // no such job.
+  virtual void TellOfCancelledJobs(std::chrono::milliseconds patience) noexcept = 0;
 
   // Opens a job for the printer of that name, which need not have been listed.
   virtual std::unique_ptr<PrintJob> OpenJob(const JobTicket& ticket,

@@ -46,6 +46,7 @@ class MemoryPrintServer final : public PrintServer {
     return media[printer];
   }
   void Refresh() noexcept override {}
+  void TellOfCancelledJobs(std::chrono::milliseconds /*patience*/) noexcept override {}
 
   std::unique_ptr<PrintJob> OpenJob(const JobTicket& ticket, const KeepWaiting&) override {
     Answer();

@@ -37,13 +37,13 @@ ssize_t ReadFrom(void* http, ipp_uchar_t* buffer, size_t length) {
 
 }  // namespace
 
-CupsConnection::CupsConnection() {
+CupsConnection::CupsConnection(std::chrono::milliseconds patience) : patience_(patience) {
   cupsSetPasswordCB2(NoPassword, nullptr);
   StartWaiting();
   http_.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                           static_cast<int>(kPatience.count()), nullptr));
+                           static_cast<int>(patience.count()), nullptr));
   if (http_) {
-    httpSetTimeout(http_.get(), SecondsOf(kSliceOfQuestion), WaitOn, this);
+    httpSetTimeout(http_.get(), SecondsOf(patience / 2), WaitOn, this);
   } else {
     wasSilent_ = Clock::now() >= deadline_;
   }

@@ -36,8 +36,8 @@ class CupsConnection {
   // falls silent within an answer is waited for at most half as long.
   static constexpr std::chrono::milliseconds kPatience{1700};
 
-  // Tries to reach the server.
-  CupsConnection();
+  // Tries to reach the server. `patience` is for each question.
+  explicit CupsConnection(std::chrono::milliseconds patience = kPatience);
   CupsConnection(const CupsConnection&) = delete;
   CupsConnection& operator=(const CupsConnection&) = delete;
 

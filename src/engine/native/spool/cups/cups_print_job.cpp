@@ -6,6 +6,7 @@
 
 #include "engine/native/spool/cups/cups_print_server.h"
 #include "engine/native/spool/print_failures.h"
+#include "values/errors_ignored.h"
 
 namespace pagivo::native {
 namespace {
@@ -127,7 +128,7 @@ void CupsPrintJob::Fail() {
 // The job's own connection goes first: the server does not cancel what it is still reading.
 void CupsPrintJob::Cancel() noexcept {
   connection_.reset();
-  if (!std::exchange(isTakenBack_, true)) server_.TakeBack(job_);
+  if (!std::exchange(isTakenBack_, true)) IgnoringErrors([this] { server_.TakeBack(job_); });
 }
 
 }  // namespace pagivo::native

@@ -1,10 +1,10 @@
 #include "engine/native/spool/cups/cups_print_server.h"
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 #include "engine/native/spool/print_failures.h"
+#include "values/errors_ignored.h"
 
 namespace pagivo::native {
 
@@ -13,32 +13,36 @@ std::unique_ptr<CupsConnection> CupsPrintServer::Connect() {
   auto connection = std::make_unique<CupsConnection>();
   NoteSilence(*connection);
   if (!connection->IsOpen()) ThrowNoServer();
-  CancelAbandoned(*connection);
+  if (!CancelJobs(*connection)) {
+    NoteSilence(*connection);
+    ThrowNoServer();
+  }
   return connection;
 }
 
 // A server that refuses connections costs no time and may be back at any moment.
 void CupsPrintServer::NoteSilence(const CupsConnection& connection) noexcept {
-  if (connection.WasCancelled()) awayUntil_ = Clock::now() + kPause;
   if (connection.WasSilent()) awayUntil_ = Clock::now() + kAbsence;
 }
 
-// Nothing of an abandoned job is printed in any case, unless it had been accepted.
-void CupsPrintServer::TakeBack(const CupsJob& job) noexcept {
-  try {
-    abandoned_.push_back(job);
-    Connect();
-  } catch (const std::exception&) {
-    return;  // there will be another connection
+// A job that the server would not cancel has ended, or is another's.
+bool CupsPrintServer::CancelJobs(CupsConnection& connection) {
+  while (!cancelled_.empty()) {
+    const CupsJob& job = cancelled_.back();
+    const auto answer = connection.Ask(CancelJobRequest(job), ResourceOf(job.printerUri));
+    if (!answer.isThere) return false;
+    cancelled_.pop_back();
   }
+  return true;
 }
 
-void CupsPrintServer::CancelAbandoned(CupsConnection& connection) {
-  for (const CupsJob& job : std::exchange(abandoned_, {})) {
-    const auto answer = connection.Ask(CancelJobRequest(job), ResourceOf(job.printerUri));
-    if (!answer.isThere) abandoned_.push_back(job);
-  }
-  NoteSilence(connection);
+// Also a server that was away a moment ago; one that does not answer as fast as this may be there.
+void CupsPrintServer::TellOfCancelledJobs(std::chrono::milliseconds patience) noexcept {
+  if (cancelled_.empty()) return;
+  IgnoringErrors([&] {
+    CupsConnection connection(patience);
+    if (connection.IsOpen() && CancelJobs(connection)) awayUntil_ = {};
+  });
 }
 
 CupsAnswer CupsPrintServer::Ask(IppMessage request) {

@@ -19,35 +19,36 @@ namespace pagivo::native {
 // not looked for, as that takes time. Each question has a connection of its own.
 class CupsPrintServer final : public PrintServer {
  public:
-  // How long a silent server is taken as being away, and one that a user would not wait for.
+  // How long a silent server is taken as being away.
   static constexpr std::chrono::seconds kAbsence{30};
-  static constexpr std::chrono::seconds kPause{1};
 
   const std::vector<Printer>& Printers() override;
   std::string DefaultPrinter() override;
   const PrinterMedia& MediaOf(const std::string& printer) override;
   void Refresh() noexcept override;
+  void TellOfCancelledJobs(std::chrono::milliseconds patience) noexcept override;
   std::unique_ptr<PrintJob> OpenJob(const JobTicket& ticket,
                                     const KeepWaiting& keepWaiting) override;
 
   // For jobs. The server may have been silent on the connection.
   void NoteSilence(const CupsConnection& connection) noexcept;
-  // Cancels the job, at once or as soon as the server can be reached.
-  void TakeBack(const CupsJob& job) noexcept;
+  // The job is to be cancelled when the server is next told.
+  void TakeBack(const CupsJob& job) { cancelled_.push_back(job); }
 
  private:
   // A connection to ask on; raises an error when the server is away.
   std::unique_ptr<CupsConnection> Connect();
   // Raises an error when there is no answer.
   CupsAnswer Ask(IppMessage request);
-  void CancelAbandoned(CupsConnection& connection);
+  // False when the server did not answer, and has yet to be told of some.
+  bool CancelJobs(CupsConnection& connection);
   const Printer* FindKnown(const std::string& name);
   const Printer& FindPrinter(const std::string& name);
 
   std::optional<std::vector<Printer>> printers_;
   std::optional<std::string> defaultPrinter_;
   std::map<std::string, PrinterMedia> media_;
-  std::vector<CupsJob> abandoned_;  // that the server has yet to be told of
+  std::vector<CupsJob> cancelled_;  // that the server has yet to be told of
   Clock::time_point awayUntil_;
 };
 

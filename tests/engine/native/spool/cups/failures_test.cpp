@@ -1,4 +1,5 @@
 // What goes wrong between the host and the printer.
+#include <chrono>
 #include <cstdint>
 #include <thread>
 
@@ -174,9 +175,7 @@ TEST_F(FailuresTest, AUserWhoCancelsWhileTheServerIsSilent) {
   EXPECT_EQ(FailureOfPrinting(watcher), kCancelled);
   const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - pressed;
   EXPECT_LT(taken.count(), 0.2);
-  EXPECT_THAT(Server().WaitingJobs(), SizeIs(1));
   UsePrintServer(Server().Address());
-  std::this_thread::sleep_for(native::CupsPrintServer::kPause);
   EXPECT_EQ(print.VsPPGetNDevices(), 2);
   EXPECT_THAT(Server().WaitingJobs(), IsEmpty());
   ExpectNothingPrinted();
@@ -199,10 +198,69 @@ TEST_F(FailuresTest, AUserWhoPressesTheButtonOfTheWindowThatFollowsTheJob) {
   EXPECT_LT(taken.count(), 0.2);
   EXPECT_EQ(windows->ScriptsLeft(), 0U);
   UsePrintServer(Server().Address());
-  std::this_thread::sleep_for(native::CupsPrintServer::kPause);
   EXPECT_EQ(print.VsPPGetNDevices(), 2);
   ExpectNothingPrinted();
   ExpectAllPagesPrint();
+}
+
+// The whole job is with the server's machine by then, and it would print it.
+class StandingServerTest : public FailuresTest {
+ protected:
+  StandingServerTest() {
+    Compose(1);
+    print.VsPPSetDevice(kColor);
+    Engine().GetPaperSizes(9);
+    EXPECT_EQ(FailureOfPrinting([](const PrintProgress&) { return Freeze(); }), kCancelled);
+  }
+  ~StandingServerTest() override {
+    UsePrintServer(Server().Address());
+    Server().Continue();
+  }
+
+  // Only while the document is being sent, and then the user has had enough.
+  static bool Freeze() {
+    if (Server().IsFrozen()) return false;
+    Server().Freeze();
+    return true;
+  }
+
+  std::string FailureOfPrinting(const native::PrintWatcher& watcher) {
+    return PrinterFailureOf([&] {
+      native::PrintPages(*printers, Engine().GetDocument(),
+                         {.printer = kColor, .copies = 1, .firstPage = 1, .lastPage = 1}, watcher);
+    });
+  }
+};
+
+TEST_F(StandingServerTest, AJobThatWasCancelledMeanwhileIsNotPrintedWhenTheServerGoesOn) {
+  Server().Continue();
+  EXPECT_EQ(print.VsPPGetNDevices(), 2);
+  ExpectNothingPrinted();
+}
+
+TEST_F(StandingServerTest, AServerThatWasAskedInVainIsToldWhenItGoesOn) {
+  EXPECT_EQ(PrinterFailureOf([this] { printers->DefaultPrinter(); }), kNoServer);
+  Server().Continue();
+  printers->TellOfCancelledJobs(native::PrintServer::kPatienceAtEnd);
+  ExpectNothingPrinted();
+}
+
+TEST_F(StandingServerTest, TheEndOfTheDocumentWaitsTwoSecondsToTellTheServer) {
+  const auto taken = TimeOf([this] { print.VsPPEinde(); });
+  EXPECT_GT(taken.count(), 1.0);
+  EXPECT_LT(taken.count(), 2.2);
+}
+
+TEST_F(StandingServerTest, AServerThatGoesOnAtTheEndOfTheDocumentIsToldThen) {
+  std::thread later([] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    Server().Continue();
+  });
+  const auto taken = TimeOf([this] { print.VsPPEinde(); });
+  later.join();
+  EXPECT_GT(taken.count(), 0.4);
+  EXPECT_LT(taken.count(), 1.5);
+  ExpectNothingPrinted();
 }
 
 TEST_F(FailuresTest, AServerThatNeverAnswersCostsTwoSecondsOnce) {

@@ -1,0 +1,13 @@
+// What a printer says of itself, for people.
+#pragma once
+
+#include <string>
+
+#include "engine/native/spool/print_server.h"
+
+namespace pagivo::native {
+
+// What keeps the printer from printing: a sentence in Dutch, empty when all is well.
+std::string ConditionOf(const Printer& printer);
+
+}  // namespace pagivo::native
