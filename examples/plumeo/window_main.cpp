@@ -7,11 +7,11 @@
 #include <QVBoxLayout>
 #include <cstdint>
 #include <exception>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "dutch_numbers.h"
+#include "pagivo/print_outcome.h"
 #include "pagivo/qt_windows.h"
 #include "window_overview.h"
 
@@ -31,6 +31,18 @@ ReportOptions WithHost(ReportOptions options, QWidget& window) {
 QString BytesOf(const QString& path) {
   const auto kilobytes = static_cast<double>(QFileInfo(path).size()) / 1024;
   return QString::fromStdString(Fixed(kilobytes, 0)) + " kB";
+}
+
+// In the words of a status bar.
+QString OutcomeOfPrinting() {
+  pagivo::PrintReport report;
+  if (report.PrintOutcome() != pagivo::kPrinted) {
+    return "Niet afgedrukt: " + QString::fromStdString(report.Description());
+  }
+  return QString("Rapport afgedrukt op %1, %2 %3")
+      .arg(QString::fromStdString(report.Printer()))
+      .arg(report.Copies())
+      .arg(report.Copies() == 1 ? "exemplaar" : "exemplaren");
 }
 
 }  // namespace
@@ -86,9 +98,8 @@ void MainWindow::Print() {
     int from = 0;
     int to = 0;
     if (!print.VsPPPrinterDialog(device, copies, from, to).ToBoolean()) return;
-    if (print.VsPPGetNDevices() == 0) throw std::runtime_error("Er is geen printer gevonden.");
     print.VsPrintFile(copies, from, to);
-    Tell("Rapport aangeboden aan printer " + QString::fromStdString(device));
+    Tell(OutcomeOfPrinting());
   });
 }
 
