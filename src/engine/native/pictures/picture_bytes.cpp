@@ -9,7 +9,11 @@ void RefuseDamaged() {
 }
 
 void RefuseTooLarge() {
-  throw DecodeFailure("de afmetingen zijn te groot");
+  throw TooLargeFailure("de afmetingen zijn te groot");
+}
+
+void RefuseTooMuchWork() {
+  throw TooLargeFailure("de inhoud is te ingewikkeld");
 }
 
 void RequireDecodableSize(std::int64_t width, std::int64_t height) {

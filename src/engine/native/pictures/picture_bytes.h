@@ -17,8 +17,14 @@ class DecodeFailure : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-[[noreturn]] void RefuseDamaged();   // damaged or cut off
-[[noreturn]] void RefuseTooLarge();  // more than kMaximumPixels, or too much work to decode
+class TooLargeFailure : public DecodeFailure {
+ public:
+  using DecodeFailure::DecodeFailure;
+};
+
+[[noreturn]] void RefuseDamaged();      // damaged or cut off
+[[noreturn]] void RefuseTooLarge();     // more than a bound of pixels or bytes
+[[noreturn]] void RefuseTooMuchWork();  // to decode
 
 // Refuses a picture of no pixels as damaged and one of more than kMaximumPixels as too large.
 void RequireDecodableSize(std::int64_t width, std::int64_t height);

@@ -52,6 +52,12 @@ PictureRef DecodeJpeg(PictureBytes bytes) {
   return PictureOf(std::move(pixels), {bytes.begin(), bytes.end()});
 }
 
+PictureRef Decode(PictureBytes bytes);
+
+PictureImage::Pixels DecodeInSvg(PictureBytes bytes) {
+  return Decode(bytes)->GetPixels();
+}
+
 PictureRef Decode(PictureBytes bytes) {
   if (bytes.empty()) throw DecodeFailure("het bestand is leeg");
   switch (const PictureFormat format = FormatOf(bytes)) {
@@ -68,7 +74,7 @@ PictureRef Decode(PictureBytes bytes) {
     case PictureFormat::Tiff:
       return DecodeRaster(format, bytes);
     case PictureFormat::Svg:
-      return PictureOf(DecodeSvg(bytes));
+      return PictureOf(DecodeSvg(bytes, DecodeInSvg));
     case PictureFormat::Unknown:
       break;
   }

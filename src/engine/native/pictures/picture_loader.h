@@ -14,8 +14,9 @@ namespace pagivo::native {
 inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 28;
 
 // An SVG becomes pixels when it is loaded: its own size at this resolution, made smaller or larger
-// until its longer side lies within the bounds. What it refers to outside itself is not loaded
-// and filter effects are not drawn.
+// until its longer side lies within the bounds, and smaller again, not below the lower bound, where
+// drawing it would be too much work. What it refers to outside itself is not loaded and filter
+// effects are not drawn.
 inline constexpr double kSvgDotsPerInch = 300;
 inline constexpr int kSvgShortestLongSide = 1024;
 inline constexpr int kSvgLongestLongSide = 4096;

@@ -39,13 +39,15 @@ const char* DecoderName(PictureFormat format) {
 
 // Both are called between the reading of the header and that of the pixels; a size of nothing makes
 // the decoder give up.
-void NoteSizeOnly(GdkPixbufLoader* loader, int width, int height, gpointer tooLarge) {
-  *static_cast<bool*>(tooLarge) = std::int64_t{width} * height > kMaximumPixels;
+void NotePixelsOnly(GdkPixbufLoader* loader, int width, int height, gpointer pixels) {
+  *static_cast<std::int64_t*>(pixels) = std::int64_t{width} * height;
   gdk_pixbuf_loader_set_size(loader, 0, 0);
 }
 
 void RefuseLargeSize(GdkPixbufLoader* loader, int width, int height, gpointer tooLarge) {
-  if (std::int64_t{width} * height > kMaximumPixels) NoteSizeOnly(loader, width, height, tooLarge);
+  if (std::int64_t{width} * height <= kMaximumPixels) return;
+  *static_cast<bool*>(tooLarge) = true;
+  gdk_pixbuf_loader_set_size(loader, 0, 0);
 }
 
 LoaderRef MakeLoader(PictureFormat format) {
@@ -98,12 +100,12 @@ PictureImage::Pixels DecodeRasterFile(PictureFormat format, PictureBytes bytes) 
   return FinishedPixels(format, pixbuf);
 }
 
-bool HeaderSizeIsWithinBounds(PictureBytes bytes) {
+std::int64_t HeaderPixels(PictureBytes bytes) {
   const LoaderRef loader(gdk_pixbuf_loader_new());
-  bool tooLarge = false;
-  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(NoteSizeOnly), &tooLarge);
+  std::int64_t pixels = 0;
+  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(NotePixelsOnly), &pixels);
   Feed(loader.get(), bytes);
-  return !tooLarge;
+  return pixels;
 }
 
 }  // namespace pagivo::native

@@ -11,8 +11,8 @@ namespace pagivo::native {
 // before it takes memory for the pixels. Refuses what the decoder refuses.
 PictureImage::Pixels DecodeRasterFile(PictureFormat format, PictureBytes bytes);
 
-// Whether the size in the header of a file of any format that the decoder knows, also others than
-// ours, is within the bounds. A file of none is.
-bool HeaderSizeIsWithinBounds(PictureBytes bytes);
+// The pixels that the header of a file of any format that the decoder knows announces; 0 for a file
+// of none.
+std::int64_t HeaderPixels(PictureBytes bytes);
 
 }  // namespace pagivo::native

@@ -9,55 +9,38 @@
 #include <string_view>
 
 #include "engine/native/pictures/picture_loader.h"
-#include "engine/native/pictures/pixbuf_decoder.h"
 #include "engine/native/pictures/pixel_alpha.h"
+#include "engine/native/pictures/svg_style.h"
+#include "engine/native/pictures/svg_work.h"
 
 namespace pagivo::native {
 namespace {
 
-// Far above any drawing; what stands in memory while it is read is a multiple of it.
-constexpr std::size_t kMaximumSvgBytes = std::size_t{64} << 20;
-
 struct Release {
   void operator()(RsvgHandle* handle) const { g_object_unref(handle); }
+  void operator()(GInputStream* stream) const { g_object_unref(stream); }
   void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
   void operator()(cairo_t* context) const { cairo_destroy(context); }
 };
 using HandleRef = std::unique_ptr<RsvgHandle, Release>;
+using StreamRef = std::unique_ptr<GInputStream, Release>;
 using SurfaceRef = std::unique_ptr<cairo_surface_t, Release>;
 using ContextRef = std::unique_ptr<cairo_t, Release>;
 
-// The work for a filter knows no bound. In all else a drawing's own style sheet rules.
+// The work for a filter knows no bound.
 constexpr std::string_view kStyleSheet = "* { filter: none !important }";
 
-// A picture that stands in the drawing is unpacked by the SVG library, which accepts any size.
-// Its bytes
-// follow the mark, up to whatever delimits the address.
-void RequireBoundedEmbeddedPictures(PictureBytes bytes) {
-  constexpr std::string_view kMark = ";base64,";
-  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  for (std::size_t at = text.find(kMark); at != text.npos; at = text.find(kMark, at)) {
-    at += kMark.size();
-    const std::size_t end = std::min(text.find_first_of("\"'<>)", at), text.size());
-    const std::string encoded(text.substr(at, end - at));
-    gsize size = 0;
-    const std::unique_ptr<guchar, decltype(&g_free)> decoded(
-        g_base64_decode(encoded.c_str(), &size), g_free);
-    if (!HeaderSizeIsWithinBounds({decoded.get(), size})) RefuseTooLarge();
+using Size = SvgSize;
+
+// A text of ours is bounded already. Without a base address, which is not given here, references to
+// other files are not followed.
+HandleRef Parse(const std::string& text) {
+  HandleRef handle(rsvg_handle_new_with_flags(RSVG_HANDLE_FLAG_UNLIMITED));
+  const StreamRef stream(
+      g_memory_input_stream_new_from_data(text.data(), static_cast<gssize>(text.size()), nullptr));
+  if (rsvg_handle_read_stream_sync(handle.get(), stream.get(), nullptr, nullptr) == FALSE) {
+    RefuseDamaged();
   }
-}
-
-struct Size {
-  double width = 0;
-  double height = 0;
-};
-
-// Without a base address, which is not given here, references to other files are not followed.
-HandleRef Parse(PictureBytes bytes) {
-  if (bytes.size() > kMaximumSvgBytes) RefuseTooLarge();
-  RequireBoundedEmbeddedPictures(bytes);
-  HandleRef handle(rsvg_handle_new_from_data(bytes.data(), bytes.size(), nullptr));
-  if (!handle) RefuseDamaged();
   rsvg_handle_set_dpi(handle.get(), kSvgDotsPerInch);
   rsvg_handle_set_stylesheet(handle.get(), reinterpret_cast<const guint8*>(kStyleSheet.data()),
                              kStyleSheet.size(), nullptr);
@@ -79,13 +62,22 @@ Size OwnSize(RsvgHandle* handle) {
   return {box.width, box.height};
 }
 
-Size PixelSize(Size own) {
+Size PixelSize(Size own, double longestSide) {
   const double longSide = std::max(own.width, own.height);
   if (!(own.width > 0) || !(own.height > 0) || !std::isfinite(longSide)) RefuseDamaged();
-  const double scale =
-      std::clamp<double>(longSide, kSvgShortestLongSide, kSvgLongestLongSide) / longSide;
+  const double scale = std::clamp<double>(longSide, kSvgShortestLongSide, longestSide) / longSide;
   const auto side = [scale](double length) { return std::max(1.0, std::round(length * scale)); };
   return {side(own.width), side(own.height)};
+}
+
+// The pixels that the drawing becomes: fewer of them where it would be too much work otherwise.
+Size BoundedPixelSize(const SvgNode& root, Size own) {
+  const SvgIds ids = IdsOf(root);
+  for (double side = kSvgLongestLongSide; side >= kSvgShortestLongSide; side /= 2) {
+    const Size pixels = PixelSize(own, side);
+    if (SvgWorkIsBounded(root, ids, own, pixels)) return pixels;
+  }
+  RefuseTooMuchWork();
 }
 
 SurfaceRef Render(RsvgHandle* handle, Size size) {
@@ -111,9 +103,14 @@ void CopyPixel(std::uint32_t pixel, std::uint8_t* to) {
 
 }  // namespace
 
-PictureImage::Pixels DecodeSvg(PictureBytes bytes) {
-  const HandleRef handle = Parse(bytes);
-  const SurfaceRef surface = Render(handle.get(), PixelSize(OwnSize(handle.get())));
+PictureImage::Pixels DecodeSvg(PictureBytes bytes, const DecodeEmbedded& decode) {
+  SvgNode root = ParseSvg(bytes);
+  ResolveSvgStyle(root);
+  MakeSvgPlain(root, decode);
+  // Telling the size of a drawing that does not say it is as much work as drawing it.
+  BoundedPixelSize(root, {kSvgShortestLongSide, kSvgShortestLongSide});
+  const HandleRef handle = Parse(WriteSvg(root));
+  const SurfaceRef surface = Render(handle.get(), BoundedPixelSize(root, OwnSize(handle.get())));
   PictureImage::Pixels pixels{cairo_image_surface_get_width(surface.get()),
                               cairo_image_surface_get_height(surface.get()),
                               true,

@@ -1,0 +1,79 @@
+#include "engine/native/pictures/pixel_reduction.h"
+
+#include <algorithm>
+
+namespace pagivo::native {
+namespace {
+
+constexpr std::size_t kSums = 5;
+
+std::int32_t Divided(std::int32_t side, std::int32_t reduction) {
+  return (side + reduction - 1) / reduction;
+}
+
+std::uint8_t Mean(std::uint64_t sum, std::uint64_t weight) {
+  return static_cast<std::uint8_t>(weight == 0 ? 0 : (sum + weight / 2) / weight);
+}
+
+}  // namespace
+
+std::int32_t ReductionFor(std::int64_t width, std::int64_t height, std::int64_t maximum) {
+  std::int64_t reduction = 1;
+  const auto divided = [&reduction](std::int64_t side) {
+    return (side + reduction - 1) / reduction;
+  };
+  while (divided(width) * divided(height) > maximum) ++reduction;
+  return static_cast<std::int32_t>(reduction);
+}
+
+RowReducer::RowReducer(std::int32_t width, std::int32_t height, bool hasAlpha,
+                       std::int32_t reduction)
+    : width_(width), height_(height), reduction_(reduction) {
+  pixels_.width = Divided(width, reduction);
+  pixels_.height = Divided(height, reduction);
+  pixels_.hasAlpha = hasAlpha;
+  const auto columns = static_cast<std::size_t>(pixels_.width);
+  pixels_.data.reserve(columns * static_cast<std::size_t>(pixels_.height) * (hasAlpha ? 4 : 3));
+  if (reduction > 1) sums_.resize(columns * kSums);
+}
+
+void RowReducer::Take(const std::uint8_t* row) {
+  const std::size_t channels = pixels_.hasAlpha ? 4 : 3;
+  ++taken_;
+  if (reduction_ == 1) {
+    pixels_.data.insert(pixels_.data.end(), row, row + static_cast<std::size_t>(width_) * channels);
+    return;
+  }
+  std::uint64_t* sum = sums_.data();
+  for (std::int32_t x = 0, inSquare = 0; x < width_; ++x, row += channels) {
+    const std::uint64_t alpha = pixels_.hasAlpha ? row[3] : 0xFF;
+    for (std::size_t i = 0; i < 3; ++i) sum[i] += row[i] * alpha;
+    sum[3] += alpha;
+    sum[4] += 1;
+    if (++inSquare == reduction_) {
+      inSquare = 0;
+      sum += kSums;
+    }
+  }
+  if (taken_ % reduction_ == 0 || taken_ == height_) Finish();
+}
+
+void RowReducer::Finish() {
+  for (std::size_t at = 0; at < sums_.size(); at += kSums) {
+    const std::uint64_t* sum = &sums_[at];
+    for (std::size_t i = 0; i < 3; ++i) pixels_.data.push_back(Mean(sum[i], sum[3]));
+    if (pixels_.hasAlpha) pixels_.data.push_back(Mean(sum[3], sum[4]));
+  }
+  std::ranges::fill(sums_, 0);
+}
+
+PictureImage::Pixels Reduced(PictureImage::Pixels pixels, std::int64_t maximum) {
+  const std::int32_t reduction = ReductionFor(pixels.width, pixels.height, maximum);
+  if (reduction == 1) return pixels;
+  RowReducer reducer(pixels.width, pixels.height, pixels.hasAlpha, reduction);
+  const std::size_t rowSize = static_cast<std::size_t>(pixels.width) * (pixels.hasAlpha ? 4 : 3);
+  for (std::size_t at = 0; at < pixels.data.size(); at += rowSize) reducer.Take(&pixels.data[at]);
+  return reducer.TakePixels();
+}
+
+}  // namespace pagivo::native

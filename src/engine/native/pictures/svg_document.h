@@ -1,0 +1,55 @@
+// The elements of an SVG file, parsed and made plain by ourselves: what is checked here is what the
+// SVG library gets to see.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "engine/native/pictures/picture_bytes.h"
+
+namespace pagivo::native {
+
+// Bounds of a file, far above any drawing. What stands in memory while it is read is a multiple.
+inline constexpr std::size_t kMaximumSvgBytes = std::size_t{64} << 20;
+inline constexpr std::size_t kMaximumSvgElements = std::size_t{1} << 17;
+inline constexpr std::size_t kMaximumSvgText = std::size_t{1} << 25;  // with entities put in
+inline constexpr std::size_t kMaximumSvgDepth = 256;
+
+using SvgProperties = std::vector<std::pair<std::string, std::string>>;
+
+// An element of the SVG namespace, or a piece of text, which has no name.
+struct SvgNode {
+  std::string name;
+  SvgProperties attributes;  // "xlink:href" for a reference, however it was spelt
+  SvgProperties style;       // declarations, which go before attributes of the same name
+  std::vector<SvgNode> children;
+  std::string text;
+  double pixels = 0;  // of the picture that the element shows
+
+  // Empty for an attribute that is not there.
+  std::string_view Attribute(std::string_view key) const;
+  // The declaration or else the attribute.
+  std::string_view Property(std::string_view key) const;
+  void Put(SvgProperties& list, std::string_view key, std::string_view value);
+};
+
+// Parses XML without loading anything from outside. Other namespaces are left out; so are second
+// elements of one id. Refuses what is not well-formed, has another root than svg, or passes a
+// bound.
+SvgNode ParseSvg(PictureBytes bytes);
+
+// The XML of the element and what it holds.
+std::string WriteSvg(const SvgNode& root);
+
+// The elements by their id.
+using SvgIds = std::unordered_map<std::string_view, const SvgNode*>;
+SvgIds IdsOf(const SvgNode& root);
+
+// The id in a reference such as "#id" or "url(#id)", in quotes or not; empty for any other text.
+std::string_view ReferenceIn(std::string_view value);
+
+}  // namespace pagivo::native

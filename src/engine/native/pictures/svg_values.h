@@ -1,0 +1,56 @@
+// Numbers, lengths and transforms as SVG writes them.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace pagivo::native {
+
+struct SvgPoint {
+  double x = 0;
+  double y = 0;
+};
+
+struct SvgMatrix {
+  double xx = 1, yx = 0, xy = 0, yy = 1, x0 = 0, y0 = 0;
+
+  SvgPoint Apply(SvgPoint point) const {
+    return {xx * point.x + xy * point.y + x0, yx * point.x + yy * point.y + y0};
+  }
+  // What this one does to what `inner` has done.
+  SvgMatrix After(const SvgMatrix& inner) const;
+  // The most that a length can grow.
+  double Scale() const;
+};
+
+// The number at the beginning of `text`, which is taken away with the blanks and the comma around
+// it; none, and the text as it was, when there is no number.
+std::optional<double> TakeSvgNumber(std::string_view& text);
+
+// All numbers that stand there, whatever stands between them.
+std::vector<double> SvgNumbersIn(std::string_view text);
+
+// What the relative units of a length are relative to, in user units.
+struct SvgUnits {
+  double fontSize = 0;
+  double whole = 0;  // of per cent
+};
+// None for no length or an unknown unit.
+std::optional<double> SvgLength(std::string_view text, const SvgUnits& units);
+
+// Both the attribute's and the style sheets' way of writing; the identity for what is neither.
+SvgMatrix SvgTransform(std::string_view text);
+
+struct SvgBox {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+};
+std::optional<SvgBox> SvgViewBox(std::string_view text);
+
+// What fits a view box into a viewport, by preserveAspectRatio.
+SvgMatrix SvgFit(const SvgBox& viewBox, const SvgBox& viewport, std::string_view aspectRatio);
+
+}  // namespace pagivo::native
