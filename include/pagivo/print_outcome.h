@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "pagivo/export.h"
 #include "pagivo/object.h"
 #include "pagivo/variant.h"
 
@@ -26,7 +27,7 @@ inline constexpr std::int16_t kPrintingFailed = 3;
 // Every report tells of the last one of the process, however many there are; a command for no copy
 // at all is none. Nothing here raises an error, but for late-bound callers who ask for another
 // member.
-class PrintReport : public Object {
+class PAGIVO_EXPORT PrintReport : public Object {
  public:
   PrintReport() = default;
 
