@@ -9,7 +9,7 @@ namespace pagivo {
 
 namespace {
 
-constexpr std::array kRows{
+constexpr std::array kReportRows{
     BindMember<&PrintReport::PrintOutcome>("PrintOutcome", 1, MemberKind::Get),
     BindMember<&PrintReport::Description>("Description", 2, MemberKind::Get),
     BindMember<&PrintReport::Printer>("Printer", 3, MemberKind::Get),
@@ -17,7 +17,7 @@ constexpr std::array kRows{
     BindMember<&PrintReport::PrintedCopies>("PrintedCopies", 5, MemberKind::Get),
 };
 
-constexpr MemberTable<PrintReport> kMembers(kRows);
+constexpr MemberTable<PrintReport> kMembers(kReportRows);
 
 // A command is for no more copies than that.
 std::int16_t CountOf(std::int32_t copies) {

@@ -33,7 +33,7 @@ class PrintProgressInQt : public QtWindowsTest {
     });
     timer.start(700ms);
     for (int page = 1; page <= count; ++page) {
-      if (!progress.Continues(page)) return true;
+      if (!progress.Continues({.copy = 1, .copies = 1, .page = page, .pages = count})) return true;
       std::this_thread::sleep_for(kPage);
     }
     return false;
