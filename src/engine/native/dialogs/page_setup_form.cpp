@@ -118,6 +118,9 @@ void PageSetupForm::CreateControls() {
 }
 
 void PageSetupForm::OnLoad() {
+  if (Engine().GetPageCount() > 0) {
+    PutRemark("De instellingen gelden voor wat hierna wordt opgemaakt.");
+  }
   PaperForm::OnLoad();
   for (std::size_t side = 0; side < kSides; ++side) {
     const double twips = ToDouble((Engine().*kMargins[side].get)());
@@ -141,7 +144,7 @@ bool PageSetupForm::EntryIsValid(std::size_t side) {
   const std::string name(kMargins[side].name);
   const auto entry = ParseMillimetres(BoxOf(side).Text());
   if (!entry) {
-    Refuse(side, "De " + name + " is geen getal; vul bijvoorbeeld 12,5 in");
+    Refuse(side, "De " + name + " is geen getal; typ bijvoorbeeld 12,5");
   } else if (*entry < 0) {
     Refuse(side, "De " + name + " mag niet negatief zijn");
   }

@@ -1,8 +1,11 @@
 #include "engine/native/dialogs/paper_form.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <utility>
 
+#include "engine/native/dialogs/millimetres.h"
 #include "engine/native/dialogs/paper_titles.h"
 #include "engine/native/document/paper_sizes.h"
 #include "values/conversions.h"
@@ -20,6 +23,20 @@ bool IsSupported(PrintEngine& engine, std::int32_t code) {
   bool isSupported = false;
   IgnoringErrors([&] { isSupported = engine.GetPaperSizes(code); });
   return isSupported;
+}
+
+// Whichever way they are fed. A printer takes a medium that differs by a millimetre for either.
+bool IsSameSheet(const Extent& one, const Extent& other) {
+  constexpr double kNoDifference = kTwipsPerMillimetre;
+  const auto [oneShort, oneLong] = std::minmax({one.width, one.height});
+  const auto [otherShort, otherLong] = std::minmax({other.width, other.height});
+  return std::abs(oneShort - otherShort) <= kNoDifference &&
+         std::abs(oneLong - otherLong) <= kNoDifference;
+}
+
+// A size of the host's own stands last.
+std::ptrdiff_t PlaceInList(std::int32_t code) {
+  return std::ranges::find(PaperNames(), code, &PaperName::code) - PaperNames().begin();
 }
 
 }  // namespace
@@ -55,15 +72,21 @@ void PaperForm::ListPapers() {
 }
 
 // The paper in force and the chosen one are listed in any case; a size of the host's own only when
-// it is the one in force.
+// it is the one in force. Several papers of one size are one sheet, listed by the first of these
+// names.
 std::vector<std::int32_t> PaperForm::PapersToList() const {
   std::vector<std::int32_t> codes;
+  const auto list = [&](std::int32_t code) {
+    const bool isListed = std::ranges::any_of(
+        codes, [&](std::int32_t other) { return IsSameSheet(SizeOf(code), SizeOf(other)); });
+    if (!isListed) codes.push_back(code);
+  };
+  list(enginePaper_);
+  list(chosenPaper_);
   for (const auto& [code, name] : PaperNames()) {
-    const bool isListed =
-        code == enginePaper_ || code == chosenPaper_ || IsSupported(engine_, code);
-    if (isListed) codes.push_back(code);
+    if (IsSupported(engine_, code)) list(code);
   }
-  if (std::ranges::find(codes, enginePaper_) == codes.end()) codes.push_back(enginePaper_);
+  std::ranges::sort(codes, {}, PlaceInList);
   return codes;
 }
 
@@ -104,6 +127,10 @@ void PaperForm::AddOrientationChange(EngineChanges& changes) {
   if (isLandscape == engineIsLandscape_) return;
   changes.Add([this, isLandscape] { engine_.PutOrientation(isLandscape ? 1 : 0); },
               [this] { engine_.PutOrientation(engineIsLandscape_ ? 1 : 0); });
+}
+
+void PaperForm::ShowMessage(std::string message) {
+  Get("message").PutCaption(message.empty() ? remark_ : std::move(message));
 }
 
 void PaperForm::paper_Click() {

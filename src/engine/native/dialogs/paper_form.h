@@ -5,6 +5,7 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/native/dialogs/engine_changes.h"
@@ -46,7 +47,9 @@ class PaperForm : public Form {
   bool ChosenPaperIsSupported() const;
   // Twips, as the page is turned.
   Extent ChosenPage();
-  void ShowMessage(std::string message) { Get("message").PutCaption(std::move(message)); }
+  // An empty one gives its place to the remark, if there is any.
+  void ShowMessage(std::string message);
+  void PutRemark(std::string remark) { remark_ = std::move(remark); }
   // Runs what the user caused, with no message before it and its failure as the message after it.
   template <typename Action>
   void Attempt(Action action);
@@ -70,6 +73,7 @@ class PaperForm : public Form {
   bool engineIsLandscape_ = false;
   Extent enginePage_;  // as it is turned
   bool confirmed_ = false;
+  std::string remark_;
 };
 
 template <typename Action>

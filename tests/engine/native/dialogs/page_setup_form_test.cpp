@@ -38,6 +38,22 @@ TEST_F(PageSetup, IsCalledPaginaInstellen) {
   Show([](Form& form, FormUser&) { EXPECT_EQ(form.Caption(), "Pagina instellen"); });
 }
 
+TEST_F(PageSetup, SaysThatItHoldsForWhatFollowsWhereThereIsADocument) {
+  for (const int pages : {0, 1, 12}) {
+    engine.Answer("PageCount", static_cast<std::int16_t>(pages));
+    const std::string remark =
+        pages == 0 ? "" : "De instellingen gelden voor wat hierna wordt opgemaakt.";
+    Show([&](Form& form, FormUser& user) {
+      EXPECT_EQ(Message(form), remark);
+      user.Replace("marginTop", "x");
+      user.Click("ok");
+      EXPECT_NE(Message(form), remark);
+      user.Replace("marginTop", "10");
+      EXPECT_EQ(Message(form), remark);
+    });
+  }
+}
+
 TEST_F(PageSetup, ShowsPaperAndOrientation) {
   PutPaper(11, 11906, 8391);
   engine.Answer("Orientation", std::int32_t{1});
@@ -185,7 +201,7 @@ TEST_F(PageSetup, AMarginThatIsNoNumberIsRefusedAndGetsTheFocus) {
         user.Click("ok");
         ASSERT_TRUE(form.Visible());
         EXPECT_EQ(Focused(form), box);
-        EXPECT_EQ(Message(form), "De " + name + " is geen getal; vul bijvoorbeeld 12,5 in");
+        EXPECT_EQ(Message(form), "De " + name + " is geen getal; typ bijvoorbeeld 12,5");
       }));
     }
   }
@@ -196,7 +212,7 @@ TEST_F(PageSetup, AnEmptyMarginIsNoNumber) {
   EXPECT_FALSE(Show([](Form& form, FormUser& user) {
     user.Erase("marginTop");
     user.Click("ok");
-    EXPECT_EQ(Message(form), "De bovenmarge is geen getal; vul bijvoorbeeld 12,5 in");
+    EXPECT_EQ(Message(form), "De bovenmarge is geen getal; typ bijvoorbeeld 12,5");
   }));
 }
 
