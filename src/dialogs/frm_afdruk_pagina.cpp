@@ -138,10 +138,10 @@ frmAfdrukPagina::frmAfdrukPagina(const Platform& platform, EngineSource engine)
 
 void frmAfdrukPagina::CreateControls() {
   PrintRequestForm::CreateControls();
-  optHuidig().WhenClicked([this] { EnableRange(false); });
-  Get("cmdOK").WhenClicked([this] { cmdOK_Click(); });
-  Get("cmdAnnuleren").WhenClicked([this] { cmdAnnuleren_Click(); });
-  Get("cmdPrinter").WhenClicked([this] { cmdPrinter_Click(); });
+  optHuidig().WhenClicked(Attempt([this] { EnableRange(false); }));
+  Get("cmdOK").WhenClicked(Attempt([this] { cmdOK_Click(); }));
+  Get("cmdAnnuleren").WhenClicked(Attempt([this] { cmdAnnuleren_Click(); }));
+  Get("cmdPrinter").WhenClicked(Attempt([this] { cmdPrinter_Click(); }));
 }
 
 void frmAfdrukPagina::OnLoad() {
@@ -180,6 +180,13 @@ void frmAfdrukPagina::PlaceButtons() {
   ok.PutLeft(annuleren.Left() - ok.Width() - 75);
 }
 
+// A number beyond 16 bits is as good as a text that is none.
+std::int16_t frmAfdrukPagina::PageIn(const TextBox& box) {
+  std::int16_t page = 0;
+  IgnoringErrors([&] { page = NumberIn(box); });
+  return page;
+}
+
 void frmAfdrukPagina::cmdOK_Click() {
   State().PrintCopies = NumberIn(txtAantal());
   if (State().PrintCopies == 0) State().PrintCopies = 1;
@@ -188,8 +195,8 @@ void frmAfdrukPagina::cmdOK_Click() {
   } else {
     State().PrintRange = optHuidig().Value() ? kPrintShownPage : kPrintAllPages;
   }
-  State().PrintFromPage = NumberIn(txtVan());
-  State().PrintToPage = NumberIn(txtTm());
+  State().PrintFromPage = PageIn(txtVan());
+  State().PrintToPage = PageIn(txtTm());
   ValidateRange();
   State().PrintCancelled = false;
   Unload();

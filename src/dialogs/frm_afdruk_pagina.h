@@ -22,6 +22,7 @@ class frmAfdrukPagina : public PrintRequestForm {
   void cmdPrinter_Click();
 
   OptionButton& optHuidig() { return Get<OptionButton>("optHuidig"); }
+  static std::int16_t PageIn(const TextBox& box);
   void ShowRange();
   void PlaceButtons();
 

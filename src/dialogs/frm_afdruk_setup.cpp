@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dialogs/zet_lettertype.h"
+#include "pagivo/error.h"
 #include "state/module_state.h"
 
 namespace pagivo {
@@ -173,9 +174,9 @@ frmAfdrukSetup::frmAfdrukSetup(const Platform& platform, EngineSource engine)
 
 void frmAfdrukSetup::CreateControls() {
   PrintRequestForm::CreateControls();
-  cboPrinters().WhenClicked([this] { cboPrinters_Click(); });
-  Get("cmdOK").WhenClicked([this] { cmdOK_Click(); });
-  Get("cmdAnnuleren").WhenClicked([this] { cmdAnnuleren_Click(); });
+  cboPrinters().WhenClicked(Attempt([this] { cboPrinters_Click(); }));
+  Get("cmdOK").WhenClicked(Attempt([this] { cmdOK_Click(); }));
+  Get("cmdAnnuleren").WhenClicked(Attempt([this] { cmdAnnuleren_Click(); }));
 }
 
 void frmAfdrukSetup::OnLoad() {
@@ -240,15 +241,30 @@ void frmAfdrukSetup::cboPrinters_Click() {
   Get("lblWaar").PutCaption(engine->GetPort());
 }
 
+// Where a page beyond 16 bits fails OK, the user sees it.
+std::int16_t frmAfdrukSetup::PageIn(TextBox& box) {
+  try {
+    return NumberIn(box);
+  } catch (const Error&) {
+    box.Focus();
+    box.SelectAll();
+    throw;
+  }
+}
+
+// Everything is read before anything is handed over, so that the request is never half of two.
 void frmAfdrukSetup::cmdOK_Click() {
+  const std::int16_t copies = NumberIn(txtAantal());
+  const bool whole = optAlles().Value();
+  const std::int16_t from = whole ? std::int16_t{0} : PageIn(txtVan());
+  const std::int16_t to = whole ? std::int16_t{0} : PageIn(txtTm());
   State().PrintDevice = cboPrinters().Text();
-  State().PrintCopies = NumberIn(txtAantal());
+  State().PrintCopies = copies;
   if (State().PrintCopies < 1 || State().PrintCopies > kHighestConfirmedCopies) {
     State().PrintCopies = 1;
   }
-  const bool whole = optAlles().Value();
-  State().PrintFromPage = whole ? std::int16_t{0} : NumberIn(txtVan());
-  State().PrintToPage = whole ? std::int16_t{0} : NumberIn(txtTm());
+  State().PrintFromPage = from;
+  State().PrintToPage = to;
   State().PrintCancelled = false;
   Unload();
 }

@@ -31,6 +31,7 @@ class frmAfdrukSetup : public PrintRequestForm {
   ComboBox& cboPrinters() { return Get<ComboBox>("cboPrinters"); }
   void ListPrinters();
   void SelectCurrentPrinter();
+  static std::int16_t PageIn(TextBox& box);
   void ShowRange();
   void PlaceButtons();
 

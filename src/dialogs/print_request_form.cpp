@@ -1,24 +1,41 @@
 #include "dialogs/print_request_form.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "values/conversions.h"
-#include "values/integer_arithmetic.h"
 
 namespace pagivo {
+
+namespace {
+
+// A number beyond all others is none.
+double CopiesIn(const TextBox& box) {
+  double copies = 0;
+  IgnoringErrors([&] { copies = LeadingNumber(box.Text()); });
+  return copies;
+}
+
+// A click selects the whole text too, for it is to be replaced; dragging selects a part.
+void SelectWhole(TextBox& box) {
+  if (box.SelectionLength() == 0) box.SelectAll();
+}
+
+}  // namespace
 
 PrintRequestForm::PrintRequestForm(std::shared_ptr<WindowSystem> windows, const FormDesign& design,
                                    std::int16_t highestCopies)
     : Form(std::move(windows), design), highestCopies_(highestCopies) {}
 
 void PrintRequestForm::CreateControls() {
-  optAlles().WhenClicked([this] { EnableRange(false); });
-  optSelectie().WhenClicked([this] { EnableRange(true); });
-  txtAantal().WhenChanged([this] { txtAantal_Change(); });
-  vsbAantal().WhenChanged([this] { vsbAantal_Change(); });
+  optAlles().WhenClicked(Attempt([this] { EnableRange(false); }));
+  optSelectie().WhenClicked(Attempt([this] { EnableRange(true); }));
+  txtAantal().WhenChanged(Attempt([this] { txtAantal_Change(); }));
+  vsbAantal().WhenChanged(Attempt([this] { vsbAantal_Change(); }));
   for (TextBox* box : {&txtAantal(), &txtVan(), &txtTm()}) {
-    box->WhenFocused([box] { box->SelectAll(); });
+    box->WhenFocused(Attempt([box] { box->SelectAll(); }));
+    box->WhenClicked(Attempt([box] { SelectWhole(*box); }));
   }
 }
 
@@ -34,7 +51,8 @@ void PrintRequestForm::EnableRange(bool enabled) {
 
 void PrintRequestForm::ShowCopies(std::int16_t copies) {
   txtAantal().PutText(std::to_string(copies));
-  vsbAantal().PutValue(CheckedInteger(highestCopies_ + 1 - copies));
+  const int shown = std::clamp<int>(copies, 1, highestCopies_);
+  vsbAantal().PutValue(static_cast<std::int16_t>(highestCopies_ + 1 - shown));
 }
 
 std::int16_t PrintRequestForm::NumberIn(const TextBox& box) {
@@ -42,13 +60,15 @@ std::int16_t PrintRequestForm::NumberIn(const TextBox& box) {
 }
 
 void PrintRequestForm::txtAantal_Change() {
-  const double copies = LeadingNumber(txtAantal().Text());
+  const double copies = CopiesIn(txtAantal());
   if (copies < 1) {
     txtAantal().PutText("1");
+    // To be typed over.
+    txtAantal().SelectAll();
   } else if (copies > highestCopies_) {
     txtAantal().PutText(std::to_string(highestCopies_));
   }
-  vsbAantal().PutValue(ToInteger(highestCopies_ + 1 - LeadingNumber(txtAantal().Text())));
+  vsbAantal().PutValue(ToInteger(highestCopies_ + 1 - CopiesIn(txtAantal())));
 }
 
 void PrintRequestForm::vsbAantal_Change() {

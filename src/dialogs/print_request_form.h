@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include "values/errors_ignored.h"
 #include "window/form.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
@@ -14,8 +15,8 @@ namespace pagivo {
 
 // Works on the controls optAlles, optSelectie, lblVan, txtVan, lblTm, txtTm, txtAantal and
 // vsbAantal of the dialog's table. The scroll bar holds the copies upside down, highest copies + 1
-// - copies, so that its upper arrow raises them. A dialog whose handler fails is unloaded, so that
-// none stays behind.
+// - copies, so that its upper arrow raises them. What fails of that which the user does has not
+// happened, and the dialog stays open.
 class PrintRequestForm : public Form {
  protected:
   PrintRequestForm(std::shared_ptr<WindowSystem> windows, const FormDesign& design,
@@ -31,8 +32,14 @@ class PrintRequestForm : public Form {
   TextBox& txtAantal() { return Get<TextBox>("txtAantal"); }
   ScrollBar& vsbAantal() { return Get<ScrollBar>("vsbAantal"); }
 
+  // The handler of what the user does.
+  template <typename Action>
+  static Control::Handler Attempt(Action action) {
+    return [action] { IgnoringErrors(action); };
+  }
+
   void EnableRange(bool enabled);
-  // Raises Error when the scroll bar has no value for so many copies.
+  // As many of them as the scroll bar has values for.
   void ShowCopies(std::int16_t copies);
   // The number that a box's text begins with, rounded; raises Error beyond 16 bits.
   static std::int16_t NumberIn(const TextBox& box);

@@ -89,6 +89,10 @@ bool Control::CanTakeFocus() const noexcept {
   return KindTakesFocus(Kind()) && IsReachable();
 }
 
+bool Control::HasFocus() const noexcept {
+  return controls_.Focused() == this;
+}
+
 void Control::PutFontName(std::string name) {
   Put(fontName_, std::move(name));
 }
@@ -110,7 +114,7 @@ void Control::Focus() {
     throw Error(ErrorNumber::InvalidArgument,
                 "Het besturingselement \"" + std::string(Name()) + "\" kan de focus niet krijgen");
   }
-  if (controls_.Focused() == this) return;
+  if (HasFocus()) return;
   controls_.focused_ = this;
   if (peer_) peer_->Focus();
   Raise(focused_);

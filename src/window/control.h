@@ -56,6 +56,7 @@ class PAGIVO_EXPORT Control : public std::enable_shared_from_this<Control> {
   bool IsReachable() const noexcept;
   // Reachable, and of a kind that takes the focus.
   bool CanTakeFocus() const noexcept;
+  bool HasFocus() const noexcept;
 
   const std::string& FontName() const noexcept { return fontName_; }
   void PutFontName(std::string name);

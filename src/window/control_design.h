@@ -94,6 +94,7 @@ struct ControlDesign {
   std::int16_t tabIndex = -1;  // -1: not in the tab order
   ButtonRole role = ButtonRole::None;
   std::int16_t maximumLength = 0;  // characters of a text box, 0 = any number
+  bool readOnly = false;           // a text box that shows a text and takes none
   std::int16_t minimum = 0;        // of a scroll bar
   std::int16_t maximum = 0;
   bool editable = false;  // a combo box whose text may be typed

@@ -48,6 +48,7 @@ void TextBox::SelectAll() {
 }
 
 void TextBox::Type(std::string_view text) {
+  if (Design().readOnly) return;
   const std::size_t from = ByteOf(text_, selectionStart_);
   const std::size_t to = ByteOf(text_, selectionStart_ + selectionLength_);
   const std::string typed = Cut(text, CharactersIn(text_) - selectionLength_);
@@ -56,6 +57,7 @@ void TextBox::Type(std::string_view text) {
 }
 
 void TextBox::Backspace() {
+  if (Design().readOnly) return;
   if (selectionLength_ == 0) {
     if (selectionStart_ == 0) return;
     PutSelection(selectionStart_ - 1, 1);
@@ -64,7 +66,12 @@ void TextBox::Backspace() {
 }
 
 void TextBox::Edit(std::string_view text, std::size_t insertionPoint) {
-  Take(Cut(text, 0), insertionPoint);
+  if (!Design().readOnly) Take(Cut(text, 0), insertionPoint);
+}
+
+void TextBox::Press(std::size_t position) {
+  if (HasFocus()) return PutSelection(position, 0);
+  Focus();
 }
 
 bool TextBox::PressKey(std::int16_t keyCode, std::int16_t) {

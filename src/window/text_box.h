@@ -27,6 +27,8 @@ class PAGIVO_EXPORT TextBox : public Control {
   void PutSelection(std::size_t start, std::size_t length);
   void SelectAll();
 
+  // The user types, takes away or edits. Nothing in a box that takes no text.
+
   // Replaces the selection as typing does: what goes beyond the maximum length is lost. Raises
   // change when the text differs.
   void Type(std::string_view text);
@@ -35,6 +37,11 @@ class PAGIVO_EXPORT TextBox : public Control {
   // What the user has made of the text by any other means: cut to the maximum length, with nothing
   // selected and the insertion point before that character. Raises change when the text differs.
   void Edit(std::string_view text, std::size_t insertionPoint);
+
+  // The mouse's button goes down before that character; it comes up again with a click. A press
+  // that brings the focus leaves the selection that the box's own handler makes then, and any other
+  // one takes the insertion point there.
+  void Press(std::size_t position);
 
   // Enter is a click, in a form without a default button to press.
   bool PressKey(std::int16_t keyCode, std::int16_t shift) override;

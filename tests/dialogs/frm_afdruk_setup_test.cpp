@@ -1,7 +1,6 @@
 #include "dialogs/frm_afdruk_setup.h"
 
 #include "dialogs/dialog_test.h"
-#include "pagivo/error.h"
 #include "values/errors_ignored.h"
 
 namespace pagivo::testing {
@@ -222,12 +221,16 @@ TEST_F(PrinterSetup, ShowsThePortOfThePickedPrinter) {
   Show();
 }
 
-TEST_F(PrinterSetup, APrinterThatTheEngineRefusesFailsAndLeavesNoDialog) {
+TEST_F(PrinterSetup, APrinterThatTheEngineRefusesLeavesTheDialogOpen) {
   engine->FailOn("put Device String \"Inkt\"");
-  User([](FormUser& user) { user.Pick("cboPrinters", 0); });
-  const std::weak_ptr<Form> shown = Dialog().weak_from_this();
-  EXPECT_THROW(Show(), Error);
-  EXPECT_TRUE(shown.expired());
+  User([this](FormUser& user) {
+    user.Pick("cboPrinters", 0);
+    EXPECT_TRUE(Dialog().Visible());
+    EXPECT_EQ(Get("lblType").Caption(), "Laser");
+    user.Click("cmdAnnuleren");
+  });
+  Show();
+  EXPECT_TRUE(State().PrintCancelled);
 }
 
 // --- Range ------------------------------------------------------------------------------------
@@ -311,17 +314,42 @@ TEST_F(PrinterSetup, OkTakesTheRangeAsTyped) {
   }
 }
 
-TEST_F(PrinterSetup, APageBeyond16BitsFailsOkAndLeavesNoDialog) {
+TEST_F(PrinterSetup, APageBeyond16BitsFailsOkWhichChangesNothingAndShowsWhere) {
+  State().PrintDevice = "Vorige";
+  State().PrintCopies = 4;
+  State().PrintFromPage = 3;
+  State().PrintToPage = 5;
   for (const auto* box : {"txtVan", "txtTm"}) {
-    User([&](FormUser& user) {
-      user.Click("optSelectie");
-      user.Replace(box, "40000");
-      user.Click("cmdOK");
-    });
-    const std::weak_ptr<Form> shown = Dialog().weak_from_this();
-    EXPECT_THROW(Show(), Error);
-    EXPECT_TRUE(shown.expired());
+    for (const auto* page : {"40000", "1E400"}) {
+      State().PrintCancelled = true;
+      User([&](FormUser& user) {
+        user.Replace("txtAantal", "9");
+        user.Replace(box, page);
+        user.Click("cmdOK");
+        EXPECT_TRUE(Dialog().Visible());
+        EXPECT_EQ(Dialog().Controls().Focused(), &Get(box));
+        EXPECT_EQ(Get<TextBox>(box).SelectionLength(), 5U);
+      });
+      Show();
+      EXPECT_EQ(State().PrintDevice, "Vorige");
+      EXPECT_EQ(State().PrintCopies, 4);
+      EXPECT_EQ(State().PrintFromPage, 3);
+      EXPECT_EQ(State().PrintToPage, 5);
+    }
   }
+}
+
+TEST_F(PrinterSetup, APageBeyond16BitsThatIsPutRightIsTaken) {
+  User([this](FormUser& user) {
+    user.Click("optSelectie");
+    user.Replace("txtTm", "40000");
+    user.Click("cmdOK");
+    user.Type("txtTm", "4");
+    user.Click("cmdOK");
+    EXPECT_FALSE(Dialog().IsLoaded());
+  });
+  Show();
+  EXPECT_EQ(State().PrintToPage, 4);
 }
 
 // --- Copies -----------------------------------------------------------------------------------
@@ -335,11 +363,15 @@ TEST_F(PrinterSetup, OpensWithTheCopiesOfTheRequestUpsideDownInTheBar) {
   }
 }
 
-TEST_F(PrinterSetup, CopiesThatTheBarCannotHoldFailTheLoad) {
-  for (const int copies : {0, -1, 1000}) {
-    State().PrintCopies = static_cast<std::int16_t>(copies);
-    EXPECT_THROW(Show(), Error) << copies;
-    EXPECT_FALSE(Dialog().IsLoaded());
+TEST_F(PrinterSetup, CopiesThatTheBarCannotHoldAreShownAsTheNearestThatItCan) {
+  struct Row {
+    int copies, shown;
+  };
+  for (const Row& row : {Row{0, 1}, Row{-1, 1}, Row{1000, 999}, Row{32767, 999}}) {
+    State().PrintCopies = static_cast<std::int16_t>(row.copies);
+    EXPECT_EQ(Text("txtAantal"), std::to_string(row.shown));
+    EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1000 - row.shown);
+    Dialog().Unload();
   }
 }
 
@@ -413,6 +445,22 @@ TEST_F(PrinterSetup, ABoxThatGetsTheFocusIsSelectedWhole) {
     }
   });
   Show();
+}
+
+TEST_F(PrinterSetup, AClickSelectsTheWholeTextSoThatTypingReplacesIt) {
+  State().PrintFromPage = 12;
+  State().PrintToPage = 345;
+  for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
+    User([this, name](FormUser& user) {
+      for (const auto* digit : {"5", "7"}) {
+        user.Click(name);
+        EXPECT_EQ(Get<TextBox>(name).SelectionLength(), Text(name).size()) << name;
+        user.Type(name, digit);
+        EXPECT_EQ(Text(name), digit) << name;
+      }
+    });
+    Show();
+  }
 }
 
 // --- Ending -----------------------------------------------------------------------------------

@@ -1,4 +1,6 @@
+#include "platform/platform.h"
 #include "preview/preview_test.h"
+#include "support/no_windows.h"
 #include "window/option_button.h"
 
 namespace pagivo::testing {
@@ -137,21 +139,28 @@ TEST_F(PreviewPrinting, FailingStepsAreSkipped) {
   }
 }
 
-TEST_F(PreviewPrinting, ADialogThatCannotOpenLeavesTheRequestAsItStands) {
-  // Fewer copies than none cannot be shown.
-  State().PrintCopies = -1;
-  EXPECT_THAT(DoingsOf([this] { form->DrukAf(); }), ElementsAre(kOneCopyEach, kBackToPage));
+TEST_F(PreviewPrinting, MoreCopiesThanTheDialogHasAreNotPrintedUnasked) {
+  State().PrintCopies = 5000;
+  EXPECT_THAT(Print([](FormUser& user) { user.Click("cmdAnnuleren"); }), IsEmpty());
 }
 
-TEST_F(PreviewPrinting, AFailingHandlerOfTheDialogLeavesNoneBehind) {
+TEST_F(PreviewPrinting, ADialogThatCannotOpenLeavesTheRequestAsItStands) {
+  Platform withoutWindows = CurrentPlatform();
+  withoutWindows.windows = std::make_shared<NoWindows>();
+  UsePlatform(withoutWindows);
+  State().PrintCopies = 1;
+  const std::string job = "call PrintDoc Boolean False, Integer 1, Integer 10";
+  EXPECT_THAT(DoingsOf([this] { form->DrukAf(); }), ElementsAre(kOneCopyEach, job, kBackToPage));
+}
+
+TEST_F(PreviewPrinting, AFailingPageSetupPrintsNothingAndLeavesTheDialogToTheUser) {
   Engine().FailOn("get PrintDialog");
-  std::weak_ptr<Form> dialog;
-  platform.Windows().AddScript([&](Form& shown, FormUser& user) {
-    dialog = shown.weak_from_this();
-    user.Click("cmdPrinter");
-  });
-  form->DrukAf();
-  EXPECT_TRUE(dialog.expired());
+  EXPECT_THAT(Print([&](FormUser& user) {
+                user.Click("cmdPrinter");
+                user.Click("cmdPrinter");
+                user.Click("cmdAnnuleren");
+              }),
+              IsEmpty());
 }
 
 TEST_F(PreviewPrinting, PaginaOpensThePageSetupOfThePreviewsEngine) {

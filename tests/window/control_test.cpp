@@ -21,7 +21,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr std::array<ControlDesign, 12> kControls{{
+constexpr std::array<ControlDesign, 13> kControls{{
     {.name = "Kader", .kind = ControlKind::Frame, .caption = "&Kader", .tabIndex = 0},
     {.name = "Vlak",
      .kind = ControlKind::PictureBox,
@@ -46,6 +46,7 @@ constexpr std::array<ControlDesign, 12> kControls{{
      .tabIndex = 10,
      .role = ButtonRole::Default},
     {.name = "lblZonder", .kind = ControlKind::Label},
+    {.name = "txtVast", .kind = ControlKind::TextBox, .caption = "3/12", .readOnly = true},
 }};
 
 class Controls : public ::testing::Test {
@@ -370,6 +371,32 @@ TEST_F(Controls, BackspaceTakesAwayTheSelectionOrTheCharacterBefore) {
   EXPECT_EQ(box.Text(), "");
   box.Backspace();
   EXPECT_EQ(box.Text(), "");
+}
+
+TEST_F(Controls, APressThatBringsTheFocusLeavesTheSelectionOfTheFocusHandler) {
+  auto& box = Get<TextBox>("txtKort");
+  box.PutText("123");
+  box.WhenFocused([&] { box.SelectAll(); });
+  box.Press(2);
+  EXPECT_TRUE(box.HasFocus());
+  EXPECT_EQ(box.SelectionLength(), 3U);
+  box.Press(2);
+  EXPECT_EQ(box.SelectionStart(), 2U);
+  EXPECT_EQ(box.SelectionLength(), 0U);
+}
+
+TEST_F(Controls, AReadOnlyTextBoxTakesNothingFromTheUser) {
+  auto& box = Get<TextBox>("txtVast");
+  box.WhenChanged(Note("change"));
+  box.SelectAll();
+  box.Type("1");
+  box.Backspace();
+  box.Edit("2", 1);
+  EXPECT_EQ(box.Text(), "3/12");
+  EXPECT_THAT(notes, IsEmpty());
+  box.PutText("4/12");
+  EXPECT_EQ(box.Text(), "4/12");
+  EXPECT_THAT(notes, ElementsAre("change"));
 }
 
 TEST_F(Controls, EnterInATextBoxIsAClick) {

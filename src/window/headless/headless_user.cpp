@@ -1,6 +1,7 @@
 #include "window/headless/headless_user.h"
 
 #include <memory>
+#include <string>
 
 #include "window/combo_box.h"
 #include "window/scroll_bar.h"
@@ -19,11 +20,27 @@ std::string_view FirstCharacter(std::string_view text) {
   return text.substr(0, length);
 }
 
+// A list's text has no insertion point here: what is typed goes to its end.
+void TypeCharacter(Control& control, std::string_view character) {
+  if (auto* list = dynamic_cast<ComboBox*>(&control)) {
+    return list->PutText(list->Text() + std::string(character));
+  }
+  dynamic_cast<TextBox&>(control).Type(character);
+}
+
 }  // namespace
 
+// A box is clicked in its middle, where a short text is over.
 void HeadlessUser::Click(std::string_view name) {
   const auto control = form_.Get(name).shared_from_this();
-  if (Reach(*control)) control->Click();
+  if (!control->IsReachable()) return;
+  if (auto* box = dynamic_cast<TextBox*>(control.get())) {
+    box->Press(box->Text().size());
+  } else if (control->CanTakeFocus()) {
+    control->Focus();
+  }
+  // The focus handler may have unloaded the form.
+  if (form_.IsLoaded()) control->Click();
 }
 
 void HeadlessUser::ClickToolbar(std::string_view toolbar, std::string_view button) {
@@ -44,12 +61,11 @@ void HeadlessUser::Replace(std::string_view name, std::string_view text) {
 }
 
 void HeadlessUser::Type(std::string_view name, std::string_view text) {
-  auto& box = form_.Get<TextBox>(name);
-  const auto held = box.shared_from_this();
-  if (!Reach(box)) return;
+  const auto held = form_.Get(name).shared_from_this();
+  if (!Reach(*held)) return;
   while (!text.empty()) {
     const std::string_view key = FirstCharacter(text);
-    box.Type(key);
+    TypeCharacter(*held, key);
     text.remove_prefix(key.size());
   }
 }

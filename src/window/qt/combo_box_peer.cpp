@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <QStringList>
 
@@ -10,6 +11,8 @@ namespace pagivo::qt {
 
 namespace {
 
+constexpr int kBesideText = 28;  // pixels of a box: its edges and its arrow
+
 class ComboBoxPeer final : public WidgetPeer {
  public:
   ComboBoxPeer(FormWindow& window, ComboBox& box)
@@ -20,6 +23,8 @@ class ComboBoxPeer final : public WidgetPeer {
 
   void Show() override;
   void ShowItems();
+  void ShowText();
+  void ShowToolTips();
   void LetType();
 
   ComboBox& box_;
@@ -44,9 +49,36 @@ void ComboBoxPeer::LetType() {
 
 void ComboBoxPeer::Show() {
   ShowItems();
-  if (list_->currentIndex() != box_.ListIndex()) list_->setCurrentIndex(box_.ListIndex());
+  ShowText();
+  ShowToolTips();
+}
+
+// An edited item is none any more, for which Qt takes the text away; the one who edits it goes on
+// where they are.
+void ComboBoxPeer::ShowText() {
   const QString text = ToQt(box_.Text());
-  if (box_.Design().editable && list_->currentText() != text) list_->setEditText(text);
+  QLineEdit* edit = list_->lineEdit();
+  const bool isEdited = edit != nullptr && edit->text() == text;
+  const int insertionPoint = isEdited ? edit->cursorPosition() : 0;
+  if (list_->currentIndex() != box_.ListIndex()) list_->setCurrentIndex(box_.ListIndex());
+  if (edit == nullptr || edit->text() == text) return;
+  list_->setEditText(text);
+  if (isEdited) edit->setCursorPosition(insertionPoint);
+}
+
+// What is too long for the box is elided, and whole in the tool tip.
+void ComboBoxPeer::ShowToolTips() {
+  const QFontMetrics metrics(list_->font());
+  const auto toolTip = [&](const QString& text) {
+    return metrics.horizontalAdvance(text) > list_->width() - kBesideText ? text : QString();
+  };
+  list_->setToolTip(toolTip(list_->currentText()));
+  for (int i = 0; i < list_->count(); ++i) {
+    const QString whole = toolTip(list_->itemText(i));
+    // Qt shows an item anew whose data is set.
+    if (list_->itemData(i, Qt::ToolTipRole).toString() == whole) continue;
+    list_->setItemData(i, whole, Qt::ToolTipRole);
+  }
 }
 
 void ComboBoxPeer::ShowItems() {

@@ -13,8 +13,10 @@ namespace pagivo::qt {
 
 namespace {
 
-constexpr int kEdges = 8;       // pixels on both sides together, between the text and the outside
-constexpr int kNarrowest = 65;  // percent of a font's own width
+constexpr int kEdges = 8;  // pixels on both sides together, between the text and the outside
+// Percent of a font's own width: what can be read well, and what can be made out at all.
+constexpr int kWellRead = 65;
+constexpr int kNarrowest = 30;
 
 // Tells when it is clicked.
 class ClickableLineEdit final : public QLineEdit {
@@ -42,10 +44,13 @@ class TextBoxPeer final : public WidgetPeer {
   TextBoxPeer(FormWindow& window, TextBox& box);
   ~TextBoxPeer() override;
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   TextBoxPeer(FormWindow& window, TextBox& box, ClickableLineEdit* edit);
 
   void Show() override;
+  bool TakeFocusByPress(const QMouseEvent& event);
   void FitText();
   void ShowSelection();
   void ReportEdit(const QString& text);
@@ -53,6 +58,7 @@ class TextBoxPeer final : public WidgetPeer {
 
   TextBox& box_;
   QPointer<ClickableLineEdit> edit_;
+  bool bringsFocus_ = false;  // the press under way
 };
 
 TextBoxPeer::TextBoxPeer(FormWindow& window, TextBox& box)
@@ -61,6 +67,7 @@ TextBoxPeer::TextBoxPeer(FormWindow& window, TextBox& box)
 TextBoxPeer::TextBoxPeer(FormWindow& window, TextBox& box, ClickableLineEdit* edit)
     : WidgetPeer(window, box, edit), box_(box), edit_(edit) {
   if (box.Design().maximumLength > 0) edit->setMaxLength(box.Design().maximumLength);
+  edit->setReadOnly(box.Design().readOnly);
   edit->WhenClicked([this] { Report([this] { box_.Click(); }); });
   connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) { ReportEdit(text); });
   connect(edit, &QLineEdit::cursorPositionChanged, this, [this] { ReportSelection(); });
@@ -78,15 +85,45 @@ void TextBoxPeer::Show() {
   ShowSelection();
 }
 
-// A text that is wider than its box, such as the pages shown of a long document, is set narrower as
-// far as it can still be read; when that is not enough the tool tip has it whole.
+// The press that brings the focus is the box's own matter, as is the selection that comes with it:
+// the widget would put the insertion point under the pointer.
+bool TextBoxPeer::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      // The press follows.
+      if (static_cast<const QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) return false;
+      break;
+    case QEvent::MouseButtonPress:
+      return TakeFocusByPress(static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseMove:
+      // The pointer trembles: nobody drags yet.
+      return bringsFocus_;
+    case QEvent::MouseButtonRelease:
+      bringsFocus_ = false;
+      return false;
+    default:
+      break;
+  }
+  return WidgetPeer::eventFilter(watched, event);
+}
+
+bool TextBoxPeer::TakeFocusByPress(const QMouseEvent& event) {
+  bringsFocus_ = !box_.HasFocus();
+  if (!bringsFocus_) return false;
+  const int place = edit_->cursorPositionAt(event.position().toPoint());
+  Report([&] { box_.Press(CharactersBefore(edit_->text(), place)); });
+  return true;
+}
+
+// A text that is wider than its box, such as the pages shown of a long document, is set narrower so
+// that it stands there whole; the tool tip has it in a width that can be read well.
 void TextBoxPeer::FitText() {
   QFont font = edit_->font();
   const int width = QFontMetrics(font).horizontalAdvance(edit_->text());
   const int room = edit_->width() - kEdges;
   if (width > room) font.setStretch(std::max(kNarrowest, 100 * room / width));
   edit_->setFont(font);
-  edit_->setToolTip(width * kNarrowest > 100 * room ? edit_->text() : QString());
+  edit_->setToolTip(width * kWellRead > 100 * room ? edit_->text() : QString());
 }
 
 void TextBoxPeer::ShowSelection() {

@@ -36,10 +36,18 @@ struct Key {
 };
 
 constexpr Key kKeys[] = {
-    {kKeyTab, Qt::Key_Tab},       {kKeyEnter, Qt::Key_Return},      {kKeyEscape, Qt::Key_Escape},
-    {kKeyPageUp, Qt::Key_PageUp}, {kKeyPageDown, Qt::Key_PageDown}, {kKeyEnd, Qt::Key_End},
-    {kKeyHome, Qt::Key_Home},     {kKeyLeft, Qt::Key_Left},         {kKeyUp, Qt::Key_Up},
-    {kKeyRight, Qt::Key_Right},   {kKeyDown, Qt::Key_Down},
+    {kKeyBackspace, Qt::Key_Backspace},
+    {kKeyTab, Qt::Key_Tab},
+    {kKeyEnter, Qt::Key_Return},
+    {kKeyEscape, Qt::Key_Escape},
+    {kKeyPageUp, Qt::Key_PageUp},
+    {kKeyPageDown, Qt::Key_PageDown},
+    {kKeyEnd, Qt::Key_End},
+    {kKeyHome, Qt::Key_Home},
+    {kKeyLeft, Qt::Key_Left},
+    {kKeyUp, Qt::Key_Up},
+    {kKeyRight, Qt::Key_Right},
+    {kKeyDown, Qt::Key_Down},
 };
 
 // Letters and digits have the key codes of their characters in both.

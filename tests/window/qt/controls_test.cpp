@@ -174,7 +174,65 @@ TEST_F(Controls, TextBoxIsClickedByTheMouse) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(Controls, APressThatBringsTheFocusKeepsTheWholeTextSelectedThoughThePointerTrembles) {
+  Box("short").PutText("12");
+  Box("short").WhenFocused([&] { Box("short").SelectAll(); });
+  Show(*form, [&](QWidget& window) {
+    auto& edit = Find<QLineEdit>(window, "short");
+    QTest::mousePress(&edit, Qt::LeftButton, {}, QPoint(8, 10));
+    QTest::mouseMove(&edit, QPoint(9, 11));
+    QTest::mouseRelease(&edit, Qt::LeftButton, {}, QPoint(9, 11));
+    EXPECT_TRUE(Box("short").HasFocus());
+    EXPECT_EQ(edit.selectedText(), "12");
+    QTest::keyClicks(window.focusWidget(), "5");
+    EXPECT_EQ(Box("short").Text(), "5");
+  });
+}
+
+TEST_F(Controls, AFurtherPressPutsTheInsertionPointUnderThePointer) {
+  Box("text").PutText("iiiiiiiiii");
+  Show(*form, [&](QWidget& window) {
+    auto& edit = Find<QLineEdit>(window, "text");
+    Box("text").SelectAll();
+    const QPoint place(14, 10);
+    QTest::mouseClick(&edit, Qt::LeftButton, {}, place);
+    EXPECT_EQ(edit.cursorPosition(), edit.cursorPositionAt(place));
+    EXPECT_EQ(Box("text").SelectionStart(), static_cast<std::size_t>(edit.cursorPosition()));
+    EXPECT_FALSE(edit.hasSelectedText());
+  });
+}
+
 // --- Combo boxes
+
+TEST_F(Controls, EditingAPickedItemLeavesTheInsertionPointWhereItIs) {
+  List("typed").AddItem("Inleiding");
+  List("typed").PutListIndex(0);
+  Show(*form, [&](QWidget& window) {
+    auto& edit = *Find<QComboBox>(window, "typed").lineEdit();
+    List("typed").Focus();
+    edit.setCursorPosition(2);
+    QTest::keyClicks(window.focusWidget(), "xy");
+    EXPECT_EQ(List("typed").Text(), "Inxyleiding");
+    EXPECT_EQ(List("typed").ListIndex(), -1);
+    EXPECT_EQ(edit.text(), "Inxyleiding");
+    EXPECT_EQ(edit.cursorPosition(), 4);
+  });
+}
+
+TEST_F(Controls, TextThatIsTooLongForAListIsInItsToolTips) {
+  const char* longText = "Een printer met een naam die veel te lang is voor zijn vak";
+  List("list").AddItem("kort");
+  List("list").AddItem(longText);
+  List("list").PutListIndex(1);
+  Show(*form, [&](QWidget& window) {
+    auto& list = Find<QComboBox>(window, "list");
+    EXPECT_EQ(list.toolTip(), longText);
+    EXPECT_EQ(list.itemData(0, Qt::ToolTipRole).toString(), "");
+    EXPECT_EQ(list.itemData(1, Qt::ToolTipRole).toString(), longText);
+    List("list").PutListIndex(0);
+    EXPECT_EQ(list.toolTip(), "");
+  });
+}
 
 TEST_F(Controls, PickingAnItemSelectsItAndClicks) {
   for (const char* item : {"een", "twee", "drie"}) List("list").AddItem(item);
