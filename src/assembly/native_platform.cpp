@@ -1,3 +1,4 @@
+#include "engine/native/fonts/font_library.h"
 #include "engine/native/native_engine.h"
 #include "engine/native/native_pdf_exporter.h"
 #include "engine/native/native_surface.h"
@@ -32,21 +33,44 @@ std::string DefaultPrinter() {
   }
 }
 
+// The windows that are in use whenever an engine, which outlives a host's choice, shows one.
+class WindowsInUse final : public WindowSystem {
+ public:
+  std::shared_ptr<FormPeer> MakeFormPeer(Form& form) override {
+    return Present().MakeFormPeer(form);
+  }
+  std::unique_ptr<ControlPeer> MakeControlPeer(FormPeer& form, Control& control) override {
+    return Present().MakeControlPeer(form, control);
+  }
+  WindowImage CaptureWindow(std::int32_t handle) override {
+    return Present().CaptureWindow(handle);
+  }
+
+ private:
+  static WindowSystem& Present() { return *CurrentPlatform().windows; }
+};
+
+// Any one will do: what is not installed is replaced.
+void RequireFonts() {
+  native::FontLibrary::Instance().Find("Arial", false, false);
+}
+
 }  // namespace
 
 Platform NativePlatform() {
   return {
       .windows = std::make_shared<HeadlessWindows>(),
       .makeEngine =
-          [](const Platform& platform) {
-            return std::make_shared<native::NativeEngine>(
-                native::EngineServices{.windows = platform.windows, .printers = Printers()});
+          [](const Platform&) {
+            return std::make_shared<native::NativeEngine>(native::EngineServices{
+                .windows = std::make_shared<WindowsInUse>(), .printers = Printers()});
           },
       .makePdfExporter = [] { return std::make_shared<native::NativePdfExporter>(); },
       .makeSurfaceContent = native::MakeSurface,
       .loadPicture = native::LoadPictureFile,
       .decodePicture = native::DecodePicture,
       .defaultPrinter = DefaultPrinter,
+      .requireFonts = RequireFonts,
   };
 }
 

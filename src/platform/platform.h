@@ -21,7 +21,7 @@ struct Platform {
   // Shows the windows; lives as long as it is in use.
   std::shared_ptr<WindowSystem> windows;
   // A new, empty engine and exporter for a new preview window. The engine's own dialogs are shown
-  // by the windows of the platform that it is made for.
+  // by the windows in use at that time.
   std::function<std::shared_ptr<PrintEngine>(const Platform& platform)> makeEngine;
   std::function<std::shared_ptr<PdfExporter>()> makePdfExporter;
   // What draws such an engine's preview on a surface; null for an engine that draws none.
@@ -33,13 +33,15 @@ struct Platform {
   std::function<ObjectRef(std::span<const std::uint8_t> bytes)> decodePicture;
   // The device name of the system's default printer, empty when there is none.
   std::function<std::string()> defaultPrinter;
+  // Raises Error when there is no font to write with; null for an engine that needs none.
+  std::function<void()> requireFonts = nullptr;
 };
 
 // The one in use: the native platform unless UsePlatform replaced it.
 PAGIVO_EXPORT const Platform& CurrentPlatform();
 
 // Replaces the platform in use. Takes effect for what is created afterwards; an existing preview
-// window keeps its engine.
+// window keeps its engine, and has the new windows from its next showing on.
 PAGIVO_EXPORT void UsePlatform(Platform platform);
 
 // Our own engine, its exporter and picture loader, and no display. Defined in assembly/.

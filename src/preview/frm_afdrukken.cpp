@@ -33,6 +33,7 @@ constexpr std::array<ControlDesign, 3> kControls{{
      .placement = {1080, 60, 600, 330},
      .container = "tbAfdrukken",
      .tabIndex = 1,
+     .readOnly = true,
      .accessibleName = "Pagina"},
     {.name = "vsPrint",
      .kind = ControlKind::Surface,

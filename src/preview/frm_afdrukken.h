@@ -33,7 +33,7 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   // Where the engine draws.
   Surface& PreviewSurface();
   Toolbar& tbAfdrukken();
-  // Shows the page and the page total; a click asks for another page.
+  // Shows the page and the page total and takes no text; a click asks for another page.
   TextBox& txtPaginanummer();
   // Watermark picture 0, 1 or 2; raises Error outside.
   PictureBox& imageWatermerk(std::int16_t index);
@@ -46,8 +46,8 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   // 0 first, 1 previous, 2 next, 3 last; any other value changes no page. Raises Error when a page
   // number goes beyond 16 bits.
   void BladerNaar(std::int16_t richting);
-  // Asks for a page and shows it.
-  void GaNaarPagina();
+  // Asks for a page and shows it. What the user has typed of it already stands in the dialog.
+  void GaNaarPagina(std::string_view typed = {});
   // Asks for range and copies and prints, a job for each copy. Errors are ignored.
   void DrukAf();
 
@@ -59,6 +59,8 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   void OnResize() override;
   void OnPaint() override;
   void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override;
+  // A digit begins the number of the page to go to.
+  bool OnUnusedKey(std::int16_t keyCode, std::int16_t shift) override;
   void OnQueryUnload(bool& cancel, UnloadMode mode) override;
 
   void tbAfdrukken_ButtonClick(std::string_view key);

@@ -1,7 +1,9 @@
 #include "preview/frm_ga_naar.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,12 +11,14 @@
 #include "dialogs/zet_lettertype.h"
 #include "state/module_state.h"
 #include "values/conversions.h"
+#include "values/errors_ignored.h"
 
 namespace pagivo {
 
 namespace {
 
-// The highest page that can be typed.
+// The pages that can be typed. A negative one is no page, whatever it is.
+constexpr std::int16_t kLowestTypedPage = std::numeric_limits<std::int16_t>::min();
 constexpr std::int16_t kHighestTypedPage = 999;
 
 constexpr std::array<ControlDesign, 5> kGoToControls{{
@@ -57,16 +61,17 @@ std::shared_ptr<frmGaNaar>& Instance() {
   return instance;
 }
 
-std::int16_t TypedPage(const std::string& text) {
-  if (Trim(text).empty()) return 0;
-  const double page = LeadingNumber(text);
-  return page <= kHighestTypedPage ? ToInteger(page) : kHighestTypedPage;
+std::int16_t TypedPage(std::string_view text) {
+  double page = 0;
+  // Fails beyond all numbers, where no page is.
+  IgnoringErrors([&] { page = LeadingNumber(text); });
+  return ToInteger(std::clamp<double>(page, kLowestTypedPage, kHighestTypedPage));
 }
 
-// The page of the first contents entry with this title, else `page`.
+// The page of the first contents entry with this title (trimmed), else `page`.
 std::int16_t PageOfTitle(std::string_view title, std::int16_t page) {
   for (std::int16_t i = 1; i <= State().ContentsCount; ++i) {
-    if (Trim(State().ContentsTitle(i)) == Trim(title)) return State().ContentsPage(i);
+    if (Trim(State().ContentsTitle(i)) == title) return State().ContentsPage(i);
   }
   return page;
 }
@@ -98,9 +103,9 @@ void frmGaNaar::PlaceButtons() {
 }
 
 void frmGaNaar::cmdOK_Click() {
-  const std::string text = cboGaNaar().Text();
+  const std::string text(Trim(cboGaNaar().Text()));
   State().GoToPageResult = TypedPage(text);
-  State().GoToPageResult = PageOfTitle(text, State().GoToPageResult);
+  if (!text.empty()) State().GoToPageResult = PageOfTitle(text, State().GoToPageResult);
   Unload();
 }
 

@@ -1,6 +1,8 @@
 // The go-to-page dialog of the preview.
 #pragma once
 
+#include <string_view>
+
 #include "platform/platform.h"
 #include "window/combo_box.h"
 #include "window/form.h"
@@ -13,6 +15,9 @@ namespace pagivo {
 class frmGaNaar : public Form {
  public:
   explicit frmGaNaar(const Platform& platform);
+
+  // Opens with that text in its box, to be typed on.
+  void BeginWith(std::string_view text) { cboGaNaar().PutText(text); }
 
  private:
   void CreateControls() override;

@@ -111,9 +111,10 @@ void frmAfdrukken::BladerNaar(std::int16_t richting) {
   ShowTurnedPage();
 }
 
-void frmAfdrukken::GaNaarPagina() {
+void frmAfdrukken::GaNaarPagina(std::string_view typed) {
   const auto self = shared_from_this();
   const auto engine = vsPrint();
+  if (!typed.empty()) GoToDialog().BeginWith(typed);
   GoToDialog().ShowModal();
   // A host may have discarded the window meanwhile.
   if (!IsLoaded()) return;
@@ -138,6 +139,13 @@ void frmAfdrukken::KeyDown(std::int16_t& keyCode, std::int16_t) {
     ArrowUp(*engine, keyCode);
   }
   if (IsLoaded()) AfterPageChange();
+}
+
+bool frmAfdrukken::OnUnusedKey(std::int16_t keyCode, std::int16_t shift) {
+  const char digit = DigitOf(keyCode, shift);
+  if (digit == 0) return false;
+  GaNaarPagina({&digit, 1});
+  return true;
 }
 
 void frmAfdrukken::BeforePageChange(std::int16_t& page) {

@@ -1,6 +1,7 @@
 #include "preview/preview_form.h"
 
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -32,18 +33,25 @@ bool HostIsMaximised() {
 
 // The host answers before the window is reached: it may do anything meanwhile, and discard the
 // window that it is asked for.
-void PlaceAsHost(void (frmAfdrukken::*put)(float), std::string_view member, double smaller = 0) {
+void PlaceAsHost(void (frmAfdrukken::*put)(float), std::string_view member) {
   IgnoringErrors([&] {
-    const float length = ToSingle(HostLength(member) - smaller);
+    const float length = ToSingle(HostLength(member));
     (PreviewForm().*put)(length);
   });
 }
 
+// A host that hides its state counts as maximised; one that tells no size either is no window to
+// lie over, and the preview stays where it is.
 void PlaceOverMaximisedHost() {
+  std::optional<float> height;
+  std::optional<float> width;
+  IgnoringErrors([&] { height = ToSingle(HostLength("Height") - kSmallerThanHost); });
+  IgnoringErrors([&] { width = ToSingle(HostLength("Width") - kSmallerThanHost); });
+  if (!height && !width) return;
   IgnoringErrors([] { PreviewForm().PutLeft(0); });
   IgnoringErrors([] { PreviewForm().PutTop(0); });
-  PlaceAsHost(&frmAfdrukken::PutHeight, "Height", kSmallerThanHost);
-  PlaceAsHost(&frmAfdrukken::PutWidth, "Width", kSmallerThanHost);
+  if (height) IgnoringErrors([&] { PreviewForm().PutHeight(*height); });
+  if (width) IgnoringErrors([&] { PreviewForm().PutWidth(*width); });
 }
 
 void PlaceOverHost() {
@@ -74,6 +82,8 @@ void ReleasePreviewForm() {
 }
 
 void ToonVoorbeeld() {
+  // A host may have come by its windows since the preview was made.
+  IgnoringErrors([] { PreviewForm().UseWindows(CurrentPlatform().windows); });
   IgnoringErrors([] { PreviewForm().PutWindowState(WindowState::Normal); });
   if (TrueOnError(HostIsMaximised)) {
     PlaceOverMaximisedHost();

@@ -106,6 +106,11 @@ void Form::PutCaption(std::string caption) {
 
 void Form::PutWindowState(WindowState state) {
   Put(&Form::windowState_, state);
+  if (state != WindowState::Normal || visible_ || !normal_) return;
+  const Placement normal = *std::exchange(normal_, std::nullopt);
+  left_ = normal.left;
+  top_ = normal.top;
+  PutSize({.width = normal.width, .height = normal.height});
 }
 
 void Form::PutLeft(float left) {
@@ -144,6 +149,7 @@ void Form::TakePlacement(const Placement& window, const Extent& frame, WindowSta
   if (!loaded_) return;
   const auto self = shared_from_this();
   const Extent client{.width = ClientWidth(), .height = ClientHeight()};
+  RememberNormal(state);
   left_ = window.left;
   top_ = window.top;
   width_ = window.width;
@@ -151,6 +157,44 @@ void Form::TakePlacement(const Placement& window, const Extent& frame, WindowSta
   frame_ = frame;
   windowState_ = state;
   if (ClientWidth() != client.width || ClientHeight() != client.height) OnResize();
+}
+
+// The present placement and state are those before the change to `next`.
+void Form::RememberNormal(WindowState next) {
+  if (next == WindowState::Normal) {
+    normal_.reset();
+  } else if (windowState_ == WindowState::Normal) {
+    normal_ = {.left = left_, .top = top_, .width = width_, .height = height_};
+  }
+  if (next == WindowState::Minimised && windowState_ != next) beforeMinimising_ = windowState_;
+}
+
+void Form::ComeBack() {
+  if (visible_ && windowState_ == WindowState::Minimised) PutWindowState(beforeMinimising_);
+}
+
+void Form::UseWindows(std::shared_ptr<WindowSystem> windows) {
+  if (visible_ || windows == windows_) return;
+  const std::shared_ptr<WindowSystem> before = std::exchange(windows_, std::move(windows));
+  if (!loaded_) return;
+  try {
+    ChangePeers();
+  } catch (...) {
+    windows_ = before;
+    throw;
+  }
+}
+
+// The client area keeps its size. The peers that go refer to their window, which goes last.
+void Form::ChangePeers() {
+  const std::shared_ptr<FormPeer> next = windows_->MakeFormPeer(*this);
+  const std::shared_ptr<FormPeer> before = std::exchange(peer_, next);
+  const Extent frame = peer_->FrameExtent();
+  width_ += frame.width - frame_.width;
+  height_ += frame.height - frame_.height;
+  frame_ = frame;
+  MakeControlPeers();
+  peer_->Update();
 }
 
 ControlSet& Form::Controls() {
@@ -175,6 +219,10 @@ void Form::OnPaint() {}
 
 void Form::OnKeyDown(std::int16_t&, std::int16_t) {}
 
+bool Form::OnUnusedKey(std::int16_t, std::int16_t) {
+  return false;
+}
+
 void Form::OnShowingFailed() {}
 
 void Form::OnQueryUnload(bool&, UnloadMode) {}
@@ -185,6 +233,7 @@ void Form::TakeDesign(const Extent& frame) {
   frame_ = frame;
   caption_ = design_.caption;
   windowState_ = WindowState::Normal;
+  normal_.reset();
   placed_ = false;
   left_ = 0;
   top_ = 0;
@@ -193,8 +242,12 @@ void Form::TakeDesign(const Extent& frame) {
 }
 
 void Form::MakeControls() {
-  displayed_ = false;
   controls_ = std::make_unique<ControlSet>(design_.controls);
+  MakeControlPeers();
+}
+
+void Form::MakeControlPeers() {
+  displayed_ = false;
   for (const auto& control : controls_->All()) {
     control->Attach(windows_->MakeControlPeer(*peer_, *control));
   }

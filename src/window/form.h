@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -69,10 +70,16 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   void Unload(UnloadMode mode = UnloadMode::Code);
   bool Visible() const noexcept { return visible_; }
 
+  // Shows the form with that window system from its next showing on: a loaded form keeps its state
+  // and gets new peers. Nothing while it is visible. Raises Error, changing nothing, when there is
+  // no display.
+  void UseWindows(std::shared_ptr<WindowSystem> windows);
+
   const FormDesign& Design() const noexcept { return design_; }
   const std::string& Caption() const noexcept { return caption_; }
   void PutCaption(std::string caption);
   WindowState GetWindowState() const noexcept { return windowState_; }
+  // A hidden form that becomes normal again goes back to where it was before.
   void PutWindowState(WindowState state);
 
   // The window with its frame, in twips from the screen's top left.
@@ -87,11 +94,15 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   void PutHeight(float height);
   // Both at once, as the user does by dragging an edge.
   void PutSize(const Extent& size);
-  // Whether left or top was put since the form was loaded; else its peer chooses the place.
+  // Whether left or top was put since the form was loaded; else its peer chooses the place of a
+  // dialog. A sizable window stands where its left and top say.
   bool IsPlaced() const noexcept { return placed_; }
   // Where the user or the window system has put the window, as its peer reports it. A client area
   // of another size raises resize.
   void TakePlacement(const Placement& window, const Extent& frame, WindowState state);
+  // The user turns to another window of the program, which the visible form keeps from use: when
+  // it is minimised it comes back, as it was before.
+  void ComeBack();
   // The window without its frame.
   float ClientWidth() const noexcept { return width_ - frame_.width; }
   float ClientHeight() const noexcept { return height_ - frame_.height; }
@@ -109,7 +120,8 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   // A key of the user: goes to the form's key-down handler when it previews keys, then Enter
   // presses the default button (or the one with the focus), Esc the cancel button, Tab moves the
   // focus, and any other key goes to the control with the focus, as Enter and Esc do in a form
-  // without such buttons. Whether anybody had a use for the key.
+  // without such buttons, and then to the form's handler of unused keys. Whether anybody had a use
+  // for the key.
   bool PressKey(std::int16_t keyCode, std::int16_t shift = 0);
   // A letter with Alt: presses the control whose caption has it, or gives it the focus; a label or
   // frame gives the focus to what follows it in the tab order.
@@ -128,6 +140,8 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   virtual void OnPaint();
   // Sets keyCode to 0 when it consumes the key.
   virtual void OnKeyDown(std::int16_t& keyCode, std::int16_t shift);
+  // A key that the control with the focus has no use for. Whether the form has.
+  virtual bool OnUnusedKey(std::int16_t keyCode, std::int16_t shift);
   // A handler failed during the showing; the form is hidden.
   virtual void OnShowingFailed();
   virtual void OnQueryUnload(bool& cancel, UnloadMode mode);
@@ -137,6 +151,9 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   void LoadNow();
   void TakeDesign(const Extent& frame);
   void MakeControls();
+  void MakeControlPeers();
+  void ChangePeers();
+  void RememberNormal(WindowState next);
   void Show(void (FormPeer::*showing)());
   void ShowBy(void (FormPeer::*showing)());
   // Hides the form when the step fails.
@@ -159,6 +176,8 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   bool placed_ = false;
   std::string caption_;
   WindowState windowState_ = WindowState::Normal;
+  WindowState beforeMinimising_ = WindowState::Normal;
+  std::optional<Placement> normal_;  // of a window that is minimised or maximised
   float left_ = 0;
   float top_ = 0;
   float width_ = 0;

@@ -51,7 +51,9 @@ bool Form::PressKey(std::int16_t keyCode, std::int16_t shift) {
     return true;
   }
   Control* focused = controls_->Focused();
-  return focused != nullptr && focused->IsReachable() && focused->PressKey(keyCode, shift);
+  if (focused == nullptr || !focused->IsReachable()) return false;
+  if (focused->PressKey(keyCode, shift)) return true;
+  return visible_ && OnUnusedKey(keyCode, shift);
 }
 
 void Form::PressAccessKey(char letter) {

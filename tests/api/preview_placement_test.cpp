@@ -86,6 +86,27 @@ TEST_F(PreviewPlacement, StaysAsDesignedWithoutAHostThatAnswers) {
   EXPECT_EQ(ShownOver(std::make_shared<NamedObject>("no window")), designed);
 }
 
+TEST_F(PreviewPlacement, StaysWhereItWasPutWithoutAHostThatAnswers) {
+  PreviewForm().PutLeft(450);
+  PreviewForm().PutTop(600);
+  PreviewForm().PutSize({.width = 7500, .height = 6000});
+  const Placement put{450, 600, 7500, 6000};
+  EXPECT_EQ(ShownOver(nullptr), put);
+  EXPECT_EQ(ShownOver(std::make_shared<NamedObject>("no window")), put);
+}
+
+TEST_F(PreviewPlacement, StaysWhereTheUserPutItWithoutAHostThatAnswers) {
+  print.VsPPStart(nullptr);
+  platform.Windows().AddScript([](Form& form, FormUser& user) {
+    form.PutLeft(450);
+    form.PutTop(600);
+    user.Resize({.width = 7500, .height = 6000});
+  });
+  std::int16_t page = 1;
+  print.VsPreviewFile(page);
+  EXPECT_EQ(ShownOver(nullptr), (Placement{450, 600, 7500, 6000}));
+}
+
 TEST_F(PreviewPlacement, AHostThatHidesItsStateCountsAsMaximised) {
   const auto host = std::make_shared<HostWindow>(
       std::map<std::string, Variant, std::less<>>{{"Width", 9000.0F}, {"Height", 7000.0F}});

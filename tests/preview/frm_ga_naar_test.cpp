@@ -136,9 +136,16 @@ TEST_F(GoToPage, ReadsTheTypedNumber) {
   }
 }
 
-TEST_F(GoToPage, ANumberBelow16BitsFailsAndLeavesNoDialog) {
-  EXPECT_THROW(ResultOf("-40000"), Error);
-  EXPECT_FALSE(GoToDialog().IsLoaded());
+TEST_F(GoToPage, ANumberBelow16BitsOrBeyondAllNumbersIsNoPage) {
+  for (const auto* text : {"-32769", "-40000", "-1E300", "-1E400", "1E400"}) {
+    EXPECT_LE(ResultOf(text), 0) << text;
+    EXPECT_FALSE(GoToDialog().IsLoaded());
+  }
+}
+
+TEST_F(GoToPage, ATitleWinsOverANumberThatIsNoPage) {
+  AddContents("-40000 m en lager", 7);
+  EXPECT_EQ(ResultOf("-40000 m en lager"), 7);
 }
 
 TEST_F(GoToPage, ATitleWinsOverTheNumberItStartsWith) {
@@ -163,9 +170,21 @@ TEST_F(GoToPage, OfTwoEqualTitlesTheFirstCounts) {
   EXPECT_EQ(ResultOf("Bijlage"), 4);
 }
 
-TEST_F(GoToPage, AnEmptyTextFindsAnEmptyTitle) {
+TEST_F(GoToPage, AnEmptyOrBlankTextIsNoPageWhateverTheContentsHold) {
   AddContents("", 6);
-  EXPECT_EQ(ResultOf(""), 6);
+  AddContents("  ", 7);
+  for (const auto* text : {"", " ", "   "}) EXPECT_EQ(ResultOf(text), 0);
+}
+
+TEST_F(GoToPage, WhatItBeginsWithIsTypedOn) {
+  User([](FormUser& user) {
+    EXPECT_EQ(GoToDialog().Get<ComboBox>("cboGaNaar").Text(), "1");
+    user.Type("cboGaNaar", "2");
+    user.Press(13);
+  });
+  GoToDialog().BeginWith("1");
+  GoToDialog().ShowModal();
+  EXPECT_EQ(State().GoToPageResult, 12);
 }
 
 TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {

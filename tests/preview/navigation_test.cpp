@@ -6,6 +6,10 @@
 namespace pagivo::testing {
 namespace {
 
+using ::testing::Contains;
+using ::testing::Not;
+using ::testing::StartsWith;
+
 constexpr std::int16_t kHighest = std::numeric_limits<std::int16_t>::max();
 
 class PreviewNavigation : public PreviewTest {
@@ -45,6 +49,19 @@ TEST_F(PreviewNavigation, ALastPageWithoutPartnerFallsBackToTheWholePage) {
   Show(5, 5, kZoomTwoPages);
   EXPECT_THAT(DoingsOf([this] { form->ZetPaginaNummer(); }), ElementsAre("put ZoomMode Long 3"));
   EXPECT_EQ(PageBox(), "5/5");
+}
+
+TEST_F(PreviewNavigation, ThePageBoxTakesNoText) {
+  Show(12, 3);
+  User([this](FormUser& user) {
+    user.Click("txtPaginanummer");
+    user.Type("txtPaginanummer", "x");
+    user.Erase("txtPaginanummer");
+    user.Replace("txtPaginanummer", "7");
+    user.Press(kKeyBackspace);
+    EXPECT_EQ(PageBox(), "3/12");
+  });
+  form->ShowModal();
 }
 
 TEST_F(PreviewNavigation, AnEmptyDocumentShowsWhatTheEngineSays) {
@@ -221,13 +238,48 @@ TEST_F(PreviewNavigation, AClickOnThePageBoxAsksForAPage) {
   form->ShowModal();
 }
 
+TEST_F(PreviewNavigation, ADigitTypedInThePageOrItsBoxBeginsThePageToGoTo) {
+  for (const auto* control : {"vsPrint", "txtPaginanummer"}) {
+    Show(40, 1);
+    User([this, control](FormUser& user) {
+      if (std::string_view(control) == "txtPaginanummer") user.Press(kKeyTab);
+      EXPECT_EQ(form->Controls().Focused()->Name(), control);
+      User([](FormUser& dialog) {
+        dialog.Type("cboGaNaar", "7");
+        dialog.Press(kKeyEnter);
+      });
+      user.Press('2');
+      EXPECT_EQ(PageBox(), "27/40");
+    });
+    form->ShowModal();
+  }
+}
+
+TEST_F(PreviewNavigation, OnlyDigitsWithoutControlOrAltBeginAPage) {
+  Show(40, 1);
+  User([this](FormUser& user) {
+    user.Press('A');
+    user.Press('2', kControlKey);
+    EXPECT_EQ(PageBox(), "1/40");
+  });
+  EXPECT_THAT(DoingsOf([this] { form->ShowModal(); }),
+              Not(Contains(StartsWith("put PreviewPage"))));
+}
+
+TEST_F(PreviewNavigation, ANumberThatIsNoPageLeavesThePreviewAsItIs) {
+  Show(5, 3);
+  for (const auto* text : {"-40000", "-1E400", "", "  "}) EXPECT_THAT(GoTo(text), IsEmpty());
+}
+
 TEST_F(PreviewNavigation, AFailingDialogIsPassedOnAndNoneStaysBehind) {
   Show(5, 3);
   User([](FormUser& user) {
-    user.Replace("cboGaNaar", "-40000");
+    State().ContentsCount = kMaximumContents + 1;
+    user.Replace("cboGaNaar", "nergens");
     user.Click("cmdOK");
   });
   EXPECT_THROW(form->GaNaarPagina(), Error);
+  State().ContentsCount = 0;
   EXPECT_THAT(GoTo("2"), ElementsAre("put PreviewPage Integer 2"));
 }
 

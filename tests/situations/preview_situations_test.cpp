@@ -220,12 +220,29 @@ TEST_F(PreviewSituation, ShownAgainOnceItIsClosedItShowsTheSameDocument) {
 
 // --- Handlers that fail -----------------------------------------------------------------------
 
+TEST_F(PreviewSituation, ANumberThatIsNoPageLeavesThePreviewOnItsPage) {
+  Compose(3);
+  for (const auto* text : {"-40000", "-1E400", "1E400"}) {
+    User([this, text](Form& shown, FormUser& user) {
+      User([text](Form&, FormUser& dialog) {
+        dialog.Replace("cboGaNaar", text);
+        dialog.Click("cmdOK");
+      });
+      user.Click("txtPaginanummer");
+      EXPECT_TRUE(shown.Visible());
+      EXPECT_EQ(PageBox(), "2/3");
+    });
+    Preview(2);
+  }
+}
+
 TEST_F(PreviewSituation, AFailingDialogTakesThePreviewOverWhichItStandsAlong) {
   Compose(3);
   const std::size_t before = windows->Count();
   User([this](Form&, FormUser& user) {
     User([](Form&, FormUser& dialog) {
-      dialog.Replace("cboGaNaar", "-40000");
+      State().ContentsCount = 51;
+      dialog.Replace("cboGaNaar", "nergens");
       dialog.Click("cmdOK");
     });
     user.Click("txtPaginanummer");
@@ -238,20 +255,44 @@ TEST_F(PreviewSituation, AFailingDialogTakesThePreviewOverWhichItStandsAlong) {
   ExpectPreviewWorks();
 }
 
-TEST_F(PreviewSituation, AFailingPrinterDialogLeavesNothingOpen) {
+TEST_F(PreviewSituation, APrinterDialogWhoseOkFailsStaysOpenAndLeavesNothingBehind) {
   Compose(1);
   std::string device;
   std::int16_t copies = 1;
   std::int16_t from = 1;
   std::int16_t to = 1;
-  User([](Form&, FormUser& user) {
+  User([](Form& shown, FormUser& user) {
     user.Replace("txtTm", "40000");
     user.Click("cmdOK");
+    EXPECT_TRUE(shown.Visible());
   });
   const std::size_t before = windows->Count();
   print.VsPPPrinterDialog(device, copies, from, to);
   EXPECT_EQ(windows->Count(), before);
   ExpectPreviewWorks();
+}
+
+// --- Windows that come late --------------------------------------------------------------------
+
+TEST_F(PreviewSituation, WindowsThatCameAfterTheDocumentShowItNext) {
+  Platform headless = NativePlatform();
+  Platform withWindows = CurrentPlatform();
+  UsePlatform(std::move(headless));
+  Compose(3);
+  UsePlatform(std::move(withWindows));
+  User([this](Form& shown, FormUser& user) {
+    EXPECT_EQ(shown.Caption(), "Afdrukvoorbeeld Proef");
+    user.ClickToolbar("tbAfdrukken", "Laatste");
+    EXPECT_EQ(PageBox(), "3/3");
+    User([this](Form&, FormUser& dialog) {
+      User([](Form& setup, FormUser&) { EXPECT_EQ(setup.Caption(), "Pagina instellen"); });
+      dialog.Click("cmdPrinter");
+      dialog.Click("cmdAnnuleren");
+    });
+    user.ClickToolbar("tbAfdrukken", "Afdrukken");
+  });
+  Preview();
+  EXPECT_EQ(print.VsPPGetPageCount(), 4);
 }
 
 // --- Many showings ----------------------------------------------------------------------------

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "pagivo/error.h"
+#include "support/no_windows.h"
 #include "support/trial_windows.h"
 #include "window/headless/headless_windows.h"
 
@@ -355,6 +356,74 @@ TEST(FormPeers, ChooseThePlaceOfAFormThatWasNotPlacedSinceItWasLoaded) {
   form->Unload();
   form->Load();
   EXPECT_FALSE(form->IsPlaced());
+}
+
+// --- Windows that change ------------------------------------------------------------------------
+
+TEST(FormPeers, OfOtherWindowsShowTheFormAsItIs) {
+  const auto form = std::make_shared<NotingForm>(std::make_shared<HeadlessWindows>());
+  form->PutCaption("Bewaard");
+  form->PutSize({.width = 6000, .height = 4500});
+  const auto windows = std::make_shared<FramedWindows>();
+  form->notes.clear();
+  form->UseWindows(windows);
+  EXPECT_EQ(windows->updates, 1);
+  EXPECT_THAT(form->notes, IsEmpty());
+  EXPECT_EQ(form->Caption(), "Bewaard");
+  EXPECT_EQ(form->ClientWidth(), 6000);
+  EXPECT_EQ(form->ClientHeight(), 4500);
+  EXPECT_EQ(form->Width(), 6060);
+  EXPECT_EQ(form->Height(), 4900);
+}
+
+TEST(FormPeers, OfOtherWindowsWaitUntilTheFormIsHidden) {
+  const auto windows = std::make_shared<HeadlessWindows>();
+  const auto form = std::make_shared<NotingForm>(windows);
+  const auto others = std::make_shared<FramedWindows>();
+  windows->AddScript([&](Form& shown) {
+    shown.UseWindows(others);
+    EXPECT_TRUE(shown.Visible());
+  });
+  form->ShowModal();
+  EXPECT_EQ(others->updates, 0);
+}
+
+TEST(FormPeers, OfWindowsThatCannotBeMadeLeaveThoseBefore) {
+  const auto form = std::make_shared<NotingForm>(std::make_shared<HeadlessWindows>());
+  form->Load();
+  EXPECT_THROW(form->UseWindows(std::make_shared<testing::NoWindows>()), Error);
+  EXPECT_TRUE(form->IsLoaded());
+  form->ShowModal();
+}
+
+// --- Minimised and maximised windows ------------------------------------------------------------
+
+TEST(FormPeers, ReportAMinimisedFormThatComesBackAsItWas) {
+  for (const WindowState before : {WindowState::Normal, WindowState::Maximised}) {
+    const auto windows = std::make_shared<HeadlessWindows>();
+    const auto form = std::make_shared<NotingForm>(windows);
+    windows->AddScript([before](Form& shown) {
+      shown.TakePlacement({0, 0, 3000, 2000}, {}, before);
+      shown.ComeBack();
+      EXPECT_EQ(shown.GetWindowState(), before);
+      shown.TakePlacement({0, 0, 3000, 2000}, {}, WindowState::Minimised);
+      shown.ComeBack();
+      EXPECT_EQ(shown.GetWindowState(), before);
+    });
+    form->ShowModal();
+  }
+}
+
+TEST(FormPeers, ReportAMaximisedFormThatGoesBackToItsPlaceOnceItIsHidden) {
+  const auto form = std::make_shared<NotingForm>(std::make_shared<HeadlessWindows>());
+  form->Load();
+  form->TakePlacement({150, 300, 3000, 2000}, {}, WindowState::Normal);
+  form->TakePlacement({0, 0, 15000, 9000}, {}, WindowState::Maximised);
+  form->PutWindowState(WindowState::Normal);
+  EXPECT_EQ(form->Left(), 150);
+  EXPECT_EQ(form->Top(), 300);
+  EXPECT_EQ(form->Width(), 3000);
+  EXPECT_EQ(form->Height(), 2000);
 }
 
 TEST(FormPeers, AShowingThatCannotBeginLeavesTheFormHidden) {

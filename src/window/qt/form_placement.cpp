@@ -43,7 +43,7 @@ Extent FormWindow::FrameExtent() const {
 
 void FormWindow::Place() {
   Resize();
-  if (form_.IsPlaced()) {
+  if (form_.IsPlaced() || form_.Design().sizable) {
     window_->move(ToPixels(form_.Left()), ToPixels(form_.Top()));
     return;
   }
@@ -71,6 +71,7 @@ void FormWindow::ShowPlacement() {
     window_->setWindowState(state == WindowState::Maximised   ? Qt::WindowMaximized
                             : state == WindowState::Minimised ? Qt::WindowMinimized
                                                               : Qt::WindowNoState);
+    if (state != WindowState::Minimised) window_->activateWindow();
   }
   if (state != WindowState::Normal) return;
   Resize();

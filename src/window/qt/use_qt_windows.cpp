@@ -66,8 +66,10 @@ void EnsureApplication() {
 }  // namespace
 
 void UseQtWindows() {
-  EnsureApplication();
   Platform platform = CurrentPlatform();
+  // Without fonts a preview would show empty pages.
+  if (platform.requireFonts) platform.requireFonts();
+  EnsureApplication();
   if (std::dynamic_pointer_cast<QtWindows>(platform.windows)) return;
   platform.windows = std::make_shared<QtWindows>();
   UsePlatform(std::move(platform));

@@ -120,6 +120,17 @@ TEST_F(Application, LeavesTheHostsLocaleAsItIs) {
 
 // --- Refusals
 
+TEST_F(Application, IsRefusedWithoutFontsAsADocumentIs) {
+  const auto run = [] {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    Platform platform = CurrentPlatform();
+    platform.requireFonts = [] { throw Error(ErrorNumber::FileAccess, "Er is geen lettertype"); };
+    UsePlatform(platform);
+    std::exit(Refusal("Er is geen lettertype"));
+  };
+  EXPECT_PROCESS(run());
+}
+
 TEST_F(Application, IsRefusedWithoutADisplay) {
   const auto run = [] {
     ForgetDisplays();
