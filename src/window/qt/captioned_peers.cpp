@@ -1,9 +1,12 @@
 // Controls that show a caption or nothing: frame, label, picture box and button.
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyle>
 
 #include "window/qt/control_peers.h"
+#include "window/qt/focus_mark.h"
 #include "window/qt/text.h"
 #include "window/qt/widget_peer.h"
 
@@ -26,23 +29,51 @@ class FramePeer final : public WidgetPeer {
   QGroupBox* box_;
 };
 
+// A text that does not fit into its one line is elided.
+class ElidingLabel final : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+  bool Fits() const {
+    return wordWrap() || fontMetrics().size(Flags(), text()).width() <= contentsRect().width();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (Fits()) return QLabel::paintEvent(event);
+    QPainter painter(this);
+    const QRect place = contentsRect();
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, place.width(), Flags());
+    style()->drawItemText(&painter, place, static_cast<int>(alignment()) | Flags(), palette(),
+                          isEnabled(), shown, foregroundRole());
+  }
+
+ private:
+  // The & of an access key is drawn only in the label of a widget.
+  int Flags() const { return buddy() == nullptr ? 0 : Qt::TextShowMnemonic; }
+};
+
 class LabelPeer final : public WidgetPeer {
  public:
   LabelPeer(FormWindow& window, Control& label)
-      : LabelPeer(window, label, new QLabel(window.ParentFor(label))) {
+      : LabelPeer(window, label, new ElidingLabel(window.ParentFor(label))) {
     text_->setTextFormat(Qt::PlainText);
-    text_->setWordWrap(true);
     text_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   }
 
  private:
-  LabelPeer(FormWindow& window, Control& label, QLabel* text)
+  LabelPeer(FormWindow& window, Control& label, ElidingLabel* text)
       : WidgetPeer(window, label, text), label_(label), text_(text) {}
 
-  void Show() override { text_->setText(ToQt(label_.Caption())); }
+  // A label with room for several lines takes as many as its text needs.
+  void Show() override {
+    text_->setWordWrap(text_->height() >= 2 * text_->fontMetrics().lineSpacing());
+    text_->setText(ToQt(label_.Caption()));
+    text_->setToolTip(text_->Fits() ? QString() : text_->text());
+  }
 
   Control& label_;
-  QLabel* text_;
+  ElidingLabel* text_;
 };
 
 class PictureBoxPeer final : public WidgetPeer {
@@ -57,7 +88,7 @@ class PictureBoxPeer final : public WidgetPeer {
 class ButtonPeer final : public WidgetPeer {
  public:
   ButtonPeer(FormWindow& window, Control& button)
-      : ButtonPeer(window, button, new QPushButton(window.ParentFor(button))) {
+      : ButtonPeer(window, button, new FocusMarkingButton<QPushButton>(window.ParentFor(button))) {
     widget_->setAutoDefault(false);
     widget_->setDefault(button.Design().role == ButtonRole::Default);
     connect(widget_, &QPushButton::clicked, this, [this] { Report([this] { button_.Click(); }); });

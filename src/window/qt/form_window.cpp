@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "pagivo/error.h"
 #include "window/qt/accessible_names.h"
+#include "window/qt/focus_mark.h"
 #include "window/qt/form_widget.h"
 #include "window/qt/frame_margins.h"
 #include "window/qt/keys.h"
@@ -15,10 +17,26 @@ namespace pagivo::qt {
 
 namespace {
 
+// None can be minimised: it would keep the host's window from use and be out of sight.
 Qt::WindowFlags FlagsFor(const FormDesign& design) {
-  if (design.sizable) return Qt::Window;
+  if (design.sizable) {
+    return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+           Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
+  }
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+}
+
+// What our window is shown over: the active window or, while the user is in another program, one
+// that is visible.
+QWidget* WindowBelow() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto visible = std::ranges::find_if(windows, [](const QWidget* window) {
+    return window->isVisible() && window->windowType() == Qt::Window;
+  });
+  return visible == windows.end() ? nullptr : *visible;
 }
 
 // Qt takes "[*]" in a title for the mark of unsaved changes unless it stands there twice.
@@ -26,14 +44,9 @@ QString TitleOf(const Form& form) {
   return ToQt(form.Caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
-// Whether styles mark the widget with the focus, which they do for those who use the keyboard. Qt
-// would begin with that when it moves the focus itself; here the form does.
-bool ShowsFocus(const QWidget& window) {
-  return window.testAttribute(Qt::WA_KeyboardFocusChange);
-}
-
-void ShowFocus(QWidget& window) {
-  if (ShowsFocus(window)) return;
+// Qt would begin with marking the focus when it moves the focus itself; here the form does.
+void MarkFocus(QWidget& window) {
+  if (MarksFocus(window)) return;
   window.setAttribute(Qt::WA_KeyboardFocusChange);
   if (QWidget* focused = window.focusWidget()) focused->update();
 }
@@ -100,7 +113,7 @@ void FormWindow::Appear() {
                 "De vensters van het hoofdprogramma zijn al gesloten");
   }
   failure_ = nullptr;
-  before_ = QApplication::activeWindow();
+  before_ = WindowBelow();
   // Placed before it gets its native window, without which Qt knows that the place is the frame's.
   Place();
   window_->winId();
@@ -109,6 +122,9 @@ void FormWindow::Appear() {
   handle->setTransientParent(before_ ? before_->windowHandle() : nullptr);
   NameControls(*this);
   showing_ = true;
+  const QWidget* active = QApplication::activeWindow();
+  activation_ = std::make_unique<ActivationWatch>(active == nullptr ? 0 : active->winId(),
+                                                  [this] { ComeBackOverOthers(); });
   switch (form_.GetWindowState()) {
     case WindowState::Maximised:
       window_->showMaximized();
@@ -120,10 +136,16 @@ void FormWindow::Appear() {
       window_->showNormal();
   }
   // Qt forgets this when a window is shown.
-  window_->setAttribute(Qt::WA_KeyboardFocusChange, before_ && ShowsFocus(*before_));
+  window_->setAttribute(Qt::WA_KeyboardFocusChange, before_ && MarksFocus(*before_));
   window_->raise();
   window_->activateWindow();
   ReturnFocus();
+}
+
+// The keyboard and the change of state come in any order when the user minimises the window.
+void FormWindow::ComeBackOverOthers() {
+  const WId active = activation_ ? activation_->Active() : 0;
+  if (active != 0 && active != window_->winId()) Report([this] { form_.ComeBack(); });
 }
 
 void FormWindow::CloseAsTheUserDoes() {
@@ -135,6 +157,7 @@ void FormWindow::CloseAsTheUserDoes() {
 void FormWindow::Hide() {
   showing_ = false;
   exposed_ = false;
+  activation_.reset();
   if (loop_ != nullptr) loop_->quit();
   if (Window() == nullptr) return;
   window_->hide();
@@ -193,9 +216,13 @@ bool FormWindow::FilterWindow(QEvent& event) {
       event.ignore();
       Report([this] { form_.Unload(UnloadMode::ControlMenu); });
       return true;
+    case QEvent::WindowStateChange:
+      ReportPlacement();
+      // Not within the change itself.
+      QMetaObject::invokeMethod(this, &FormWindow::ComeBackOverOthers, Qt::QueuedConnection);
+      return false;
     case QEvent::Move:
     case QEvent::Resize:
-    case QEvent::WindowStateChange:
       ReportPlacement();
       return false;
     default:
@@ -219,7 +246,7 @@ bool FormWindow::FilterKeys(const QObject* watched, QEvent& event) {
   if (watched != (focused == nullptr ? window_.data() : focused)) return false;
   const auto& key = static_cast<const QKeyEvent&>(event);
   if (event.type() == QEvent::KeyPress) {
-    ShowFocus(*window_);
+    MarkFocus(*window_);
     return PressKey(key);
   }
   // The form knows the access keys; Qt must not take them for its own.

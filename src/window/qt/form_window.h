@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "window/form.h"
+#include "window/qt/activation_watch.h"
 
 namespace pagivo::qt {
 
@@ -70,6 +71,7 @@ class FormWindow final : public QObject,
   void Fail(std::exception_ptr failure);
 
   void Appear();
+  void ComeBackOverOthers();
   void CloseAsTheUserDoes();
   void PassOnFailure();
 
@@ -85,7 +87,8 @@ class FormWindow final : public QObject,
   Form& form_;
   QPointer<QCoreApplication> application_ = QCoreApplication::instance();
   QPointer<QWidget> window_;
-  QPointer<QWidget> before_;  // the window that was active before the showing
+  QPointer<QWidget> before_;                     // the window that the showing lies over
+  std::unique_ptr<ActivationWatch> activation_;  // during the showing
   std::map<const Control*, QPointer<QWidget>> widgets_;
   QMargins frame_;
   bool showing_ = false;

@@ -1,5 +1,9 @@
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QPointer>
+#include <QThread>
 #include <QWidget>
+#include <QWindow>
 #include <array>
 #include <memory>
 
@@ -12,6 +16,23 @@
 namespace pagivo {
 
 namespace {
+
+// Milliseconds that the window system gets to put a window on the screen.
+constexpr int kLongestWait = 1000;
+
+bool IsOnItsWay(const QPointer<QWidget>& window) {
+  const QWindow* handle = window ? window->windowHandle() : nullptr;
+  return handle != nullptr && window->isVisible() && !window->isMinimized() && !handle->isExposed();
+}
+
+void HandleEventsUntilShown(const QPointer<QWidget>& window) {
+  const QDeadlineTimer deadline(kLongestWait);
+  while (IsOnItsWay(window) && !deadline.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QThread::msleep(1);
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
 class QtHostForm final : public Object {
  public:
@@ -26,10 +47,12 @@ class QtHostForm final : public Object {
   float GetWidth() { return qt::ToTwips(Window().frameGeometry().width()); }
 
  private:
-  QWidget& Window() const;
-  WindowState PresentState() const;
+  QWidget& Window();
+  void AwaitPlace();
+  WindowState PresentState();
 
   QPointer<QWidget> widget_;
+  bool isOutOfSight_ = false;  // it was awaited and did not come
 };
 
 constexpr std::array kRows = {
@@ -45,7 +68,15 @@ Variant QtHostForm::GetMember(std::string_view name) {
   return kMembers.Get(*this, name);
 }
 
-QWidget& QtHostForm::Window() const {
+// A window that has only just been shown has neither place nor frame.
+void QtHostForm::AwaitPlace() {
+  const QPointer<QWidget> window = widget_->window();
+  if (IsOnItsWay(window) && !isOutOfSight_) HandleEventsUntilShown(window);
+  isOutOfSight_ = IsOnItsWay(window);
+}
+
+QWidget& QtHostForm::Window() {
+  if (widget_) AwaitPlace();
   if (!widget_) {
     throw Error(ErrorNumber::InvalidArgument,
                 "Het venster van het hoofdprogramma bestaat niet meer");
@@ -53,7 +84,7 @@ QWidget& QtHostForm::Window() const {
   return *widget_->window();
 }
 
-WindowState QtHostForm::PresentState() const {
+WindowState QtHostForm::PresentState() {
   const QWidget& window = Window();
   if (window.isMinimized()) return WindowState::Minimised;
   return window.isMaximized() ? WindowState::Maximised : WindowState::Normal;

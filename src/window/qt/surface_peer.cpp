@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "window/qt/control_peers.h"
+#include "window/qt/focus_mark.h"
 #include "window/qt/keys.h"
 #include "window/qt/surface_colors.h"
 #include "window/qt/text.h"
@@ -195,7 +196,12 @@ bool SurfacePeer::FilterViewport(QEvent& event) {
 void SurfacePeer::Paint() {
   // The window may have come to a screen of another density.
   if (surface_.Content() && PresentArea() != taken_) Update();
-  if (isDrawn_ || Draw()) QPainter(&Viewport()).drawImage(QPoint(0, 0), bitmap_);
+  if (!isDrawn_ && !Draw()) return;
+  QPainter painter(&Viewport());
+  painter.drawImage(QPoint(0, 0), bitmap_);
+  if (!area_->hasFocus() || !MarksFocus(*Viewport().window())) return;
+  painter.setPen(Viewport().palette().color(QPalette::Highlight));
+  painter.drawRect(Viewport().rect().adjusted(0, 0, -1, -1));
 }
 
 // Tells whether there is still something to be shown.

@@ -17,6 +17,7 @@
 
 #include "window/key_codes.h"
 #include "window/qt/control_peers.h"
+#include "window/qt/focus_mark.h"
 #include "window/qt/text.h"
 #include "window/qt/units.h"
 #include "window/qt/widget_peer.h"
@@ -116,7 +117,7 @@ QWidget* ToolbarPeer::MakePart(const ToolbarButton& design) {
 }
 
 QToolButton* ToolbarPeer::MakeButton(const ToolbarButton& design) {
-  auto* button = new QToolButton(bar_);
+  auto* button = new FocusMarkingButton<QToolButton>(bar_);
   button->setObjectName(ToQt(design.key));
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);

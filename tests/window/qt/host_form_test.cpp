@@ -1,4 +1,5 @@
 #include <QPushButton>
+#include <QWindow>
 #include <memory>
 
 #include "pagivo/error.h"
@@ -30,6 +31,13 @@ TEST_F(HostForm, AnswersItsFrameInTwips) {
   EXPECT_EQ(Member("Height"), frame.height() * 15);
   EXPECT_GE(Member("Width"), 6000);
   EXPECT_EQ(Member("WindowState"), 0);
+}
+
+TEST_F(HostForm, ThatHasOnlyJustBeenShownAnswersOnceItIsOnTheScreen) {
+  window->show();
+  Member("Top");
+  EXPECT_TRUE(window->windowHandle()->isExposed());
+  EXPECT_EQ(Member("Height"), window->frameGeometry().height() * 15);
 }
 
 TEST_F(HostForm, AnswersInAnyCase) {

@@ -4,7 +4,11 @@
 
 #include <QImage>
 #include <QLineEdit>
+#include <QPalette>
 #include <cstdint>
+#include <cstdlib>
+#include <string_view>
+#include <tuple>
 
 #include "window/key_codes.h"
 #include "window/qt/qt_test.h"
@@ -118,6 +122,16 @@ constexpr ControlDesign kControls[] = {
      .kind = ControlKind::ScrollBar,
      .placement = {1500, 0, 180, 288},
      .tabIndex = 3},
+    {.name = "ok",
+     .kind = ControlKind::Button,
+     .caption = "OK",
+     .placement = {1650, 600, 1200, 330},
+     .tabIndex = 4,
+     .role = ButtonRole::Default},
+    {.name = "page",
+     .kind = ControlKind::Surface,
+     .placement = {1650, 1000, 1200, 450},
+     .tabIndex = 5},
 };
 constexpr FormDesign kPreviewing{.caption = "Toetsen",
                                  .client = {.width = 3000, .height = 1500},
@@ -179,22 +193,50 @@ QImage PictureOf(QWidget& widget) {
   return widget.grab().toImage();
 }
 
-class MarkedFocus : public Keys, public ::testing::WithParamInterface<const char*> {};
+// Pixels that anybody can tell apart.
+int ClearlyDifferent(const QImage& one, const QImage& other) {
+  constexpr int kClear = 50;  // of 255
+  int count = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      const int change = one.pixelColor(x, y).lightness() - other.pixelColor(x, y).lightness();
+      if (std::abs(change) >= kClear) ++count;
+    }
+  }
+  return count;
+}
+
+QPalette DarkTheme() {
+  QPalette dark(QColor(53, 53, 53));
+  dark.setColor(QPalette::Base, QColor(25, 25, 25));
+  dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  return dark;
+}
+
+class MarkedFocus : public Keys,
+                    public ::testing::WithParamInterface<std::tuple<const char*, bool>> {
+ protected:
+  static std::string_view Marked() { return std::get<0>(GetParam()); }
+  static QPalette Theme() { return std::get<1>(GetParam()) ? DarkTheme() : QPalette(); }
+};
 
 TEST_P(MarkedFocus, IsSeenFromTheFirstKeyOn) {
+  constexpr int kLeast = 12;  // pixels
   Show(*form, [&](QWidget& window) {
-    QWidget& widget = Find(window, GetParam());
-    form->Get(GetParam()).Focus();
+    window.setPalette(Theme());
+    QWidget& widget = Find(window, Marked());
+    form->Get(Marked()).Focus();
     const QImage unmarked = PictureOf(widget);
     Press(window, Qt::Key_Shift);
-    const QImage marked = PictureOf(widget);
-    EXPECT_NE(marked, unmarked);
+    EXPECT_GE(ClearlyDifferent(PictureOf(widget), unmarked), kLeast);
     form->Get("box").Focus();
     EXPECT_EQ(PictureOf(widget), unmarked);
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, MarkedFocus, ::testing::Values("go", "spin"));
+INSTANTIATE_TEST_SUITE_P(Of, MarkedFocus,
+                         ::testing::Combine(::testing::Values("go", "spin", "ok", "page"),
+                                            ::testing::Bool()));
 
 TEST_F(Keys, MarkTheFocusInWindowsThatTheyOpen) {
   const auto other = MakeForm(kPreviewing);

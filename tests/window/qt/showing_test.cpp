@@ -34,6 +34,20 @@ class Showing : public QtWindowsTest {
   std::shared_ptr<TestForm> form = MakeForm(kDialog);
 };
 
+TEST_F(Showing, OffersNoWayToMinimiseTheWindowButToCloseIt) {
+  for (const bool sizable : {false, true}) {
+    const auto other = MakeForm({.caption = "Venster",
+                                 .client = {.width = 3000, .height = 1500},
+                                 .sizable = sizable,
+                                 .controls = kControls});
+    Show(*other, [&](QWidget& window) {
+      EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+      EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+      EXPECT_EQ(window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint), sizable);
+    });
+  }
+}
+
 TEST_F(Showing, EndsWhenTheFormHides) {
   form->Get("go").WhenClicked([&] { form->Hide(); });
   Show(*form, [&](QWidget& window) {

@@ -1,5 +1,7 @@
-// A text that is wider than its box.
+// A text that is wider than its box, or than its label.
 #include <QFontMetrics>
+#include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <functional>
 #include <string>
@@ -46,10 +48,63 @@ TEST_F(TextFitting, NarrowsATextThatIsWiderThanItsBox) {
   });
 }
 
-TEST_F(TextFitting, TellsInTheToolTipWhatCannotBeMadeToFit) {
-  ShowText("30001 + 30002/32766", [](QLineEdit& edit) {
-    EXPECT_GT(WidthOf(edit), edit.width());
-    EXPECT_EQ(edit.toolTip(), edit.text());
+TEST_F(TextFitting, ShowsEveryPageOfEveryDocumentWholeAndTellsItInTheToolTipToo) {
+  for (const char* pages : {"999 + 1000/5000", "30001 + 30002/32766", "32765 + 32766/32766"}) {
+    ShowText(pages, [](QLineEdit& edit) {
+      EXPECT_LE(WidthOf(edit), edit.width() - 6);
+      EXPECT_EQ(edit.toolTip(), edit.text());
+    });
+  }
+}
+
+// The columns of a widget in which anything but its ground is drawn.
+int LastDrawnColumn(QWidget& widget) {
+  const QImage image = widget.grab().toImage();
+  for (int x = image.width() - 1; x >= 0; --x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (image.pixelColor(x, y).lightness() < 100) return x;
+    }
+  }
+  return -1;
+}
+
+constexpr const char* kAddress =
+    "ipp://printserver.voorbeeld.nl:631/printers/"
+    "kleurenprinter-tweede-verdieping-bij-de-kopieerhoek";
+
+class LabelFitting : public testing::QtWindowsTest {
+ protected:
+  // A label with so much room, in twips.
+  void ShowLabel(const char* text, float height, const std::function<void(QLabel& label)>& look) {
+    const ControlDesign controls[] = {
+        {.name = "label", .kind = ControlKind::Label, .placement = {0, 0, 2400, height}}};
+    const auto form = MakeForm(
+        {.caption = "Vak", .client = {.width = 3000, .height = 1200}, .controls = controls});
+    Show(*form, [&](QWidget& window) {
+      form->Get("label").PutCaption(text);
+      look(Find<QLabel>(window, "label"));
+    });
+  }
+};
+
+TEST_F(LabelFitting, ElidesWhatIsTooLongForOneLineAndHasItInTheToolTip) {
+  ShowLabel(kAddress, 252, [](QLabel& label) {
+    EXPECT_FALSE(label.wordWrap());
+    EXPECT_EQ(label.text(), kAddress);
+    EXPECT_EQ(label.toolTip(), kAddress);
+    // The last thing that stands there is whole: there is room behind it.
+    EXPECT_GT(LastDrawnColumn(label), label.width() / 2);
+  });
+}
+
+TEST_F(LabelFitting, LeavesATextThatFitsWithoutAToolTip) {
+  ShowLabel("USB001", 252, [](QLabel& label) { EXPECT_TRUE(label.toolTip().isEmpty()); });
+}
+
+TEST_F(LabelFitting, WrapsWhereThereIsRoomForSeveralLines) {
+  ShowLabel("Een zin die langer is dan een regel van dit label", 600, [](QLabel& label) {
+    EXPECT_TRUE(label.wordWrap());
+    EXPECT_TRUE(label.toolTip().isEmpty());
   });
 }
 

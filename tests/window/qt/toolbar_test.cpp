@@ -4,7 +4,9 @@
 #include <QIcon>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPalette>
 #include <QToolButton>
+#include <cstdlib>
 
 #include "preview/toolbar_design.h"
 #include "window/key_codes.h"
@@ -166,6 +168,25 @@ TEST_F(ToolbarShown, TakesTheKeyboardWithF10OrF6AndLeavesItWithThoseOrTab) {
         Press(window, leave);
         EXPECT_EQ(window.focusWidget(), &Find(window, "below"));
       }
+    }
+  });
+}
+
+TEST_F(ToolbarShown, MarksTheButtonWithTheKeyboardInADarkThemeToo) {
+  Show(*form, [&](QWidget& window) {
+    for (const QColor ground : {QColor(239, 239, 239), QColor(53, 53, 53)}) {
+      window.setPalette(QPalette(ground));
+      QWidget& button = ButtonOf(window, "Sluiten");
+      const QImage without = button.grab().toImage();
+      Press(window, Qt::Key_F10);
+      const QImage with = button.grab().toImage();
+      Press(window, Qt::Key_F10);
+      int clear = 0;
+      for (int x = 0; x < with.width(); ++x) {
+        const int change = with.pixelColor(x, 3).lightness() - without.pixelColor(x, 3).lightness();
+        if (std::abs(change) >= 100) ++clear;
+      }
+      EXPECT_GE(clear, 6);
     }
   });
 }
