@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <cstdint>
 #include <exception>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int kWidth = 860;
 constexpr int kHeight = 640;
+constexpr int kFrame = 40;    // at most, in each direction
 constexpr int kSpacing = 12;  // between the parts, from top to bottom
 
 // The same report for the window it is shown over.
@@ -53,7 +55,7 @@ MainWindow::MainWindow(const Project& project, const Results& results, const Rep
       options_(WithHost(options, *this)),
       status_(new QLabel("Berekening gereed")) {
   setWindowTitle("Plumeo");
-  resize(kWidth, kHeight);
+  resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(kFrame, kFrame)));
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(status_, 1);
   QPushButton* preview = MakeButton("&Voorbeeld", "Het rapport bekijken", &MainWindow::Preview);

@@ -27,6 +27,7 @@ class Journey(unittest.TestCase):
     print_server = "127.0.0.1:9"  # nobody answers there
     width, height, dots_per_inch, scale = 1280, 1024, 96, 1
     suffix = ""
+    arguments = ()  # of the host
 
     def setUp(self):
         scratch = tempfile.TemporaryDirectory()
@@ -35,6 +36,9 @@ class Journey(unittest.TestCase):
         self.desktop = Desktop(self.screenshots, self.width, self.height, self.dots_per_inch)
         self.addCleanup(self.desktop.close)
         self.host = self.start_host()
+        self.wait_for_host()
+
+    def wait_for_host(self):
         self.desktop.wait_for_window(self.title)
 
     def host_program(self):
@@ -49,7 +53,7 @@ class Journey(unittest.TestCase):
             "HOME": str(self.folder), "XDG_CONFIG_HOME": str(self.folder),
             "XDG_RUNTIME_DIR": str(self.folder), "DBUS_SESSION_BUS_ADDRESS": "disabled:",
             "CUPS_SERVER": self.print_server}
-        return self.desktop.start(self.host_program(), cwd=self.folder)
+        return self.desktop.start(self.host_program(), *self.arguments, cwd=self.folder)
 
     def screenshot(self, name):
         self.desktop.screenshot(name + self.suffix)
@@ -64,10 +68,11 @@ class Journey(unittest.TestCase):
         self.desktop.point(width - 3, height - 3)
 
     def pages(self):
-        """How the pages look below the toolbar."""
+        """How the pages look below the toolbar, within the line that marks the focus."""
         left, top, width, height = self.desktop.window_place()
-        below = TOOLBAR_HEIGHT * self.scale
-        return self.desktop.picture(left, top + below, width, height - below)
+        above, edge = TOOLBAR_HEIGHT * self.scale, 3 * self.scale
+        return self.desktop.picture(left + edge, top + above + edge,
+                                    width - 2 * edge, height - above - 2 * edge)
 
     def see_other_pages_than(self, *others):
         """Waits until the pages look like none of the others, and gives how they look then."""

@@ -1,5 +1,6 @@
 // A host that keeps its PgPrint for as long as it runs, so that what its users set up is in force
-// for the next letter. Each letter has five pages with their numbers on them.
+// for the next letter. Each letter has five pages with their numbers on them. With any argument it
+// shows a letter at once.
 #include <QApplication>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -25,7 +26,8 @@ void ComposeLetter(pagivo::PgPrint& print, QWidget& window) {
   print.VsPPFinish("Brief");
 }
 
-void ShowPreview(pagivo::PgPrint& print) {
+void ShowLetter(pagivo::PgPrint& print, QWidget& window) {
+  ComposeLetter(print, window);
   print.VsPreviewFile(1);
 }
 
@@ -46,12 +48,10 @@ int main(int argc, char** argv) {
   window.setWindowTitle("Kantoor");
   window.resize(kWidth, kHeight);
   window.setLayout(new QVBoxLayout);
-  AddButton(window, "&Voorbeeld", [&] {
-    ComposeLetter(print, window);
-    ShowPreview(print);
-  });
+  AddButton(window, "&Voorbeeld", [&] { ShowLetter(print, window); });
   AddButton(window, "&Printer...", [&] { print.VsPPPrinterSetup(); });
   window.show();
+  if (argc > 1) ShowLetter(print, window);
   const int status = QApplication::exec();
   print.VsPPEinde();
   return status;

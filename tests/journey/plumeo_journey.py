@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What a user does with the example host, with real keys and clicks, and what is then seen.
 
-Usage: plumeo_journey.py PLUMEO SCREENSHOTS [TEST...]
+Usage: plumeo_journey.py PLUMEO OFFICE SCREENSHOTS [TEST...]
 """
 
 import journey
@@ -134,6 +134,85 @@ class OnAnOrdinaryScreen(Journey):
         self.close_host()
 
 
+    def test_a_digit_asks_for_the_page_that_it_begins(self):
+        first = self.open_preview()
+        self.desktop.key("Next")
+        second = self.see_other_pages_than(first)
+        self.desktop.key("Home")
+        self.see(first)
+        self.desktop.type("2")
+        self.desktop.wait_for_window("Ga naar")
+        self.screenshot("ga_naar_2")
+        self.desktop.key("Return")
+        self.desktop.wait_for_window(self.preview)
+        self.see(second)
+        self.close_preview()
+        self.close_host()
+
+    def test_a_minimised_window_comes_back_with_the_hosts_window(self):
+        host = self.desktop.active_window()
+        self.open_preview()
+        self.lose_and_find_again(host, self.preview)
+        self.open_dialog(PAGE_BOX, "Ga naar")
+        self.lose_and_find_again(host, "Ga naar")
+        self.desktop.key("Escape")
+        self.desktop.wait_for_window(self.preview)
+        self.close_preview()
+        self.close_host()
+
+    def lose_and_find_again(self, host, title):
+        """This window manager minimises windows that offer no button for it."""
+        self.desktop.run("xdotool", "windowminimize", self.desktop.active_window())
+        wait_until(lambda: self.desktop.active_title() != title, "no window of that title")
+        self.desktop.run("xdotool", "windowactivate", host)
+        self.desktop.wait_for_window(title)
+
+
+class OnASmallScreen(Journey):
+    width, height = 1024, 600
+    suffix = "_1024x600"
+
+    def test_every_window_lies_whole_on_the_screen(self):
+        self.screenshot("plumeo")
+        self.see_whole_window()
+        self.open_preview()
+        self.screenshot("voorbeeld")
+        self.see_whole_window()
+        for button, title in ((PAGE_BOX, "Ga naar"), (AFDRUKKEN, "Afdrukken")):
+            self.open_dialog(button, title)
+            self.see_whole_window()
+            self.desktop.key("Escape")
+            self.desktop.wait_for_window(self.preview)
+        self.close_preview()
+        self.close_host()
+
+    def see_whole_window(self):
+        left, top, width, height = self.desktop.outer_place()
+        self.assertGreaterEqual(min(left, top), 0)
+        self.assertLessEqual(left + width, self.width)
+        self.assertLessEqual(top + height, self.height)
+
+
+class RightAfterTheHostsWindow(Journey):
+    """A host that shows its preview before its window is on the screen."""
+
+    title, preview = "Kantoor", "Afdrukvoorbeeld Brief"
+    arguments = ("meteen",)
+
+    def host_program(self):
+        return self.office
+
+    def wait_for_host(self):
+        self.desktop.wait_for_window(self.preview)
+
+    def test_the_preview_covers_that_window(self):
+        self.screenshot("voorbeeld_meteen")
+        place = self.desktop.outer_place()
+        self.close_preview()
+        self.assertEqual(self.desktop.outer_place(), place)
+        self.close_host()
+
+
 class OnADenseScreen(Journey):
     width, height, dots_per_inch, scale = 2560, 2048, 192, 2
     suffix = "_192dpi"
@@ -164,4 +243,4 @@ class OnADenseScreen(Journey):
 
 
 if __name__ == "__main__":
-    journey.main("plumeo", "screenshots")
+    journey.main("plumeo", "office", "screenshots")
