@@ -172,12 +172,14 @@ void VectorPainter::Fill(const Outline& outline) {
 }
 
 void VectorPainter::Hatch(const Outline& outline) {
+  const Rectangle visible = WithinClip(BoundsOf(outline));
+  if (visible.x1 >= visible.x2 || visible.y1 >= visible.y2) return;
   cairo_t* cairo = canvas_.Vectors();
   cairo_save(cairo);
   SetPath(cairo, outline);
   cairo_set_fill_rule(cairo, CAIRO_FILL_RULE_EVEN_ODD);
   cairo_clip(cairo);
-  for (const HatchLine& line : HatchLines(brush_.style, WithinClip(BoundsOf(outline)))) {
+  for (const HatchLine& line : HatchLines(brush_.style, visible)) {
     cairo_move_to(cairo, scale_.PixelAt(line.from.x), scale_.PixelAt(line.from.y));
     cairo_line_to(cairo, scale_.PixelAt(line.to.x), scale_.PixelAt(line.to.y));
   }
