@@ -36,7 +36,7 @@ def marked():
     headers = [*ROOT.glob("include/**/*.h"), *ROOT.glob("src/**/*.h")]
     text = "\n".join(header.read_text() for header in headers)
     return set(re.findall(r"class PAGIVO_EXPORT (\w+)", text)) | set(
-        re.findall(r"PAGIVO_EXPORT [^;{(]*?\b(\w+)\(", text))
+        re.findall(r"PAGIVO_EXPORT [^;{(]*?\b(operator|\w+)(?:<=>)?[(;]", text))
 
 
 class SharedLibraries(unittest.TestCase):
