@@ -41,8 +41,8 @@ void PgPrint::VsPPNewPage() {
 }
 
 void PgPrint::VsPPFinish(TextArgument sTitle) {
-  // A copy of its own, whatever becomes of the host's text meanwhile.
-  const std::string title = sTitle;
+  // A copy of its own, for the host may change its text meanwhile.
+  const std::string title = sTitle;  // NOLINT(performance-unnecessary-copy-initialization)
   IgnoringErrors([&] { Engine().PutDocName(title); });
   IgnoringErrors([&] { PreviewForm().PutCaption("Afdrukvoorbeeld " + std::string(Trim(title))); });
   IgnoringErrors([this] { VsPPClose(); });
