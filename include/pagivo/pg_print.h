@@ -4,6 +4,9 @@
 // print request and the preview window that carries the print engine exist once per process and are
 // shared by every PgPrint. All calls come from one thread, the host's user-interface thread.
 //
+// A host with a screen calls UseQtWindows (pagivo/qt_windows.h) once; until it has, every window
+// closes at once as if its user had closed it.
+//
 // Units: positions and lengths are in the host's units, chosen with VsPPSetScaleMode (twips at
 // first, 1/1440 inch); y runs down. Getters whose names end in S answer in those units, the others
 // in twips. Colours are 0x00BBGGRR.

@@ -15,7 +15,7 @@ inline bool MarksFocus(const QWidget& window) {
 // and its window marks that.
 void DrawFocusMark(QWidget& widget);
 
-// A button with such a mark: styles give the default button the same look with and without the
+// A button with such a mark. Styles give the default button the same look with and without the
 // focus, and a button of a toolbar on a dark ground none at all.
 template <typename Button>
 class FocusMarkingButton final : public Button {

@@ -6,6 +6,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "window/qt/focus_mark.h"
+
 namespace pagivo::qt {
 
 SpinArrows::SpinArrows(QWidget* parent) : QAbstractSlider(parent) {
@@ -22,13 +24,8 @@ void SpinArrows::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   Draw(painter, Arrow::Up);
   Draw(painter, Arrow::Down);
-  if (hasFocus()) DrawFocus(painter);
-}
-
-void SpinArrows::DrawFocus(QPainter& painter) const {
-  QStyleOptionFocusRect option;
-  option.initFrom(this);
-  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  painter.end();
+  DrawFocusMark(*this);
 }
 
 void SpinArrows::Draw(QPainter& painter, Arrow arrow) const {

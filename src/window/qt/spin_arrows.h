@@ -23,7 +23,6 @@ class SpinArrows final : public QAbstractSlider {
 
   QRect RectOf(Arrow arrow) const;
   void Draw(QPainter& painter, Arrow arrow) const;
-  void DrawFocus(QPainter& painter) const;
 
   Arrow pressed_ = Arrow::None;
   int turned_ = 0;  // eighths of a degree that the wheel has turned since the last step

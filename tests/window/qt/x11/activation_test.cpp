@@ -42,8 +42,9 @@ TEST(MinimisedForm, ComesBackWhenTheHostsWindowIsActivated) {
     QWidget* window = QApplication::activeModalWidget();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
     const Placement place{form->Left(), form->Top(), form->Width(), form->Height()};
-    form->TakePlacement(place, {}, WindowState::Minimised);
     Activate(*window);
+    form->TakePlacement(place, {}, WindowState::Minimised);
+    QTest::qWait(50);
     EXPECT_EQ(form->GetWindowState(), WindowState::Minimised);
     Activate(host);
     EXPECT_EQ(form->GetWindowState(), WindowState::Normal);
