@@ -50,7 +50,7 @@ LIBRARIES = {
     r"cairo": [f"{NATIVE}/raster", f"{NATIVE}/pictures"],
     r"(gdk-pixbuf|librsvg|glib|gio)": [f"{NATIVE}/pictures"],
     r"libdeflate": [f"{NATIVE}/pdf"],
-    r"cups/": [f"{NATIVE}/spool/cups"],
+    r"(cups|gnutls)/": [f"{NATIVE}/spool/cups"],
     r"(Q[A-Z]|xcb/)": ["window/qt"],
 }
 

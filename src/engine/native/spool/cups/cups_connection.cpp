@@ -1,112 +1,152 @@
 #include "engine/native/spool/cups/cups_connection.h"
 
-#include <sys/socket.h>
-
 #include <utility>
+#include <vector>
 
 namespace pagivo::native {
 namespace {
 
-// How long libcups waits for a piece of an answer before it asks whether to wait on: short where a
-// user may lose patience. But within the body of an answer to a question it does not ask, and gives
-// the answer up.
-constexpr std::chrono::milliseconds kSliceOfJob{50};
-constexpr std::chrono::milliseconds kSliceOfQuestion = CupsConnection::kPatience / 2;
+constexpr int kHttpOk = 200;
+constexpr int kHttpUnauthorized = 401;
+constexpr int kHttpNotFound = 404;
+constexpr int kHttpUpgradeRequired = 426;
+constexpr int kHttpFirstServerError = 500;
 
-double SecondsOf(std::chrono::duration<double> time) {
-  return time.count();
+constexpr int kSecurePort = 443;
+
+ServerStream::Encryption EncryptionAskedFor() {
+  const http_encryption_t encryption = cupsEncryption();
+  const bool isWanted = encryption == HTTP_ENCRYPTION_ALWAYS ||
+                        encryption == HTTP_ENCRYPTION_REQUIRED || ippPort() == kSecurePort;
+  return isWanted ? ServerStream::Encryption::Tls : ServerStream::Encryption::None;
 }
 
-// libcups would ask on the terminal.
-const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*method*/,
-                       const char* /*resource*/, void* /*data*/) {
-  return nullptr;
+// As the server wants to be called: a socket in the file system has no name.
+std::string HostField() {
+  const std::string host = cupsServer();
+  if (host.starts_with('/')) return "localhost";
+  const bool isNumber = host.find(':') != std::string::npos;
+  return (isNumber ? "[" + host + "]" : host) + ":" + std::to_string(ippPort());
 }
 
-// What libcups reads an answer from; it takes fewer bytes than it wanted for a failure.
-ssize_t ReadFrom(void* http, ipp_uchar_t* buffer, size_t length) {
-  size_t count = 0;
-  while (count < length) {
-    const ssize_t read = httpRead2(static_cast<http_t*>(http),
-                                   reinterpret_cast<char*>(buffer) + count, length - count);
-    if (read <= 0) break;
-    count += static_cast<size_t>(read);
+// A server must not write fields of its own into what it is asked.
+std::string SafeResource(const std::string& resource) {
+  for (const char byte : resource) {
+    if (static_cast<unsigned char>(byte) <= ' ' || byte == '\x7F') return "/";
   }
-  return static_cast<ssize_t>(count);
+  return resource.empty() ? "/" : resource;
+}
+
+std::string Hexadecimal(std::size_t number) {
+  std::string digits;
+  do {
+    digits.insert(digits.begin(), "0123456789abcdef"[number % 16]);
+    number /= 16;
+  } while (number > 0);
+  return digits;
+}
+
+// A server that fails is one that is not there.
+CupsAnswer AnswerOf(const std::optional<HttpAnswer>& answer) {
+  if (!answer || answer->status >= kHttpFirstServerError) return {};
+  if (answer->status == kHttpNotFound) {
+    return {.isThere = true, .status = IPP_STATUS_ERROR_NOT_FOUND, .message = {}};
+  }
+  if (answer->status != kHttpOk) {
+    return {.isThere = true, .status = IPP_STATUS_ERROR_FORBIDDEN, .message = {}};
+  }
+  IppMessage message = ParseAnswer(answer->body);
+  if (!message) return {};
+  return {.isThere = true, .status = StatusOf(answer->body), .message = std::move(message)};
 }
 
 }  // namespace
 
-CupsConnection::CupsConnection(std::chrono::milliseconds patience) : patience_(patience) {
-  cupsSetPasswordCB2(NoPassword, nullptr);
-  StartWaiting();
-  http_.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                           static_cast<int>(patience.count()), nullptr));
-  if (http_) {
-    httpSetTimeout(http_.get(), SecondsOf(patience / 2), WaitOn, this);
-  } else {
-    wasSilent_ = Clock::now() >= deadline_;
-  }
+CupsConnection::CupsConnection(std::chrono::milliseconds patience)
+    : patience_(patience),
+      encryption_(EncryptionAskedFor()),
+      reader_([this](std::span<std::uint8_t> buffer) { return stream_->Read(buffer); }) {
+  waiting_.Begin(patience_);
+  Connect();
+}
+
+// What is left of an answer on the connection before is nobody's.
+void CupsConnection::Connect() {
+  reader_.Forget();
+  stream_ = std::make_unique<ServerStream>(cupsServer(), ippPort(), encryption_, waiting_);
+  if (!stream_->IsOpen()) stream_.reset();
 }
 
 void CupsConnection::SetPatience(std::chrono::milliseconds patience, KeepWaiting keepWaiting) {
   patience_ = patience;
   keepWaiting_ = std::move(keepWaiting);
-  httpSetTimeout(http_.get(), SecondsOf(kSliceOfJob), WaitOn, this);
 }
 
-int CupsConnection::WaitOn(http_t* /*http*/, void* self) {
-  return static_cast<CupsConnection*>(self)->MayWait() ? 1 : 0;
+CupsAnswer CupsConnection::Ask(const IppMessage& request, const std::string& resource) {
+  const std::vector<std::uint8_t> bytes = BytesOf(request.get());
+  auto answer = Post(bytes, resource);
+  while (answer && ComplyWith(answer->status)) answer = Post(bytes, resource);
+  return AnswerOf(answer);
 }
 
-bool CupsConnection::MayWait() {
-  if (keepWaiting_ && !keepWaiting_()) wasCancelled_ = true;
-  if (Clock::now() >= deadline_) wasSilent_ = true;
-  return !wasCancelled_ && !wasSilent_;
+// Once for each of the two: encryption, and who asks where the server can see that for itself.
+bool CupsConnection::ComplyWith(int status) {
+  if (status == kHttpUpgradeRequired && encryption_ == ServerStream::Encryption::None) {
+    encryption_ = ServerStream::Encryption::Tls;
+  } else if (status == kHttpUnauthorized && stream_ && stream_->IsLocalSocket() && !namesUser_) {
+    namesUser_ = true;
+  } else {
+    return false;
+  }
+  stream_.reset();
+  return true;
 }
 
-// libcups makes an IPP status of whatever happens, and these two of a connection that broke.
-bool CupsConnection::HasAnswered() noexcept {
-  const ipp_status_t status = cupsLastError();
-  return status != IPP_STATUS_ERROR_INTERNAL && status != IPP_STATUS_ERROR_SERVICE_UNAVAILABLE;
+std::optional<HttpAnswer> CupsConnection::Post(std::span<const std::uint8_t> request,
+                                               const std::string& resource) {
+  if (!stream_) Connect();
+  const std::string length = "Content-Length: " + std::to_string(request.size());
+  const bool isSent = stream_ && WriteHead(resource, length) && stream_->Write(request);
+  auto answer = isSent ? reader_.Next() : std::nullopt;
+  if (!answer || answer->closes) stream_.reset();
+  return answer;
 }
 
-CupsAnswer CupsConnection::Ask(IppMessage request, const std::string& resource) {
-  if (!http_) return {};
-  IppMessage message(cupsDoRequest(http_.get(), request.release(), resource.c_str()));
-  const bool isThere = message || HasAnswered();
-  // The pause within an answer that libcups does not ask about.
-  if (!isThere && Clock::now() > deadline_ - patience_ + kSliceOfQuestion) wasSilent_ = true;
-  return {.isThere = isThere, .status = cupsLastError(), .message = std::move(message)};
+bool CupsConnection::WriteText(std::string_view text) {
+  return stream_->Write({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+bool CupsConnection::WriteHead(const std::string& resource, const std::string& length) {
+  std::string head = "POST " + SafeResource(resource) + " HTTP/1.1\r\nHost: " + HostField() +
+                     "\r\nUser-Agent: Pagivo IPP/2.0\r\nContent-Type: application/ipp\r\n" +
+                     length + "\r\n";
+  if (namesUser_) head += "Authorization: PeerCred " + std::string(cupsUser()) + "\r\n";
+  return WriteText(head + "\r\n");
+}
+
+bool CupsConnection::WriteChunk(std::span<const std::uint8_t> bytes) {
+  return WriteText(Hexadecimal(bytes.size()) + "\r\n") && stream_->Write(bytes) &&
+         WriteText("\r\n");
 }
 
 bool CupsConnection::Begin(const IppMessage& request, const std::string& resource) {
-  StartWaiting();
-  return cupsSendRequest(http_.get(), request.get(), resource.c_str(), CUPS_LENGTH_VARIABLE) ==
-         HTTP_STATUS_CONTINUE;
+  waiting_.Begin(patience_, keepWaiting_);
+  if (!stream_) Connect();
+  return stream_ && WriteHead(resource, "Transfer-Encoding: chunked") &&
+         WriteChunk(BytesOf(request.get()));
 }
 
+// A server that answers before it has everything takes no more.
 bool CupsConnection::Send(std::span<const std::uint8_t> bytes) {
-  StartWaiting();
-  return cupsWriteRequestData(http_.get(), reinterpret_cast<const char*>(bytes.data()),
-                              bytes.size()) == HTTP_STATUS_CONTINUE;
+  if (bytes.empty()) return true;
+  waiting_.Begin(patience_, keepWaiting_);
+  return stream_ && !stream_->HasInput() && WriteChunk(bytes);
 }
 
-// Not by libcups's own function, which gives up an answer that pauses for longer than a slice.
 CupsAnswer CupsConnection::Finish() {
-  StartWaiting();
-  httpWrite2(http_.get(), "", 0);
-  http_status_t status = HTTP_STATUS_CONTINUE;
-  while (status == HTTP_STATUS_CONTINUE) status = httpUpdate(http_.get());
-  if (status != HTTP_STATUS_OK) return {};
-  IppMessage message(ippNew());
-  ipp_state_t state = IPP_STATE_IDLE;
-  while (state != IPP_STATE_DATA && state != IPP_STATE_ERROR) {
-    state = ippReadIO(http_.get(), ReadFrom, 1, nullptr, message.get());
-  }
-  if (state == IPP_STATE_ERROR) return {};
-  return {
-      .isThere = true, .status = ippGetStatusCode(message.get()), .message = std::move(message)};
+  waiting_.Begin(patience_, keepWaiting_);
+  if (!stream_ || !WriteText("0\r\n\r\n")) return {};
+  return AnswerOf(reader_.Next());
 }
 
 }  // namespace pagivo::native

@@ -6,76 +6,80 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
+#include "engine/native/spool/cups/http_answer.h"
 #include "engine/native/spool/cups/ipp_message.h"
+#include "engine/native/spool/cups/server_stream.h"
+#include "engine/native/spool/cups/waiting.h"
 #include "engine/native/spool/print_server.h"
 
 namespace pagivo::native {
 
-using Clock = std::chrono::steady_clock;
-
 // What a server says to a request.
 struct CupsAnswer {
-  // False when there was none, because the connection broke or the server was silent.
+  // False when there was none that can be used: the connection broke, the server was silent, or
+  // what it said is too long or no answer at all.
   bool isThere = false;
-  ipp_status_t status = IPP_STATUS_ERROR_INTERNAL;
-  IppMessage message;  // null when the server refused without one
+  int status = IPP_STATUS_ERROR_INTERNAL;  // the message's, whatever number it is
+  IppMessage message;                      // null when the server refused without one
 
-  bool IsSuccess() const noexcept { return message && status <= IPP_STATUS_OK_CONFLICTING; }
+  bool IsSuccess() const noexcept { return message && status >= 0 && status <= kLastSuccess; }
+
+  static constexpr int kLastSuccess = 0xFF;
 };
 
-// The server is the one that the environment or the user's or system's client.conf names; where
-// libcups would ask the user for a password, the server counts as refusing. No function raises: a
-// failure shows in what it answers, and a connection that failed is of no further use.
+// The server is the one that the environment or the user's or system's client.conf names; where it
+// wants a password, it counts as refusing. No function raises: a failure shows in what it answers,
+// and a connection that failed is of no further use.
 class CupsConnection {
  public:
-  // How long a server may take to be reached and to answer a question, in all; a little less than
-  // the two seconds that are promised, as libcups looks at the clock only now and then. One that
-  // falls silent within an answer is waited for at most half as long.
-  static constexpr std::chrono::milliseconds kPatience{1700};
+  // How long a server may take to be reached and to answer what is asked, in all; a little less
+  // than the two seconds that are promised.
+  static constexpr std::chrono::milliseconds kPatience{1800};
 
-  // Tries to reach the server. `patience` is for each question.
+  // Tries to reach the server. `patience` is for all that is asked with Ask.
   explicit CupsConnection(std::chrono::milliseconds patience = kPatience);
   CupsConnection(const CupsConnection&) = delete;
   CupsConnection& operator=(const CupsConnection&) = delete;
 
-  bool IsOpen() const noexcept { return http_ != nullptr; }
-  // For what libcups asks by itself; HasAnswered tells whether it was answered. Borrowed.
-  http_t* Get() const noexcept { return http_.get(); }
-  static bool HasAnswered() noexcept;
+  bool IsOpen() const noexcept { return stream_ != nullptr; }
   // The server was waited for in vain, which took all the time there was.
-  bool WasSilent() const noexcept { return wasSilent_; }
+  bool WasSilent() const noexcept { return waiting_.WasSilent(); }
   // `keepWaiting` ended the waiting.
-  bool WasCancelled() const noexcept { return wasCancelled_; }
+  bool WasCancelled() const noexcept { return waiting_.WasCancelled(); }
 
-  // From now on the server may take this long for each request and each piece of data that is sent
-  // with Begin, Send and Finish.
+  CupsAnswer Ask(const IppMessage& request, const std::string& resource);
+
+  // From now on the server may take this long for each piece of data that is sent with Begin and
+  // Send, and for the whole answer in Finish.
   void SetPatience(std::chrono::milliseconds patience, KeepWaiting keepWaiting);
-
-  CupsAnswer Ask(IppMessage request, const std::string& resource);
-
-  // The same for a request that data follows. False when the server takes no more.
+  // A request that data follows. False when the server takes no more.
   bool Begin(const IppMessage& request, const std::string& resource);
   bool Send(std::span<const std::uint8_t> bytes);
   CupsAnswer Finish();
 
  private:
-  struct Closer {
-    void operator()(http_t* http) const noexcept { httpClose(http); }
-  };
+  void Connect();
+  bool WriteHead(const std::string& resource, const std::string& length);
+  bool WriteChunk(std::span<const std::uint8_t> bytes);
+  bool WriteText(std::string_view text);
+  std::optional<HttpAnswer> Post(std::span<const std::uint8_t> request,
+                                 const std::string& resource);
+  // Another connection for what the server wants of this one; false when it wants nothing more that
+  // it can have.
+  bool ComplyWith(int status);
 
-  static int WaitOn(http_t* http, void* self);
-  bool MayWait();
-  void StartWaiting() noexcept { deadline_ = Clock::now() + patience_; }
-
-  std::chrono::milliseconds patience_ = kPatience;
+  Waiting waiting_;
+  std::chrono::milliseconds patience_;
   KeepWaiting keepWaiting_;
-  Clock::time_point deadline_;
-  bool wasSilent_ = false;
-  bool wasCancelled_ = false;
-  std::unique_ptr<http_t, Closer> http_;
+  ServerStream::Encryption encryption_;
+  bool namesUser_ = false;
+  std::unique_ptr<ServerStream> stream_;  // null when the server cannot be reached
+  HttpReader reader_;
 };
 
 }  // namespace pagivo::native

@@ -79,7 +79,7 @@ std::string ResourceOf(const std::string& printerUri) {
   std::array<char, HTTP_MAX_HOST> host{};
   std::array<char, HTTP_MAX_URI> resource{};
   int port = 0;
-  httpSeparateURI(HTTP_URI_CODING_ALL, printerUri.c_str(), scheme.data(), scheme.size(),
+  httpSeparateURI(HTTP_URI_CODING_NONE, printerUri.c_str(), scheme.data(), scheme.size(),
                   user.data(), user.size(), host.data(), host.size(), &port, resource.data(),
                   resource.size());
   return resource.data();

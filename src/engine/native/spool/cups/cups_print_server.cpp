@@ -1,22 +1,26 @@
 #include "engine/native/spool/cups/cups_print_server.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
+#include "engine/native/spool/cups/default_printer.h"
 #include "engine/native/spool/print_failures.h"
 #include "values/errors_ignored.h"
 
 namespace pagivo::native {
+namespace {
+
+constexpr std::array<const char*, 1> kNameAttribute{"printer-name"};
+
+}  // namespace
 
 std::unique_ptr<CupsConnection> CupsPrintServer::Connect() {
   if (Clock::now() < awayUntil_) ThrowNoServer();
   auto connection = std::make_unique<CupsConnection>();
+  const bool isReady = connection->IsOpen() && CancelJobs(*connection);
   NoteSilence(*connection);
-  if (!connection->IsOpen()) ThrowNoServer();
-  if (!CancelJobs(*connection)) {
-    NoteSilence(*connection);
-    ThrowNoServer();
-  }
+  if (!isReady) ThrowNoServer();
   return connection;
 }
 
@@ -45,9 +49,9 @@ void CupsPrintServer::TellOfCancelledJobs(std::chrono::milliseconds patience) no
   });
 }
 
-CupsAnswer CupsPrintServer::Ask(IppMessage request) {
+CupsAnswer CupsPrintServer::Ask(const IppMessage& request) {
   const auto connection = Connect();
-  CupsAnswer answer = connection->Ask(std::move(request), "/");
+  CupsAnswer answer = connection->Ask(request, "/");
   NoteSilence(*connection);
   if (!answer.isThere) ThrowNoServer();
   return answer;
@@ -56,9 +60,9 @@ CupsAnswer CupsPrintServer::Ask(IppMessage request) {
 // A server without any printer answers that it found none.
 const std::vector<Printer>& CupsPrintServer::Printers() {
   if (!printers_) {
-    IppMessage request = NewRequest(IPP_OP_CUPS_GET_PRINTERS, {});
+    const IppMessage request = NewRequest(IPP_OP_CUPS_GET_PRINTERS, {});
     AddRequestedAttributes(request.get(), kPrinterAttributes);
-    const CupsAnswer answer = Ask(std::move(request));
+    const CupsAnswer answer = Ask(request);
     printers_ = answer.IsSuccess() ? ReadPrinters(answer.message.get()) : std::vector<Printer>();
   }
   return *printers_;
@@ -68,14 +72,19 @@ const std::vector<Printer>& CupsPrintServer::Printers() {
 // printer with settings, after a slash.
 std::string CupsPrintServer::DefaultPrinter() {
   if (!defaultPrinter_) {
-    const auto connection = Connect();
-    const char* name = cupsGetDefault2(connection->Get());
-    NoteSilence(*connection);
-    if (name == nullptr && !CupsConnection::HasAnswered()) ThrowNoServer();
-    const std::string found = name == nullptr ? std::string() : std::string(name);
-    defaultPrinter_ = found.substr(0, found.find('/'));
+    std::string name = DefaultPrinterOfUser();
+    if (name.empty()) name = DefaultPrinterOfServer();
+    defaultPrinter_ = name.substr(0, name.find('/'));
   }
   return *defaultPrinter_;
+}
+
+std::string CupsPrintServer::DefaultPrinterOfServer() {
+  const IppMessage request = NewRequest(IPP_OP_CUPS_GET_DEFAULT, {});
+  AddRequestedAttributes(request.get(), kNameAttribute);
+  const CupsAnswer answer = Ask(request);
+  return answer.IsSuccess() ? TextOf(Find(answer.message.get(), kNameAttribute.front()))
+                            : std::string();
 }
 
 const Printer* CupsPrintServer::FindKnown(const std::string& name) {
@@ -98,9 +107,9 @@ const Printer& CupsPrintServer::FindPrinter(const std::string& name) {
 const PrinterMedia& CupsPrintServer::MediaOf(const std::string& printer) {
   const auto known = media_.find(printer);
   if (known != media_.end()) return known->second;
-  IppMessage request = NewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, FindPrinter(printer).uri);
+  const IppMessage request = NewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, FindPrinter(printer).uri);
   AddRequestedAttributes(request.get(), kMediaAttributes);
-  const CupsAnswer answer = Ask(std::move(request));
+  const CupsAnswer answer = Ask(request);
   if (answer.status == IPP_STATUS_ERROR_NOT_FOUND) {
     Refresh();
     ThrowNoSuchPrinter(printer);
@@ -114,6 +123,8 @@ void CupsPrintServer::Refresh() noexcept {
   media_.clear();
 }
 
+// The user is not asked before the job is there: one that was given up while the server makes it
+// would stay, empty, with nobody who knows of it.
 std::unique_ptr<PrintJob> CupsPrintServer::OpenJob(const JobTicket& ticket,
                                                    const KeepWaiting& keepWaiting) {
   const Printer printer = FindPrinter(ticket.printer);

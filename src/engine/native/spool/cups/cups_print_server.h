@@ -39,7 +39,8 @@ class CupsPrintServer final : public PrintServer {
   // A connection to ask on; raises an error when the server is away.
   std::unique_ptr<CupsConnection> Connect();
   // Raises an error when there is no answer.
-  CupsAnswer Ask(IppMessage request);
+  CupsAnswer Ask(const IppMessage& request);
+  std::string DefaultPrinterOfServer();
   // False when the server did not answer, and has yet to be told of some.
   bool CancelJobs(CupsConnection& connection);
   const Printer* FindKnown(const std::string& name);

@@ -3,6 +3,7 @@
 
 #include <cups/cups.h>
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -27,5 +28,15 @@ std::string TextOf(ipp_attribute_t* attribute);
 std::vector<std::string> TextsOf(ipp_attribute_t* attribute);
 std::vector<ipp_t*> CollectionsOf(ipp_attribute_t* attribute);  // borrowed
 ipp_attribute_t* Find(ipp_t* message, const char* name);
+
+// As it goes to a server.
+std::vector<std::uint8_t> BytesOf(ipp_t* message);
+
+// Collections in collections that an answer may have. libcups reads each in a call of its own.
+inline constexpr int kDeepestNesting = 16;
+// From a server. Null when it is no message, or nested deeper than that.
+IppMessage ParseAnswer(std::span<const std::uint8_t> bytes);
+// The status of a message that was parsed; servers may say any number.
+int StatusOf(std::span<const std::uint8_t> answer);
 
 }  // namespace pagivo::native
