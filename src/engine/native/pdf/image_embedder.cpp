@@ -20,6 +20,17 @@ std::string ImageEntries(std::int32_t width, std::int32_t height, std::string_vi
   return entries;
 }
 
+// Large files are decoded to a half, a quarter or an eighth of their sides.
+bool IsDecodedFrom(const PictureImage::Pixels& pixels, const JpegFrame& frame) {
+  for (const std::int32_t reduction : {1, 2, 4, 8}) {
+    const auto divided = [reduction](std::int32_t side) {
+      return (side + reduction - 1) / reduction;
+    };
+    if (pixels.width == divided(frame.width) && pixels.height == divided(frame.height)) return true;
+  }
+  return false;
+}
+
 std::string ImageName(std::size_t index) {
   return "I" + std::to_string(index);
 }
@@ -59,8 +70,7 @@ ObjectNumber ImageEmbedder::Write(const PictureImage& picture) {
 // False when there is no JPEG file, or one that is not this picture.
 bool ImageEmbedder::WriteJpeg(ObjectNumber number, const PictureImage& picture) {
   const std::optional<JpegFrame> frame = ReadJpegFrame(picture.Jpeg());
-  if (!frame || frame->width != picture.GetPixels().width ||
-      frame->height != picture.GetPixels().height ||
+  if (!frame || !IsDecodedFrom(picture.GetPixels(), *frame) ||
       (frame->components != 1 && frame->components != 3)) {
     return false;
   }

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "engine/native/pictures/picture_format.h"
+#include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {
 namespace {
@@ -49,6 +50,9 @@ constexpr std::size_t kGifImageDescriptorSize = 10;
 constexpr std::uint8_t kGifExtension = 0x21;
 constexpr std::uint8_t kGifImage = 0x2C;
 constexpr std::uint8_t kGifTrailer = 0x3B;
+// A code of twelve bits stands for 4096 pixels at most.
+constexpr std::int64_t kMostGifPixelsAByte = 4096 * 8 / 12;
+constexpr std::int64_t kGifPixelsOfAnyFile = 1 << 16;
 
 std::size_t ColorTableSize(std::uint8_t flags) {
   return (flags & 0x80) == 0 ? 0 : std::size_t{3} << ((flags & 7) + 1);
@@ -70,6 +74,57 @@ std::size_t EndOfGifImage(PictureBytes bytes, std::size_t at) {
   return EndOfGifBlocks(
       bytes, at + kGifImageDescriptorSize + ColorTableSize(descriptor[9]) + kCodeSizeByte);
 }
+
+// The screen is as large as its frames cover, or nearly so.
+void RequirePlausibleGif(PictureBytes screen, std::size_t fileSize) {
+  const std::int64_t pixels = std::int64_t{ReadLittle16(screen, 6)} * ReadLittle16(screen, 8);
+  const auto bytes = static_cast<std::int64_t>(fileSize);
+  if (pixels <= kMaximumPixels && pixels > kGifPixelsOfAnyFile + bytes * kMostGifPixelsAByte) {
+    RefuseDamaged();
+  }
+}
+
+// --- TIFF
+
+constexpr std::uint16_t kTiffWidth = 256;
+constexpr std::uint16_t kTiffHeight = 257;
+constexpr std::uint16_t kTiffBitsPerSample = 258;
+constexpr std::uint16_t kTiffSamplesPerPixel = 277;
+constexpr std::uint16_t kTiffTileWidth = 322;
+constexpr std::uint16_t kTiffTileHeight = 323;
+
+class TiffFields {
+ public:
+  explicit TiffFields(PictureBytes bytes)
+      : bytes_(bytes), isLittle_(bytes[0] == 'I'), directory_(Long(4)), count_(Short(directory_)) {}
+
+  // The field's first number, or `otherwise` where the file does not have it.
+  std::int64_t Number(std::uint16_t tag, std::int64_t otherwise) const {
+    constexpr std::size_t kEntrySize = 12;
+    constexpr std::uint16_t kShortType = 3;
+    for (std::size_t i = 0; i < count_; ++i) {
+      const std::size_t entry = directory_ + 2 + i * kEntrySize;
+      if (Short(entry) != tag) continue;
+      if (Short(entry + 2) != kShortType) return Long(entry + 8);
+      const bool isInside = Long(entry + 4) <= 2;
+      return Short(isInside ? entry + 8 : Long(entry + 8));
+    }
+    return otherwise;
+  }
+
+ private:
+  std::uint16_t Short(std::size_t at) const {
+    return isLittle_ ? ReadLittle16(bytes_, at) : ReadBig16(bytes_, at);
+  }
+  std::uint32_t Long(std::size_t at) const {
+    return isLittle_ ? ReadLittle32(bytes_, at) : ReadBig32(bytes_, at);
+  }
+
+  PictureBytes bytes_;
+  bool isLittle_;
+  std::size_t directory_;
+  std::size_t count_;
+};
 
 // --- ICO
 
@@ -116,6 +171,7 @@ void RequireWholeBmp(PictureBytes bytes) {
 
 std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes) {
   const PictureBytes screen = Slice(bytes, 0, kGifScreenEnd);
+  RequirePlausibleGif(screen, bytes.size());
   std::size_t at = kGifScreenEnd + ColorTableSize(screen[10]);
   while (Slice(bytes, at, 1)[0] == kGifExtension) at = EndOfGifBlocks(bytes, at + 2);
   if (bytes[at] != kGifImage) RefuseDamaged();
@@ -123,6 +179,19 @@ std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes) {
   std::vector<std::uint8_t> file(frame.begin(), frame.end());
   file.push_back(kGifTrailer);
   return file;
+}
+
+void RequireBoundedTiff(PictureBytes bytes) {
+  const TiffFields fields(bytes);
+  // A tile may be larger than the picture, and is unpacked whole.
+  const std::int64_t width =
+      std::max(fields.Number(kTiffWidth, 0), fields.Number(kTiffTileWidth, 0));
+  const std::int64_t height =
+      std::max(fields.Number(kTiffHeight, 0), fields.Number(kTiffTileHeight, 0));
+  RequireDecodableSize(width, height);
+  const std::int64_t bits =
+      fields.Number(kTiffBitsPerSample, 1) * fields.Number(kTiffSamplesPerPixel, 1);
+  if (width * height > kMaximumDecoderBytes * 8 / std::max<std::int64_t>(bits, 1)) RefuseTooLarge();
 }
 
 std::vector<std::uint8_t> LargestIcon(PictureBytes bytes) {

@@ -25,7 +25,7 @@ constexpr std::uint8_t kApplication14 = 0xEE;
 
 // A scan that changes hardly anything still costs a pass over all pixels; photographs have about
 // ten.
-constexpr std::int64_t kMaximumScannedPixels = 16 * kMaximumPixels;
+constexpr std::int64_t kMaximumScannedPixels = 2 * kMaximumPixels;
 
 bool IsFrame(std::uint8_t marker) {
   return marker >= kBaselineFrame && marker <= kLastFrame && marker != kHuffmanTables &&
@@ -100,6 +100,22 @@ class MarkerWalk {
     if (frame_.empty()) RefuseDamaged();
     scannedPixels_ += pixels_;
     if (scannedPixels_ > kMaximumScannedPixels) RefuseTooLarge();
+    // Of a file of several scans the decoder keeps two bytes for every sample, until the last scan.
+    const bool severalScans = frameMarker_ >= kProgressiveFrame || scannedPixels_ > pixels_;
+    if (severalScans && 2 * Samples() > kMaximumDecoderBytes) RefuseTooLarge();
+  }
+
+  // Of all components, of which some may have fewer rows and columns than the picture.
+  std::int64_t Samples() const {
+    std::int64_t most = 1;
+    std::int64_t sum = 0;
+    for (std::size_t i = 0; i < components_; ++i) {
+      const std::uint8_t factors = frame_[7 + 3 * i];
+      const std::int64_t share = std::int64_t{factors >> 4} * (factors & 15);
+      most = std::max(most, share);
+      sum += share;
+    }
+    return pixels_ * sum / most;
   }
 
   void SkipScanData() {

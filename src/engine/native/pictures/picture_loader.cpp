@@ -72,6 +72,7 @@ PictureRef Decode(PictureBytes bytes) {
     case PictureFormat::Png:
       return DecodePng(bytes);
     case PictureFormat::Tiff:
+      RequireBoundedTiff(bytes);
       return DecodeRaster(format, bytes);
     case PictureFormat::Svg:
       return PictureOf(DecodeSvg(bytes, DecodeInSvg));
@@ -84,13 +85,9 @@ PictureRef Decode(PictureBytes bytes) {
 [[noreturn]] void ThrowInvalidPicture(const std::string& picture, const std::string& reason) {
   throw Error(ErrorNumber::InvalidPicture, picture + " kan niet worden gebruikt: " + reason);
 }
-
-// Four bytes a pixel and room for what stands beside them.
-constexpr std::uint64_t kMaximumFileBytes = 4 * kMaximumPixels + (1 << 20);
-
 std::vector<std::uint8_t> ReadPictureFile(const std::string& path) {
   InputFile file(path);
-  if (file.Identity().size > kMaximumFileBytes) RefuseTooLarge();
+  if (file.Identity().size > kMaximumPictureFileBytes) RefuseTooLarge();
   return file.Read();
 }
 

@@ -2,11 +2,11 @@
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
-#include <algorithm>
 #include <memory>
 
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/pictures/pixel_alpha.h"
+#include "engine/native/pictures/pixel_reduction.h"
 
 namespace pagivo::native {
 namespace {
@@ -44,10 +44,41 @@ void NotePixelsOnly(GdkPixbufLoader* loader, int width, int height, gpointer pix
   gdk_pixbuf_loader_set_size(loader, 0, 0);
 }
 
-void RefuseLargeSize(GdkPixbufLoader* loader, int width, int height, gpointer tooLarge) {
-  if (std::int64_t{width} * height <= kMaximumPixels) return;
-  *static_cast<bool*>(tooLarge) = true;
-  gdk_pixbuf_loader_set_size(loader, 0, 0);
+// What the decoder holds of a pixel at one time, an animation's frame and its screen included.
+std::int64_t DecoderBytesAPixel(PictureFormat format) {
+  return format == PictureFormat::Gif ? 8 : 4;
+}
+
+struct Request {
+  PictureFormat format;
+  bool tooLarge = false;
+};
+
+// Only the decoder of JPEG makes pictures smaller on the way; to a half, a quarter or an eighth.
+std::int64_t ReductionWhileDecoding(PictureFormat format, std::int64_t width, std::int64_t height) {
+  constexpr std::int64_t kMost = 8;
+  std::int64_t reduction = 1;
+  if (format != PictureFormat::Jpeg) return reduction;
+  while (reduction < kMost && width * height / (reduction * reduction) > kMaximumKeptPixels) {
+    reduction *= 2;
+  }
+  return reduction;
+}
+
+void TakeSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
+  auto& request = *static_cast<Request*>(data);
+  const std::int64_t pixels = std::int64_t{width} * height;
+  const std::int64_t reduction = ReductionWhileDecoding(request.format, width, height);
+  const std::int64_t bytes = pixels / (reduction * reduction) * DecoderBytesAPixel(request.format);
+  request.tooLarge = pixels > kMaximumPixels || bytes > kMaximumDecoderBytes;
+  if (request.tooLarge) {
+    gdk_pixbuf_loader_set_size(loader, 0, 0);
+  } else if (reduction > 1) {
+    const auto divided = [reduction](int side) {
+      return static_cast<int>((side + reduction - 1) / reduction);
+    };
+    gdk_pixbuf_loader_set_size(loader, divided(width), divided(height));
+  }
 }
 
 LoaderRef MakeLoader(PictureFormat format) {
@@ -63,41 +94,33 @@ bool Feed(GdkPixbufLoader* loader, PictureBytes bytes) {
   return gdk_pixbuf_loader_close(loader, nullptr) != 0 && written;
 }
 
-// The decoder pads rows and gives either three or four channels.
-PictureImage::Pixels PixelsOf(const GdkPixbuf* pixbuf) {
-  PictureImage::Pixels pixels{gdk_pixbuf_get_width(pixbuf),
-                              gdk_pixbuf_get_height(pixbuf),
-                              gdk_pixbuf_get_has_alpha(pixbuf) != FALSE,
-                              {}};
-  const std::size_t rowBytes = static_cast<std::size_t>(pixels.width) * (pixels.hasAlpha ? 4U : 3U);
-  pixels.data.resize(rowBytes * static_cast<std::size_t>(pixels.height));
-  const std::uint8_t* from = gdk_pixbuf_read_pixels(pixbuf);
-  std::uint8_t* to = pixels.data.data();
-  for (std::int32_t y = 0; y < pixels.height; ++y, to += rowBytes) {
-    std::copy_n(from, rowBytes, to);
-    from += gdk_pixbuf_get_rowstride(pixbuf);
+// The decoder pads rows and gives either three or four channels, that of TIFF premultiplied.
+PictureImage::Pixels PixelsOf(PictureFormat format, GdkPixbuf* pixbuf) {
+  const int width = gdk_pixbuf_get_width(pixbuf);
+  const int height = gdk_pixbuf_get_height(pixbuf);
+  const bool hasAlpha = gdk_pixbuf_get_has_alpha(pixbuf) != FALSE;
+  RowReducer reducer(width, height, hasAlpha, ReductionFor(width, height, kMaximumKeptPixels));
+  std::uint8_t* row = gdk_pixbuf_get_pixels(pixbuf);
+  for (int y = 0; y < height; ++y, row += gdk_pixbuf_get_rowstride(pixbuf)) {
+    if (format == PictureFormat::Tiff && hasAlpha) {
+      MakeAlphaStraight({row, 4 * static_cast<std::size_t>(width)});
+    }
+    reducer.Take(row);
   }
-  return pixels;
-}
-
-// The TIFF decoder premultiplies, the others do not.
-PictureImage::Pixels FinishedPixels(PictureFormat format, const GdkPixbuf* pixbuf) {
-  PictureImage::Pixels pixels = PixelsOf(pixbuf);
-  if (format == PictureFormat::Tiff && pixels.hasAlpha) MakeAlphaStraight(pixels);
-  return pixels;
+  return reducer.TakePixels();
 }
 
 }  // namespace
 
 PictureImage::Pixels DecodeRasterFile(PictureFormat format, PictureBytes bytes) {
   const LoaderRef loader = MakeLoader(format);
-  bool tooLarge = false;
-  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(RefuseLargeSize), &tooLarge);
+  Request request{format};
+  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(TakeSize), &request);
   const bool complete = Feed(loader.get(), bytes);
-  if (tooLarge) RefuseTooLarge();
-  const GdkPixbuf* pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
+  if (request.tooLarge) RefuseTooLarge();
+  GdkPixbuf* pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
   if (!complete || pixbuf == nullptr) RefuseDamaged();
-  return FinishedPixels(format, pixbuf);
+  return PixelsOf(format, pixbuf);
 }
 
 std::int64_t HeaderPixels(PictureBytes bytes) {

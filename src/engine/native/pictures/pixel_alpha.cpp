@@ -19,8 +19,7 @@ bool UsesAlpha(const std::vector<std::uint8_t>& data) {
 
 }  // namespace
 
-void MakeAlphaStraight(PictureImage::Pixels& pixels) {
-  std::vector<std::uint8_t>& data = pixels.data;
+void MakeAlphaStraight(std::span<std::uint8_t> data) {
   for (std::size_t at = 0; at < data.size(); at += 4) {
     const std::uint8_t alpha = data[at + 3];
     if (alpha == 0 || alpha == 0xFF) continue;

@@ -14,6 +14,10 @@ constexpr std::size_t kChunkFrameSize = 12;  // length, type, checksum
 constexpr std::uint32_t kHeaderChunk = 0x49484452;
 constexpr std::uint32_t kDataChunk = 0x49444154;
 constexpr std::uint32_t kEndChunk = 0x49454E44;
+// Deflate packs no more into a byte.
+constexpr std::int64_t kMostUnpackedBytesAByte = 1032;
+// Unpacking more takes more than a second.
+constexpr std::int64_t kMaximumPngRawBytes = std::int64_t{1} << 28;
 
 struct Chunk {
   std::uint32_t type = 0;
@@ -105,6 +109,8 @@ void RequireWholePng(PictureBytes bytes) {
   std::size_t at = kSignatureSize;
   Chunk chunk = ReadChunk(bytes, at);
   const std::int64_t rawBytes = RawBytes(ReadHeader(chunk));
+  if (rawBytes > static_cast<std::int64_t>(bytes.size()) * kMostUnpackedBytesAByte) RefuseDamaged();
+  if (rawBytes > kMaximumPngRawBytes) RefuseTooLarge();
   UnpackedCounter unpacked;
   while (chunk.type != kEndChunk) {
     if (chunk.type == kDataChunk) unpacked.Take(chunk.data, rawBytes);

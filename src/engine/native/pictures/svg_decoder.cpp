@@ -122,7 +122,7 @@ PictureImage::Pixels DecodeSvg(PictureBytes bytes, const DecodeEmbedded& decode)
   const auto* from =
       reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(surface.get()));
   for (std::size_t i = 0; i < count; ++i) CopyPixel(from[i], &pixels.data[4 * i]);
-  MakeAlphaStraight(pixels);
+  MakeAlphaStraight(pixels.data);
   return pixels;
 }
 
