@@ -93,6 +93,10 @@ TEST_F(PrintProgressTest, LeavesOutAPortThatIsNotKnown) {
             (Lines{"Afdrukken pagina 12 van", "", "op de Laser", "blad 12 van 20", "Annuleren"}));
 }
 
+TEST_F(PrintProgressTest, LeavesOutAPrinterThatThereIsNot) {
+  EXPECT_EQ(LinesFor({"Rapport", "", ""})[2], "");
+}
+
 TEST_F(PrintProgressTest, CountsTheCopiesOfACommandForSeveral) {
   EXPECT_EQ(LinesFor({}, {.copy = 3, .copies = 30, .page = 120, .pages = 5000})[3],
             "exemplaar 3 van 30, blad 120 van 5.000");

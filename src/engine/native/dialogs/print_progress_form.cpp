@@ -89,6 +89,7 @@ std::string Counted(std::int32_t number) {
 }
 
 std::string DeviceLine(const PrintedDocument& document) {
+  if (document.printer.empty()) return {};
   return document.port.empty() ? Fill(kPrinterLine, document.printer)
                                : Fill(kDeviceLine, document.printer, document.port);
 }

@@ -11,7 +11,7 @@
 
 namespace pagivo::native {
 
-// What is printed where; all but the printer may be empty.
+// What is printed where; each may be empty, the printer when there is none.
 struct PrintedDocument {
   std::string title;
   std::string printer;
