@@ -95,7 +95,7 @@ std::string DeviceLine(const PrintedDocument& document) {
 }
 
 std::string CountLine(const SeriesProgress& progress) {
-  const std::string pages = Fill(kPageCount, Counted(progress.page), Counted(progress.pages));
+  std::string pages = Fill(kPageCount, Counted(progress.page), Counted(progress.pages));
   if (progress.copies == 1) return pages;
   return Fill(kCopyCount, Counted(progress.copy), Counted(progress.copies)) + pages;
 }

@@ -118,7 +118,7 @@ class LoadedPictures {
   PictureRef Load(const std::string& path) {
     const FileIdentity file = IdentityOf(path);
     const auto found = pictures_.find(file);
-    const PictureRef held = found == pictures_.end() ? nullptr : found->second.picture.lock();
+    PictureRef held = found == pictures_.end() ? nullptr : found->second.picture.lock();
     if (held && found->second.showsChanges) return held;
     const bool showsChanges = ShowsChanges(file);  // before its bytes are read
     const std::vector<std::uint8_t> bytes = ReadPictureFile(path);
