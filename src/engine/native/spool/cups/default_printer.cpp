@@ -29,9 +29,9 @@ std::string DefaultIn(const std::string& file) {
 
 // PRINTER=lp is what systems set that have only one printer.
 std::string DefaultPrinterOfUser() {
-  if (const std::string name = Variable("LPDEST"); !name.empty()) return name;
-  if (const std::string name = Variable("PRINTER"); !name.empty() && name != "lp") return name;
-  const std::string ofUser = DefaultIn(Variable("HOME") + "/.cups/lpoptions");
+  if (std::string name = Variable("LPDEST"); !name.empty()) return name;
+  if (std::string name = Variable("PRINTER"); !name.empty() && name != "lp") return name;
+  std::string ofUser = DefaultIn(Variable("HOME") + "/.cups/lpoptions");
   return ofUser.empty() ? DefaultIn("/etc/cups/lpoptions") : ofUser;
 }
 

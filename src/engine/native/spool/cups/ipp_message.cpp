@@ -18,7 +18,7 @@ class IppScanner {
     if (!Skip(kHeaderLength)) return false;
     int depth = 0;
     while (!rest_.empty()) {
-      const int tag = Byte();
+      const std::size_t tag = Byte();
       if (tag == IPP_TAG_END) return depth == 0;
       if (tag < IPP_TAG_UNSUPPORTED_VALUE) continue;
       if (tag == IPP_TAG_BEGIN_COLLECTION && ++depth > kDeepestNesting) return false;
@@ -29,8 +29,8 @@ class IppScanner {
   }
 
  private:
-  int Byte() {
-    const int byte = rest_.front();
+  std::size_t Byte() {
+    const std::size_t byte = rest_.front();
     rest_ = rest_.subspan(1);
     return byte;
   }
@@ -42,8 +42,8 @@ class IppScanner {
   // Two bytes of length, and so many bytes.
   bool SkipText() {
     if (rest_.size() < 2) return false;
-    const int high = Byte();
-    return Skip(static_cast<std::size_t>(high * 256 + Byte()));
+    const std::size_t high = Byte();
+    return Skip(high * 256 + Byte());
   }
 
   std::span<const std::uint8_t> rest_;

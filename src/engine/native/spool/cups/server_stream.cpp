@@ -45,6 +45,7 @@ bool IsConnected(const ServerSocket& socket) {
 ServerSocket FirstConnected(std::vector<ServerSocket> sockets, Waiting& waiting) {
   while (!sockets.empty() && waiting.GoesOn()) {
     std::vector<pollfd> wanted;
+    wanted.reserve(sockets.size());
     for (const ServerSocket& socket : sockets) {
       wanted.push_back({.fd = socket.File(), .events = POLLOUT, .revents = 0});
     }
