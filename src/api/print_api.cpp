@@ -41,10 +41,13 @@ void PgPrint::VsPPNewPage() {
 }
 
 void PgPrint::VsPPFinish(TextArgument sTitle) {
-  // A copy of its own, for the host may change its text meanwhile.
-  const std::string title = sTitle;  // NOLINT(performance-unnecessary-copy-initialization)
-  IgnoringErrors([&] { Engine().PutDocName(title); });
-  IgnoringErrors([&] { PreviewForm().PutCaption("Afdrukvoorbeeld " + std::string(Trim(title))); });
+  IgnoringErrors([&] {
+    // A copy of its own, for the host may change its text meanwhile.
+    const std::string title = sTitle;  // NOLINT(performance-unnecessary-copy-initialization)
+    IgnoringErrors([&] { Engine().PutDocName(title); });
+    IgnoringErrors(
+        [&] { PreviewForm().PutCaption("Afdrukvoorbeeld " + std::string(Trim(title))); });
+  });
   IgnoringErrors([this] { VsPPClose(); });
 }
 
