@@ -4,7 +4,6 @@
 
 #include "engine/native/document/geometry.h"
 #include "engine/native/native_engine.h"
-#include "engine/native/pictures/picture_loader.h"
 #include "engine/native/raster/bitmap_player.h"
 #include "engine/native/raster/png_file.h"
 #include "pagivo/error.h"
@@ -31,11 +30,13 @@ void RequirePage(const native::Document& document, std::int32_t page) {
   }
 }
 
+constexpr double kMaximumImagePixels = 1 << 28;
+
 void RequireResolution(const native::PageGeometry& paper, double dotsPerInch) {
   const double scale = dotsPerInch / native::kTwipsPerInch;
-  const bool isPossible =
-      dotsPerInch >= kMinimumDotsPerInch && dotsPerInch <= kMaximumDotsPerInch &&
-      (paper.width * scale) * (paper.height * scale) <= double{native::kMaximumPixels};
+  const bool isPossible = dotsPerInch >= kMinimumDotsPerInch &&
+                          dotsPerInch <= kMaximumDotsPerInch &&
+                          (paper.width * scale) * (paper.height * scale) <= kMaximumImagePixels;
   if (!isPossible) {
     throw Error(ErrorNumber::InvalidArgument, "Ongeldig aantal punten per inch");
   }

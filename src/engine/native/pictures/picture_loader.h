@@ -11,13 +11,13 @@
 namespace pagivo::native {
 
 // Files larger than this are refused before they are read.
-inline constexpr std::uint64_t kMaximumPictureFileBytes = std::uint64_t{1} << 28;
+inline constexpr std::uint64_t kMaximumPictureFileBytes = std::uint64_t{3} << 26;
 
 // Pictures of more pixels than this are refused before they are decoded.
-inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 28;
+inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 27;
 
 // So are those for which the decoder needs more memory than this.
-inline constexpr std::int64_t kMaximumDecoderBytes = std::int64_t{1} << 28;
+inline constexpr std::int64_t kMaximumDecoderBytes = std::int64_t{3} << 26;
 
 // A picture of more pixels is made smaller by the least whole number that brings it below: an A4
 // sheet at 508 dots an inch, more than an output can tell apart.

@@ -17,7 +17,7 @@ constexpr std::uint32_t kEndChunk = 0x49454E44;
 // Deflate packs no more into a byte.
 constexpr std::int64_t kMostUnpackedBytesAByte = 1032;
 // Unpacking more takes more than a second.
-constexpr std::int64_t kMaximumPngRawBytes = std::int64_t{1} << 28;
+constexpr std::int64_t kMaximumPngRawBytes = std::int64_t{3} << 26;
 
 struct Chunk {
   std::uint32_t type = 0;

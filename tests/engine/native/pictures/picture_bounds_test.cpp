@@ -72,13 +72,13 @@ Bytes BlackBmp(std::uint32_t width, std::uint32_t height) {
 }
 
 TEST(PictureBounds, RefuseAGifOfMorePixelsThanItsBytesCanStandFor) {
-  Bytes bytes = GifOfSize(16384, 1);
+  Bytes bytes = GifOfSize(8192, 1);
   bytes.resize(800);
   EXPECT_TRUE(IsRefusedFor(bytes, kIncomplete));
 }
 
 TEST(PictureBounds, RefuseAPngThatUnpacksToTooMuch) {
-  Bytes bytes = PngOfSize(16384, 16384);
+  Bytes bytes = PngOfSize(16384, 8192);
   bytes.at(24) = 16;  // bits a sample
   bytes.at(25) = 6;   // red, green, blue and alpha
   bytes.resize(4 << 20);
