@@ -164,7 +164,10 @@ std::vector<std::uint8_t> IconFileOf(const IconEntry& icon) {
 
 void RequireWholeBmp(PictureBytes bytes) {
   const std::size_t pixels = ReadLittle32(bytes, 10);
-  const BmpHeader header = ReadBmpHeader(bytes.subspan(kBmpFileHeaderSize));
+  const PictureBytes info = bytes.subspan(kBmpFileHeaderSize);
+  Slice(info, 0,
+        ReadLittle32(info, 0));  // our decoder takes memory for as long a header as is named
+  const BmpHeader header = ReadBmpHeader(info);
   RequireDecodableSize(header.width, header.height);
   Slice(bytes, pixels, static_cast<std::size_t>(PixelBytes(header)));
 }

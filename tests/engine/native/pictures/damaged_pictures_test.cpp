@@ -133,6 +133,12 @@ TEST(Bomb, BmpOfTooManyPixelsIsRefused) {
   ExpectRefusedInLittleMemory(BmpOfSize(30000, INT32_MIN), "te groot");
 }
 
+TEST(Bomb, BmpWhoseHeaderIsLongerThanItselfIsRefused) {
+  Bytes bytes = PictureFile("colors.bmp");
+  bytes.at(17) = 0xEF;  // the highest byte of the header's length
+  ExpectRefusedInLittleMemory(bytes, "onvolledig");
+}
+
 TEST(Bomb, BmpThatHoldsFewerRowsThanItAnnouncesIsRefused) {
   ExpectRefusedInLittleMemory(BmpOfSize(10000, 10000), "onvolledig");
 }
