@@ -65,7 +65,7 @@ build_preset() {
   done
   mkdir -p build
   say "Building build/$preset"
-  command -v ccache >/dev/null && options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  options+=("-DCMAKE_CXX_COMPILER_LAUNCHER=$(command -v ccache || true)")
   cmake --preset "$preset" "${options[@]}" >"build/$preset.log" 2>&1 ||
     { tail -n 30 "build/$preset.log" >&2; stop "configuring failed (build/$preset.log)."; }
   cmake --build --preset "$preset" ${1:+--target "$@"} >"build/$preset.log" 2>&1 ||
