@@ -23,5 +23,5 @@ mkdir -p "$corpus"
 while read -r seed; do
   [ -z "$seed" ] || cp "$seed" "$corpus/seed_$(basename "$seed")"
 done <"$program.seeds"
-exec "$program" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=0 \
+exec "$program" -max_total_time="$seconds" -timeout=25 -rss_limit_mb=2048 -print_final_stats=0 \
   -dict="$PWD/fuzz/dictionaries/$target.dict" "$@" "$corpus"

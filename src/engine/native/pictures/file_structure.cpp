@@ -36,6 +36,13 @@ BmpHeader ReadBmpHeader(PictureBytes info) {
           ReadLittle16(info, 14), ReadLittle32(info, 16), ReadLittle32(info, 20)};
 }
 
+// Our decoder takes memory for as long a header and as many colours as are named.
+void RequireWholeBmpHeader(PictureBytes info) {
+  const std::size_t size = ReadLittle32(info, 0);
+  Slice(info, 0, size);
+  if (size != kOldBmpInfoSize) Slice(info, size, std::size_t{4} * ReadLittle32(info, 32));
+}
+
 std::int64_t PixelBytes(const BmpHeader& header) {
   if (header.compression == kBmpRunLength8 || header.compression == kBmpRunLength4) {
     return header.imageSize;
@@ -165,8 +172,7 @@ std::vector<std::uint8_t> IconFileOf(const IconEntry& icon) {
 void RequireWholeBmp(PictureBytes bytes) {
   const std::size_t pixels = ReadLittle32(bytes, 10);
   const PictureBytes info = bytes.subspan(kBmpFileHeaderSize);
-  Slice(info, 0,
-        ReadLittle32(info, 0));  // our decoder takes memory for as long a header as is named
+  RequireWholeBmpHeader(info);
   const BmpHeader header = ReadBmpHeader(info);
   RequireDecodableSize(header.width, header.height);
   Slice(bytes, pixels, static_cast<std::size_t>(PixelBytes(header)));

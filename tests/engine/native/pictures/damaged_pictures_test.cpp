@@ -133,6 +133,12 @@ TEST(Bomb, BmpOfTooManyPixelsIsRefused) {
   ExpectRefusedInLittleMemory(BmpOfSize(30000, INT32_MIN), "te groot");
 }
 
+TEST(Bomb, BmpOfMoreColorsThanItHasBytesIsRefused) {
+  Bytes bytes = PictureFile("colors.bmp");
+  bytes.at(49) = 0xEF;  // the highest byte of the number of colours
+  ExpectRefusedInLittleMemory(bytes, "onvolledig");
+}
+
 TEST(Bomb, BmpWhoseHeaderIsLongerThanItselfIsRefused) {
   Bytes bytes = PictureFile("colors.bmp");
   bytes.at(17) = 0xEF;  // the highest byte of the header's length
