@@ -90,7 +90,7 @@ class NativeEngine final : public PrintEngine,
 
   void SetEvents(PrintEngineEvents* events) override { events_ = events; }
 
-  // --- The document (native_engine.cpp) -----------------------------------------------------
+  // --- The document (native_engine.cpp) ---------------------------------------------------
   void StartDoc() override;
   void EndDoc() override;
   void NewPage() override;
@@ -102,7 +102,7 @@ class NativeEngine final : public PrintEngine,
   void EndOverlay() override;
   void PutDocName(const std::string& name) override;
 
-  // --- Text (text_output.cpp) ---------------------------------------------------------------
+  // --- Text (engine_text.cpp) -------------------------------------------------------------
   std::string GetFontName() override { return font_.name; }
   void PutFontName(const std::string& name) override;
   float GetFontSize() override { return font_.size; }
@@ -117,7 +117,7 @@ class NativeEngine final : public PrintEngine,
   double GetTextWidth(const std::string& text) override;
   double GetTextHeight(const std::string& text) override;
 
-  // --- Paper and margins (paper_properties.cpp) ---------------------------------------------
+  // --- Paper and margins (engine_paper.cpp) -----------------------------------------------
   std::int32_t GetOrientation() override;
   void PutOrientation(std::int32_t orientation) override;
   void PutPaperWidth(float width) override;
@@ -142,7 +142,7 @@ class NativeEngine final : public PrintEngine,
   Variant GetMarginBottom() override { return margins_.bottom; }
   void PutMarginBottom(const Variant& margin) override;
 
-  // --- Drawing (drawing.cpp) ----------------------------------------------------------------
+  // --- Drawing (engine_drawing.cpp) -------------------------------------------------------
   void PutPenStyle(std::int32_t style) override;
   void PutPenWidth(const Variant& width) override;
   std::int32_t GetPenColor() override { return penColor_; }  // as it was put
@@ -163,7 +163,7 @@ class NativeEngine final : public PrintEngine,
   void PutY2(double y) override;
   void PutPicture(const ObjectRef& picture) override;
 
-  // --- Printers (printers.cpp) --------------------------------------------------------------
+  // --- Printers (engine_printing.cpp) -----------------------------------------------------
   std::string GetDevices(std::int16_t index) override;
   std::int16_t GetNDevices() override;
   std::string GetDevice() override;
@@ -181,12 +181,12 @@ class NativeEngine final : public PrintEngine,
   PrintCommandOutcome EndSeries() override;
   std::string GetPrinterCondition() override { return printers_.Condition(); }
 
-  // --- Windows (engine_windows.cpp) ---------------------------------------------------------
+  // --- Windows (engine_windows.cpp) -------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;
   // In the window's own size. The print position stays.
   void PutRenderControl(const std::int32_t& window) override;
 
-  // --- The preview surface (preview.cpp) ----------------------------------------------------
+  // --- The preview surface (engine_preview.cpp) -------------------------------------------
   std::int16_t GetPreviewPage() override;
   void PutPreviewPage(const std::int16_t& page) override;
   double GetZoom() override;
