@@ -1,6 +1,6 @@
 // NativeEngine's own dialogs, and windows that are drawn into the document.
-#include "engine/native/dialogs/engine_dialogs.h"
 #include "engine/native/native_engine.h"
+#include "engine/native/setup/engine_dialogs.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {

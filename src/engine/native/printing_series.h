@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "engine/native/dialogs/print_progress.h"
+#include "engine/native/setup/print_progress.h"
 #include "engine/native/spool/document_printing.h"
 #include "engine/print_series.h"
 

@@ -1,11 +1,11 @@
-#include "engine/native/dialogs/page_setup_form.h"
+#include "engine/native/setup/page_setup_form.h"
 
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "engine/native/dialogs/dialog_controls.h"
-#include "engine/native/dialogs/millimetres.h"
+#include "engine/native/setup/dialog_controls.h"
+#include "engine/native/setup/millimetres.h"
 #include "values/conversions.h"
 
 namespace pagivo::native {

@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/engine_changes.h"
+#include "engine/native/setup/engine_changes.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
-#include "engine/native/dialogs/engine_dialogs.h"
+#include "engine/native/setup/engine_dialogs.h"
 
-#include "engine/native/dialogs/page_setup_form.h"
-#include "engine/native/dialogs/printer_setup_form.h"
+#include "engine/native/setup/page_setup_form.h"
+#include "engine/native/setup/printer_setup_form.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {

@@ -1,13 +1,13 @@
-#include "engine/native/dialogs/paper_form.h"
+#include "engine/native/setup/paper_form.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <utility>
 
-#include "engine/native/dialogs/millimetres.h"
-#include "engine/native/dialogs/paper_titles.h"
 #include "engine/native/document/paper_sizes.h"
+#include "engine/native/setup/millimetres.h"
+#include "engine/native/setup/paper_titles.h"
 #include "values/conversions.h"
 #include "values/errors_ignored.h"
 

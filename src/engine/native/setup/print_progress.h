@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "engine/native/dialogs/print_progress_form.h"
+#include "engine/native/setup/print_progress_form.h"
 
 namespace pagivo::native {
 

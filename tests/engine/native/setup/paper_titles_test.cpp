@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/paper_titles.h"
+#include "engine/native/setup/paper_titles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "engine/native/dialogs/printer_setup_form.h"
+#include "engine/native/setup/printer_setup_form.h"
 
 #include <algorithm>
 #include <cstddef>
 
-#include "engine/native/dialogs/paper_titles.h"
-#include "engine/native/dialogs/setup_dialog_test.h"
+#include "engine/native/setup/paper_titles.h"
+#include "engine/native/setup/setup_dialog_test.h"
 #include "pagivo/error.h"
 #include "window/key_codes.h"
 

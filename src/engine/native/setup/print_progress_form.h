@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "engine/native/dialogs/progress_bar.h"
+#include "engine/native/setup/progress_bar.h"
 #include "window/form.h"
 
 namespace pagivo::native {

@@ -1,9 +1,9 @@
-#include "engine/native/dialogs/printer_setup_form.h"
+#include "engine/native/setup/printer_setup_form.h"
 
 #include <array>
 #include <utility>
 
-#include "engine/native/dialogs/dialog_controls.h"
+#include "engine/native/setup/dialog_controls.h"
 #include "engine/print_series.h"
 #include "values/errors_ignored.h"
 

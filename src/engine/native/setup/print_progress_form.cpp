@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/print_progress_form.h"
+#include "engine/native/setup/print_progress_form.h"
 
 #include <array>
 #include <string_view>

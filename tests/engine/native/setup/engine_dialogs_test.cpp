@@ -1,6 +1,6 @@
-#include "engine/native/dialogs/engine_dialogs.h"
+#include "engine/native/setup/engine_dialogs.h"
 
-#include "engine/native/dialogs/setup_dialog_test.h"
+#include "engine/native/setup/setup_dialog_test.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {

@@ -1,9 +1,9 @@
-#include "engine/native/dialogs/paper_titles.h"
+#include "engine/native/setup/paper_titles.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "engine/native/dialogs/millimetres.h"
+#include "engine/native/setup/millimetres.h"
 
 namespace pagivo::native {
 namespace {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "engine/native/dialogs/paper_form.h"
+#include "engine/native/setup/paper_form.h"
 
 namespace pagivo::native {
 

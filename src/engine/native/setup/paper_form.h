@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/native/dialogs/engine_changes.h"
+#include "engine/native/setup/engine_changes.h"
 #include "engine/print_engine.h"
 #include "window/combo_box.h"
 #include "window/form.h"

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/native/dialogs/engine_dialogs.h"
+#include "engine/native/setup/engine_dialogs.h"
 #include "support/operation_log.h"
 #include "support/recording_engine.h"
 #include "support/trial_windows.h"

@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/progress_bar.h"
+#include "engine/native/setup/progress_bar.h"
 
 #include <algorithm>
 #include <cmath>

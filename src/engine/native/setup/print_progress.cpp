@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/print_progress.h"
+#include "engine/native/setup/print_progress.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/page_picture.h"
+#include "engine/native/setup/page_picture.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "engine/native/dialogs/millimetres.h"
+#include "engine/native/setup/millimetres.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // What holds for the layout of every dialog of the engine.
 #include <set>
 
-#include "engine/native/dialogs/page_setup_form.h"
-#include "engine/native/dialogs/printer_setup_form.h"
-#include "engine/native/dialogs/setup_dialog_test.h"
+#include "engine/native/setup/page_setup_form.h"
+#include "engine/native/setup/printer_setup_form.h"
+#include "engine/native/setup/setup_dialog_test.h"
 
 namespace pagivo::native {
 namespace {

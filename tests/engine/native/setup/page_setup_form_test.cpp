@@ -1,9 +1,9 @@
-#include "engine/native/dialogs/page_setup_form.h"
+#include "engine/native/setup/page_setup_form.h"
 
 #include <map>
 
-#include "engine/native/dialogs/millimetres.h"
-#include "engine/native/dialogs/setup_dialog_test.h"
+#include "engine/native/setup/millimetres.h"
+#include "engine/native/setup/setup_dialog_test.h"
 #include "pagivo/error.h"
 #include "values/conversions.h"
 #include "window/key_codes.h"

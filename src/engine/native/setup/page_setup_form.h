@@ -6,8 +6,8 @@
 #include <memory>
 #include <string_view>
 
-#include "engine/native/dialogs/page_picture.h"
-#include "engine/native/dialogs/paper_form.h"
+#include "engine/native/setup/page_picture.h"
+#include "engine/native/setup/paper_form.h"
 #include "window/text_box.h"
 
 namespace pagivo::native {

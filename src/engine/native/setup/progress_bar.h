@@ -1,7 +1,7 @@
 // A bar that is filled from the left as far as the work is done.
 #pragma once
 
-#include "engine/native/dialogs/still_content.h"
+#include "engine/native/setup/still_content.h"
 
 namespace pagivo::native {
 
