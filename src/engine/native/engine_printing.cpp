@@ -30,6 +30,10 @@ std::string NativeEngine::GetPort() {
   return printers_.Port();
 }
 
+bool NativeEngine::TakesPaper(const std::string& printer, std::int32_t code) {
+  return SupportsPaper(printers_.MediaOf(printer), code);
+}
+
 void NativeEngine::PutCopies(std::int16_t copies) {
   if (copies < 1) ThrowInvalidPropertyValue("Copies");
   copies_ = copies;

@@ -66,7 +66,7 @@ class PreviewObserver {
 // as watermarks do, is fitted to its new size.
 class NativeEngine final : public PrintEngine,
                            public PrintSeries,
-                           public PrinterCondition,
+                           public PrinterQuestions,
                            public std::enable_shared_from_this<NativeEngine> {
  public:
   static constexpr std::int32_t kMaximumPages = 32767;
@@ -179,7 +179,11 @@ class NativeEngine final : public PrintEngine,
   // A PrintDoc outside a series is a series of its own.
   void BeginSeries(std::int32_t copies) override;
   PrintCommandOutcome EndSeries() override;
-  std::string GetPrinterCondition() override { return printers_.Condition(); }
+  std::string PortOf(const std::string& printer) override { return printers_.PortOf(printer); }
+  bool TakesPaper(const std::string& printer, std::int32_t code) override;
+  std::string ConditionOf(const std::string& printer) override {
+    return printers_.ConditionOf(printer);
+  }
 
   // --- Windows (engine_windows.cpp) -------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;

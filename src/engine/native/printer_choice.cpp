@@ -9,7 +9,7 @@
 namespace pagivo::native {
 namespace {
 
-// What is read, or its like of nothing when the server cannot be reached.
+// Reads something of the server; an empty value stands for it while the server cannot be reached.
 template <typename Read>
 auto ReadOrNothing(Read&& read) -> decltype(read()) {
   try {
@@ -55,35 +55,46 @@ std::string PrinterChoice::Current() {
 }
 
 // A printer that is not in the list may have come since it was read.
-void PrinterChoice::Choose(const std::string& name) {
+const Printer& PrinterChoice::Require(const std::string& name) {
   if (!server_) ThrowNoSuchPrinter(name);
-  if (Find(name) == nullptr) {
+  const Printer* printer = Find(name);
+  if (printer == nullptr) {
     server_->Refresh();
-    if (Find(name) == nullptr) ThrowNoSuchPrinter(name);
+    printer = Find(name);
   }
+  if (printer == nullptr) ThrowNoSuchPrinter(name);
+  return *printer;
+}
+
+void PrinterChoice::Choose(const std::string& name) {
+  Require(name);
   chosen_ = name;
 }
 
-std::string PrinterChoice::AskCurrent(std::string (*question)(const Printer& printer)) {
+std::string PrinterChoice::AskOf(const std::string& name,
+                                 std::string (*question)(const Printer& printer)) {
   if (!server_) return {};
   return ReadOrNothing([&] {
-    const Printer* printer = Find(Current());
+    const Printer* printer = Find(name);
     return printer == nullptr ? std::string() : question(*printer);
   });
 }
 
 std::string PrinterChoice::Port() {
-  return AskCurrent([](const Printer& printer) { return printer.deviceAddress; });
+  return AskOf(Current(), [](const Printer& printer) { return printer.deviceAddress; });
 }
 
-std::string PrinterChoice::Condition() {
-  return AskCurrent(ConditionOf);
+std::string PrinterChoice::PortOf(const std::string& name) {
+  return Require(name).deviceAddress;
 }
 
-PrinterMedia PrinterChoice::Media() {
-  const std::string current = Current();
-  if (current.empty()) return {};
-  return ReadOrNothing([&] { return server_->MediaOf(current); });
+std::string PrinterChoice::ConditionOf(const std::string& name) {
+  return AskOf(name, native::ConditionOf);
+}
+
+PrinterMedia PrinterChoice::MediaOf(const std::string& name) {
+  if (!server_ || name.empty()) return {};
+  return ReadOrNothing([&] { return server_->MediaOf(name); });
 }
 
 SentJobs PrinterChoice::Print(const Document& document, PrintRequest request,

@@ -24,21 +24,26 @@ class PrinterChoice {
   std::string Current();
   // Raises ErrorNumber::PrinterFailure for a printer that does not exist.
   void Choose(const std::string& name);
+
   // The current printer's address; empty when there is none.
   std::string Port();
-  // The current printer's; of no printer nothing is known.
-  PrinterMedia Media();
+  // The current printer's; empty when there is none.
+  PrinterMedia Media() { return MediaOf(Current()); }
 
-  // What the current printer says of itself (see spool/printer_condition.h); empty when there is
-  // none.
-  std::string Condition();
+  // Any printer's address. Raises ErrorNumber::PrinterFailure for a printer that does not exist.
+  std::string PortOf(const std::string& name);
+  // Any printer's; empty when nothing is known of it.
+  PrinterMedia MediaOf(const std::string& name);
+  // What any printer says of itself (see spool/printer_condition.h); empty when nothing is known.
+  std::string ConditionOf(const std::string& name);
 
   // On the current printer, whatever `request` names. Raises ErrorNumber::PrinterFailure.
   SentJobs Print(const Document& document, PrintRequest request, const PrintWatcher& watcher);
 
  private:
   const Printer* Find(const std::string& name);
-  std::string AskCurrent(std::string (*question)(const Printer& printer));
+  const Printer& Require(const std::string& name);
+  std::string AskOf(const std::string& name, std::string (*question)(const Printer& printer));
   std::string UsualPrinter();
 
   std::shared_ptr<PrintServer> server_;

@@ -49,6 +49,26 @@ TEST_F(EnginePrintersTest, WithoutADefaultPrinterItHasTheFirst) {
   EXPECT_EQ(fresh->GetDevice(), "Balie");
 }
 
+TEST_F(EnginePrintersTest, AnyPrinterCanBeAskedAboutAndTheEngineKeepsItsOwn) {
+  server->printers.back().acceptsJobs = false;
+  server->media["Tekenkamer"].media = {{.size = {42000, 59400}, .margins = {}}};
+  EXPECT_EQ(engine->PortOf("Tekenkamer"), "Tekenkamer!");
+  EXPECT_FALSE(engine->TakesPaper("Tekenkamer", kPaperA4));
+  EXPECT_TRUE(engine->TakesPaper("Balie", kPaperA4));
+  EXPECT_EQ(engine->ConditionOf("Tekenkamer"), "Deze printer neemt geen afdruktaken aan");
+  EXPECT_EQ(engine->ConditionOf("Balie"), "");
+  EXPECT_EQ(engine->GetDevice(), "Balie");
+}
+
+TEST_F(EnginePrintersTest, OfAPrinterThatIsGoneOrCannotBeAskedNothingIsKnown) {
+  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->PortOf("Weg"); });
+  EXPECT_EQ(engine->ConditionOf("Weg"), "");
+  server->isAway = true;
+  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->PortOf("Balie"); });
+  EXPECT_TRUE(engine->TakesPaper("Balie", kPaperA4));
+  EXPECT_EQ(engine->ConditionOf("Balie"), "");
+}
+
 TEST_F(EnginePrintersTest, ComposingAsksNothing) {
   server->questions = 0;
   for (int page = 0; page < 10; ++page) {

@@ -68,8 +68,8 @@ class BorrowedPrinter {
 constexpr const char* kNoSuchPaper = "Deze printer heeft dit papierformaat niet";
 
 std::string ConditionOf(PrintEngine& engine) {
-  auto* condition = dynamic_cast<PrinterCondition*>(&engine);
-  return condition == nullptr ? std::string() : condition->GetPrinterCondition();
+  auto* printers = dynamic_cast<PrinterQuestions*>(&engine);
+  return printers == nullptr ? std::string() : printers->ConditionOf(engine.GetDevice());
 }
 
 std::string JoinLines(std::string one, const std::string& other) {
