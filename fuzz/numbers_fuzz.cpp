@@ -8,7 +8,7 @@
 
 #include "engine/native/document/point_list.h"
 #include "pagivo/error.h"
-#include "values/conversions.h"
+#include "values/number_text.h"
 
 namespace {
 

@@ -9,9 +9,7 @@
 #include "preview/preview_form.h"
 #include "state/module_state.h"
 #include "values/conversions.h"
-#include "values/errors_ignored.h"
-#include "values/errors_reported.h"
-#include "values/integer_arithmetic.h"
+#include "values/errors.h"
 #include "values/variant_arithmetic.h"
 
 namespace pagivo {

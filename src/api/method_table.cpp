@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "values/errors_reported.h"
+#include "values/errors.h"
 
 namespace pagivo {
 

@@ -1,6 +1,7 @@
 // The life of a document.
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
+#include "values/characters.h"
 
 namespace pagivo {
 

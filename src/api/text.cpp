@@ -3,6 +3,7 @@
 
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
+#include "values/characters.h"
 
 namespace pagivo {
 

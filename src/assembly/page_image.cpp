@@ -8,7 +8,7 @@
 #include "engine/native/raster/png_file.h"
 #include "pagivo/error.h"
 #include "preview/preview_form.h"
-#include "values/errors_reported.h"
+#include "values/errors.h"
 
 namespace pagivo {
 namespace {

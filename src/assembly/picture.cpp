@@ -1,7 +1,7 @@
 #include "pagivo/picture.h"
 
 #include "platform/platform.h"
-#include "values/errors_reported.h"
+#include "values/errors.h"
 
 namespace pagivo {
 

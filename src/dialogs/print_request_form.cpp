@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "values/conversions.h"
+#include "values/number_text.h"
 
 namespace pagivo {
 

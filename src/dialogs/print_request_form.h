@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 #include "window/form.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"

@@ -1,6 +1,6 @@
 #include "dialogs/zet_lettertype.h"
 
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo {
 

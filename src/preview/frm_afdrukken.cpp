@@ -8,7 +8,7 @@
 #include "preview/toolbar_design.h"
 #include "preview/watermark_files.h"
 #include "values/conversions.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 #include "window/key_codes.h"
 
 namespace pagivo {

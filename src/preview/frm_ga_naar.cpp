@@ -10,8 +10,10 @@
 
 #include "dialogs/zet_lettertype.h"
 #include "state/module_state.h"
+#include "values/characters.h"
 #include "values/conversions.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
+#include "values/number_text.h"
 
 namespace pagivo {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "engine/print_engine.h"
-#include "values/integer_arithmetic.h"
+#include "values/conversions.h"
 
 namespace pagivo {
 

@@ -7,7 +7,6 @@
 #include "preview/last_page.h"
 #include "state/module_state.h"
 #include "values/conversions.h"
-#include "values/integer_arithmetic.h"
 #include "window/key_codes.h"
 
 namespace pagivo {

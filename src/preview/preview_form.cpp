@@ -7,7 +7,7 @@
 
 #include "state/module_state.h"
 #include "values/conversions.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo {
 

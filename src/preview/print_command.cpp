@@ -7,7 +7,7 @@
 #include "preview/preview_form.h"
 #include "preview/print_copies.h"
 #include "state/module_state.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo {
 

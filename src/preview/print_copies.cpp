@@ -2,7 +2,7 @@
 
 #include "engine/print_series.h"
 #include "state/module_state.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo {
 

@@ -1,10 +1,9 @@
-// Conversions between kinds of values: those of Variant by other names, so that a number and a
-// Variant are converted alike, and what they are made of.
+// Conversions between kinds of values. Those of Variant stand here by other names, so that a number
+// and a Variant are converted alike.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "pagivo/variant.h"
 
@@ -44,25 +43,12 @@ inline ObjectRef ToObject(const Variant& value) {
 // Gives `variable` a value in its own kind, or in the value's where its own cannot hold that.
 void AssignKeepingKind(Variant& variable, const Variant& value);
 
-// The general number format: at most seven significant digits for a Single, fifteen for a Double,
-// no trailing zeros, an exponent below 1E-04 and beyond the digits ("1,5E+07"). A negative zero is
-// "0"; infinity and NaN give words without digits, which ParseNumber refuses.
-std::string FormatGeneral(float value, char decimalSeparator);
-std::string FormatGeneral(double value, char decimalSeparator);
+// The nearest whole number, exact halves to the even neighbour, whatever rounding mode the host has
+// set. Infinity and NaN stay as they are.
+double RoundToEven(double value);
 
-// The whole text as a number, blanks around it allowed, in the regional notation: a sign, digits
-// with the regional decimal separator and no other, an exponent. Raises TypeMismatch when it is
-// none, Overflow beyond Double; what is too small for a Double is 0.
-double ParseNumber(std::string_view text);
-
-// The number at the start of a text, with a decimal point whatever the regional settings; 0 when
-// there is none. Blanks, tabs and line breaks are skipped wherever they stand. Raises Overflow
-// beyond Double.
-double LeadingNumber(std::string_view text);
-
-// Leading, trailing, or both kinds of blanks (U+0020 only) removed.
-std::string_view TrimLeft(std::string_view text);
-std::string_view TrimRight(std::string_view text);
-std::string_view Trim(std::string_view text);
+// Arithmetic on 16-bit Integers. A result outside their range raises ErrorNumber::Overflow.
+std::int16_t AddIntegers(std::int16_t left, std::int16_t right);
+std::int16_t SubtractIntegers(std::int16_t left, std::int16_t right);
 
 }  // namespace pagivo

@@ -1,6 +1,6 @@
 #include "values/late_binding.h"
 
-#include "values/letter_case.h"
+#include "values/characters.h"
 
 namespace pagivo {
 
@@ -64,6 +64,20 @@ bool IsAskedFor(const MemberSignature& signature, std::int32_t dispatchId) {
 
 void ThrowUnknownMember(std::int32_t dispatchId) {
   ThrowUnknownMember("dispatch-id " + std::to_string(dispatchId));
+}
+
+Object::~Object() = default;
+
+Variant Object::GetMember(std::string_view name) {
+  ThrowUnknownMember(name);
+}
+
+void Object::PutMember(std::string_view name, const Variant&) {
+  ThrowUnknownMember(name);
+}
+
+Variant Object::CallMember(std::string_view name, std::span<Variant>) {
+  ThrowUnknownMember(name);
 }
 
 }  // namespace pagivo

@@ -11,7 +11,7 @@
 
 #include "pagivo/pg_print.h"
 #include "support/read_file.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo {
 namespace {

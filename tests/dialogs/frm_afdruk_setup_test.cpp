@@ -1,7 +1,7 @@
 #include "dialogs/frm_afdruk_setup.h"
 
 #include "dialogs/dialog_test.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::testing {
 namespace {

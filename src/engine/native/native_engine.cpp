@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "pagivo/error.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 

@@ -80,7 +80,7 @@ class NativeEngine final : public PrintEngine,
   // The document has been ended. A page may be reopened.
   bool IsComplete() const noexcept;
   // False when memory ran out while the document was composed or drawn over and the statement was
-  // lost (values/errors_ignored.h), so that something of it is missing.
+  // lost (values/errors.h), so that something of it is missing.
   bool IsWhole() const noexcept;
   // Raises ErrorNumber::OutOfMemory when it is not.
   void RequireWhole() const;

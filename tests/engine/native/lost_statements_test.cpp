@@ -5,7 +5,7 @@
 #include "engine/native/spool/memory_print_server.h"
 #include "engine/native/surface_test.h"
 #include "support/scratch_folder.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 namespace {

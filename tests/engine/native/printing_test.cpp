@@ -13,7 +13,7 @@
 
 #include "engine/native/engine_test.h"
 #include "engine/native/spool/memory_print_server.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 #include "window/headless/headless_user.h"
 #include "window/headless/headless_windows.h"
 

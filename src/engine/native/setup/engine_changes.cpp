@@ -1,6 +1,6 @@
 #include "engine/native/setup/engine_changes.h"
 
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "values/conversions.h"
+#include "values/characters.h"
 
 namespace pagivo::native {
 

@@ -9,7 +9,7 @@
 #include "engine/native/setup/millimetres.h"
 #include "engine/native/setup/paper_titles.h"
 #include "values/conversions.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 namespace {

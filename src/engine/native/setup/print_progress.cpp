@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 

@@ -5,7 +5,7 @@
 
 #include "engine/native/setup/dialog_controls.h"
 #include "engine/print_series.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 namespace {

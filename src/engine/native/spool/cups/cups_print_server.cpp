@@ -6,7 +6,7 @@
 
 #include "engine/native/spool/cups/default_printer.h"
 #include "engine/native/spool/print_failures.h"
-#include "values/errors_ignored.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 namespace {

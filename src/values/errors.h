@@ -1,7 +1,10 @@
-// "Errors ignored": a failing statement is lost alone, and execution goes on with the next one.
+// What becomes of errors: the two rules by which a call lets them through or loses them.
 //
+// "Errors ignored": a failing statement is lost alone, and execution goes on with the next one.
 // Each statement that may fail stands alone in IgnoringErrors; a condition that may fail is tested
 // by TrueOnError and continues in its true branch when the test itself fails.
+//
+// "Errors reported": whatever fails in a call reaches the host as an Error.
 #pragma once
 
 #include <cstdint>
@@ -33,6 +36,19 @@ bool TrueOnError(Condition&& condition) {
   } catch (...) {
     CountLostStatement();
     return true;
+  }
+}
+
+// Raises the exception that is being handled: as it is if it is an Error, for want of memory as
+// ErrorNumber::OutOfMemory, any other as ErrorNumber::InvalidArgument with its own description.
+[[noreturn]] void RaiseAsError();
+
+template <typename Call>
+decltype(auto) ReportingErrors(Call&& call) {
+  try {
+    return std::forward<Call>(call)();
+  } catch (...) {
+    RaiseAsError();
   }
 }
 

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
+#include "values/characters.h"
 
-#include "values/conversions.h"
+#include <gtest/gtest.h>
 
 namespace pagivo {
 namespace {
@@ -44,6 +44,22 @@ TEST(TrimRight, RemovesTrailingBlanks) {
 
 TEST(Trim, RemovesBothKindsOfBlanks) {
   for (const Trimming& row : kTrimmings) EXPECT_EQ(Trim(row.text), row.both);
+}
+
+TEST(EqualInAnyCase, TakesLatinLettersInEitherCaseForTheSame) {
+  EXPECT_TRUE(EqualInAnyCase("", ""));
+  EXPECT_TRUE(EqualInAnyCase("VsPPLine", "vspplinE"));
+  EXPECT_TRUE(EqualInAnyCase("AZaz09_", "azAZ09_"));
+}
+
+TEST(EqualInAnyCase, TellsOtherTextsApart) {
+  EXPECT_FALSE(EqualInAnyCase("VsPPLine", "VsPPLin"));
+  EXPECT_FALSE(EqualInAnyCase("VsPPLin", "VsPPLine"));
+  EXPECT_FALSE(EqualInAnyCase("a", "b"));
+  // 32 apart like the cases of a letter, yet no letters
+  EXPECT_FALSE(EqualInAnyCase("@", "`"));
+  EXPECT_FALSE(EqualInAnyCase("[", "{"));
+  EXPECT_FALSE(EqualInAnyCase("\xC3\x89", "\xC3\xA9"));
 }
 
 }  // namespace

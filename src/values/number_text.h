@@ -1,0 +1,25 @@
+// Numbers written as text and read from it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace pagivo {
+
+// The general number format: at most seven significant digits for a Single, fifteen for a Double,
+// no trailing zeros, an exponent below 1E-04 and beyond the digits ("1,5E+07"). A negative zero is
+// "0"; infinity and NaN give words without digits, which ParseNumber refuses.
+std::string FormatGeneral(float value, char decimalSeparator);
+std::string FormatGeneral(double value, char decimalSeparator);
+
+// The whole text as a number, blanks around it allowed, in the regional notation: a sign, digits
+// with the regional decimal separator and no other, an exponent. Raises TypeMismatch when it is
+// none, Overflow beyond Double; what is too small for a Double is 0.
+double ParseNumber(std::string_view text);
+
+// The number at the start of a text, with a decimal point whatever the regional settings; 0 when
+// there is none. Blanks, tabs and line breaks are skipped wherever they stand. Raises Overflow
+// beyond Double.
+double LeadingNumber(std::string_view text);
+
+}  // namespace pagivo
