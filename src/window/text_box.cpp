@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "values/utf8.h"
 #include "window/key_codes.h"
 
 namespace pagivo {
@@ -10,7 +11,7 @@ namespace pagivo {
 namespace {
 
 bool StartsCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+  return !ContinuesUtf8(byte);
 }
 
 std::size_t CharactersIn(std::string_view text) {

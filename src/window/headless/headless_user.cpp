@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "values/utf8.h"
 #include "window/combo_box.h"
 #include "window/scroll_bar.h"
 #include "window/text_box.h"
@@ -14,9 +15,7 @@ namespace {
 
 std::string_view FirstCharacter(std::string_view text) {
   std::size_t length = 1;
-  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
-    ++length;
-  }
+  while (length < text.size() && ContinuesUtf8(text[length])) ++length;
   return text.substr(0, length);
 }
 

@@ -12,8 +12,8 @@
 
 namespace pagivo::native {
 
-// Opened once, kept while somebody holds it. Its address identifies it as long. The outlines are
-// TrueType or CFF.
+// A face is opened once and stays open while somebody holds it; for that long its address tells it
+// from others. Its outlines are TrueType or CFF.
 class Face : public std::enable_shared_from_this<Face> {
  public:
   // Raises Error when the file cannot be read as a scalable font.
@@ -28,7 +28,7 @@ class Face : public std::enable_shared_from_this<Face> {
   std::int32_t UnitsPerEm() const noexcept { return unitsPerEm_; }
   const std::string& PostScriptName() const noexcept { return postScriptName_; }
 
-  // The glyph that the face's character map gives for a code point, 0 for none.
+  // The glyph that the face's character map gives for a code point; 0 when it gives none.
   std::uint32_t GlyphOf(char32_t codePoint) const noexcept;
 
  private:

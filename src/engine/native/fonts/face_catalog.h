@@ -37,7 +37,7 @@ class FaceCatalog {
   const Face* Open(const FaceFile& file);
 
   std::unique_ptr<FaceFinder> finder_;
-  // Null: cannot be opened.
+  // A file that cannot be opened as a face has a null one.
   std::map<std::pair<std::string, int>, std::shared_ptr<Face>> faces_;
 };
 
@@ -45,15 +45,15 @@ class FaceCatalog {
 // has the character.
 class FaceChoice {
  public:
-  // `query` without a code point. `catalog` must outlive the choice.
-  // It holds the faces that it gives.
+  // `query` names no code point. `catalog` must outlive the choice, which holds the faces that it
+  // gives.
   FaceChoice(FaceCatalog& catalog, FaceQuery query, const StyledFace& primary)
       : catalog_(catalog), query_(std::move(query)), primary_(primary) {
     Hold(primary);
   }
 
   const StyledFace& Primary() const noexcept { return primary_; }
-  // The primary face, too, for a character that no face has. Remembers its answers.
+  // A character that no face has gets the primary face. The answers are remembered.
   StyledFace FaceFor(char32_t codePoint);
 
  private:

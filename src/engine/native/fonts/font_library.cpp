@@ -1,5 +1,7 @@
 #include "engine/native/fonts/font_library.h"
 
+#include <hb-ot.h>
+
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -7,12 +9,35 @@
 
 #include "engine/native/fonts/advance_table.h"
 #include "engine/native/fonts/face_catalog.h"
-#include "engine/native/fonts/font_metrics.h"
 #include "engine/native/fonts/shaper.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
 namespace {
+
+double MetricOf(const Face& face, hb_ot_metrics_tag_t tag) {
+  hb_position_t value = 0;
+  if (!hb_ot_metrics_get_position(face.HarfBuzzFont(), tag, &value)) return 0;
+  return static_cast<double>(value) / face.UnitsPerEm();
+}
+
+void ReadLines(const Face& face, FontMetrics& metrics) {
+  const double ascent = MetricOf(face, HB_OT_METRICS_TAG_HORIZONTAL_ASCENDER);
+  const double descent = -MetricOf(face, HB_OT_METRICS_TAG_HORIZONTAL_DESCENDER);
+  const double gap = MetricOf(face, HB_OT_METRICS_TAG_HORIZONTAL_LINE_GAP);
+  const bool sane = ascent > 0 && ascent + descent > 0;
+  metrics.ascent = sane ? ascent : 0.8;
+  metrics.lineSpacing = sane ? ascent + descent + std::max(gap, 0.0) : 1.2;
+}
+
+// The table gives the line's upper edge. A face without a sane line gets one as most faces have.
+void ReadUnderline(const Face& face, FontMetrics& metrics) {
+  const double thickness = MetricOf(face, HB_OT_METRICS_TAG_UNDERLINE_SIZE);
+  const double center = -MetricOf(face, HB_OT_METRICS_TAG_UNDERLINE_OFFSET) + thickness / 2;
+  const bool sane = thickness > 0 && thickness < 0.25 && center > 0 && center < 0.5;
+  metrics.underlineThickness = sane ? thickness : 0.05;
+  metrics.underlinePosition = sane ? center : 0.125;
+}
 
 class LibraryFont final : public Font {
  public:
@@ -30,7 +55,7 @@ class LibraryFont final : public Font {
     line.runs.clear();
     if (text.empty()) return;
     line.runs.push_back(
-        {face, emboldened, slanted, 0, static_cast<std::uint32_t>(line.glyphs.size())});
+        {face, emboldened, slanted, false, 0, static_cast<std::uint32_t>(line.glyphs.size())});
   }
 
   double Width(std::string_view text) override {
@@ -65,6 +90,13 @@ class LibraryFont final : public Font {
 }
 
 }  // namespace
+
+FontMetrics ReadFontMetrics(const Face& face) {
+  FontMetrics metrics;
+  ReadLines(face, metrics);
+  ReadUnderline(face, metrics);
+  return metrics;
+}
 
 struct FontLibrary::Implementation {
   struct FoundFont {

@@ -28,11 +28,12 @@ struct ShapedGlyph {
   std::uint32_t textEnd = 0;    // for; several glyphs of one cluster carry the same range
 };
 
-// Glyphs of one face that stand side by side.
+// Glyphs of one face and direction that stand side by side.
 struct ShapedRun {
   const Face* face = nullptr;    // held by the font that shaped the line
   bool emboldened = false;       // bold was asked for and the face has none: players thicken it
   bool slanted = false;          // likewise for italic
+  bool rightToLeft = false;      // the text runs so: the glyphs stand against its order
   std::uint32_t glyphBegin = 0;  // into ShapedLine::glyphs
   std::uint32_t glyphEnd = 0;
 };
@@ -56,6 +57,8 @@ struct FontMetrics {
   double underlinePosition = 0;  // of the underline's centre, below the baseline
   double underlineThickness = 0;
 };
+
+FontMetrics ReadFontMetrics(const Face& face);
 
 // How far players slant and thicken a face that lacks the style that was asked for.
 inline constexpr double kSlant = 0.2;                // tangent of the angle

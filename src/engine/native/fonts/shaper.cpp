@@ -1,17 +1,147 @@
 #include "engine/native/fonts/shaper.h"
 
+#include <fribidi.h>
 #include <hb-ot.h>
 
+#include <algorithm>
 #include <iterator>
 #include <new>
 #include <utility>
 
+#include "pagivo/error.h"
+#include "values/utf8.h"
+
 namespace pagivo::native {
 namespace {
 
+// --- Cutting a line into runs
+
+using Levels = std::vector<FriBidiLevel>;
+
+bool RunsFromLeftToRight(const std::vector<FriBidiCharType>& types) {
+  return std::none_of(types.begin(), types.end(), [](FriBidiCharType type) {
+    return FRIBIDI_IS_RTL(type) || FRIBIDI_IS_ARABIC(type) || FRIBIDI_IS_EXPLICIT(type) ||
+           FRIBIDI_IS_ISOLATE(type);
+  });
+}
+
+// The embedding levels of the line taken as one paragraph, whose direction is that of its first
+// strong character. Without anything that runs from right to left all is one level, so that
+// numbers do not come apart from the signs around them.
+Levels LevelsOf(const std::vector<std::uint32_t>& codePoints) {
+  const auto count = static_cast<FriBidiStrIndex>(codePoints.size());
+  Levels levels(codePoints.size(), 0);
+  std::vector<FriBidiCharType> types(codePoints.size());
+  fribidi_get_bidi_types(codePoints.data(), count, types.data());
+  if (RunsFromLeftToRight(types)) return levels;
+  std::vector<FriBidiBracketType> brackets(codePoints.size());
+  fribidi_get_bracket_types(codePoints.data(), count, types.data(), brackets.data());
+  FriBidiParType direction = FRIBIDI_PAR_ON;
+  // Reordering the whole line here only puts trailing blanks at the paragraph's end; the runs,
+  // which faces and scripts cut further, are reordered later.
+  const bool resolved = fribidi_get_par_embedding_levels_ex(types.data(), brackets.data(), count,
+                                                            &direction, levels.data()) != 0 &&
+                        fribidi_reorder_line(FRIBIDI_FLAGS_DEFAULT, types.data(), count, 0,
+                                             direction, levels.data(), nullptr, nullptr) != 0;
+  if (!resolved) throw Error(ErrorNumber::OutOfMemory, "Onvoldoende geheugen");
+  return levels;
+}
+
+bool IsReal(hb_script_t script) {
+  return script != HB_SCRIPT_COMMON && script != HB_SCRIPT_INHERITED;
+}
+
+// Signs and marks take the script before them, at the line's start the one after them. A line of
+// signs alone is Latin, as its digits and points would be inside a word.
+std::vector<hb_script_t> ScriptsOf(const std::vector<std::uint32_t>& codePoints) {
+  hb_unicode_funcs_t* unicode = hb_unicode_funcs_get_default();
+  std::vector<hb_script_t> scripts;
+  scripts.reserve(codePoints.size());
+  for (const std::uint32_t codePoint : codePoints) {
+    scripts.push_back(hb_unicode_script(unicode, codePoint));
+  }
+  const auto first = std::find_if(scripts.begin(), scripts.end(), IsReal);
+  hb_script_t current = first != scripts.end() ? *first : HB_SCRIPT_LATIN;
+  for (hb_script_t& script : scripts) {
+    if (IsReal(script)) current = script;
+    script = current;
+  }
+  return scripts;
+}
+
+// Marks, joiners and variation selectors say something about the character before them, so they
+// must come from its face.
+bool BelongsToItsPredecessor(std::uint32_t codePoint) {
+  switch (hb_unicode_general_category(hb_unicode_funcs_get_default(), codePoint)) {
+    case HB_UNICODE_GENERAL_CATEGORY_NON_SPACING_MARK:
+    case HB_UNICODE_GENERAL_CATEGORY_SPACING_MARK:
+    case HB_UNICODE_GENERAL_CATEGORY_ENCLOSING_MARK:
+    case HB_UNICODE_GENERAL_CATEGORY_FORMAT:
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::vector<StyledFace> FacesOf(const std::vector<std::uint32_t>& codePoints, FaceChoice& choice) {
+  std::vector<StyledFace> faces;
+  faces.reserve(codePoints.size());
+  for (const std::uint32_t codePoint : codePoints) {
+    const bool follows = !faces.empty() && BelongsToItsPredecessor(codePoint);
+    faces.push_back(follows ? faces.back() : choice.FaceFor(codePoint));
+  }
+  return faces;
+}
+
+// Rule L2 of the Unicode bidirectional algorithm, for whole runs.
+void Reorder(std::vector<TextRun>& runs) {
+  std::int8_t highest = 0;
+  for (const TextRun& run : runs) highest = std::max(highest, run.level);
+  for (std::int8_t level = highest; level > 0; --level) {
+    const auto isLower = [level](const TextRun& run) { return run.level < level; };
+    for (auto begin = runs.begin(); begin != runs.end();) {
+      begin = std::find_if_not(begin, runs.end(), isLower);
+      const auto end = std::find_if(begin, runs.end(), isLower);
+      std::reverse(begin, end);
+      begin = end;
+    }
+  }
+}
+
+// Replaces what `line` holds, keeping its storage.
+void Decode(std::string_view text, DecodedLine& line) {
+  line.codePoints.clear();
+  line.offsets.clear();
+  for (std::size_t position = 0; position < text.size();) {
+    const DecodedCodePoint decoded = DecodeUtf8(text, position);
+    line.codePoints.push_back(decoded.codePoint);
+    line.offsets.push_back(static_cast<std::uint32_t>(position));
+    position += decoded.length;
+  }
+  line.offsets.push_back(static_cast<std::uint32_t>(text.size()));
+}
+
+// The runs of a line in visual order, from left to right.
+std::vector<TextRun> Itemize(const DecodedLine& line, FaceChoice& faces) {
+  const Levels levels = LevelsOf(line.codePoints);
+  const std::vector<hb_script_t> scripts = ScriptsOf(line.codePoints);
+  const std::vector<StyledFace> chosen = FacesOf(line.codePoints, faces);
+  std::vector<TextRun> runs;
+  for (std::uint32_t i = 0; i < line.codePoints.size(); ++i) {
+    const bool continues = !runs.empty() && runs.back().face == chosen[i] &&
+                           runs.back().script == scripts[i] && runs.back().level == levels[i];
+    if (!continues) runs.push_back({i, i, chosen[i], scripts[i], levels[i]});
+    runs.back().end = i + 1;
+  }
+  Reorder(runs);
+  return runs;
+}
+
+// --- Shaping a run
+
 hb_segment_properties_t PropertiesOf(const TextRun& run) {
   hb_segment_properties_t properties = HB_SEGMENT_PROPERTIES_DEFAULT;
-  properties.direction = run.level % 2 != 0 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR;
+  properties.direction = run.RunsFromRightToLeft() ? HB_DIRECTION_RTL : HB_DIRECTION_LTR;
   properties.script = run.script;
   // The language of the component's users; the environment's would change the result.
   properties.language = hb_language_from_string("nl", -1);
@@ -30,24 +160,24 @@ constexpr const char* kShapers[] = {"ot", nullptr};
 // The clusters of a run from left to right rise, from right to left they fall.
 void SetTextRanges(std::span<ShapedGlyph> glyphs, const std::vector<std::uint32_t>& offsets,
                    const TextRun& run) {
-  const bool rightToLeft = run.level % 2 != 0;
   std::uint32_t next = run.end;
   std::uint32_t current = run.end;
   for (std::size_t i = glyphs.size(); i-- > 0;) {
-    ShapedGlyph& glyph = glyphs[rightToLeft ? glyphs.size() - 1 - i : i];
+    ShapedGlyph& glyph = glyphs[run.RunsFromRightToLeft() ? glyphs.size() - 1 - i : i];
     if (glyph.textBegin != current) next = std::exchange(current, glyph.textBegin);
     glyph.textBegin = offsets[current];
     glyph.textEnd = offsets[next];
   }
 }
 
-// Players care about the face alone, so a change of script or direction does not show.
-void ExtendRuns(const StyledFace& face, std::uint32_t begin, ShapedLine& line) {
+// Players care about face and direction alone, so a change of script does not show.
+void ExtendRuns(const TextRun& text, std::uint32_t begin, ShapedLine& line) {
   const auto end = static_cast<std::uint32_t>(line.glyphs.size());
-  const ShapedRun run{face.face, face.emboldened, face.slanted, begin, end};
+  const auto& [face, emboldened, slanted] = text.face;
+  const ShapedRun run{face, emboldened, slanted, text.RunsFromRightToLeft(), begin, end};
   const auto continues = [&run](const ShapedRun& last) {
     return last.face == run.face && last.emboldened == run.emboldened &&
-           last.slanted == run.slanted;
+           last.slanted == run.slanted && last.rightToLeft == run.rightToLeft;
   };
   if (!line.runs.empty() && continues(line.runs.back())) {
     line.runs.back().glyphEnd = end;
@@ -121,7 +251,7 @@ void Shaper::Append(const TextRun& run, ShapedLine& line) const {
                            positions[i].y_offset, infos[i].cluster, 0});
   }
   SetTextRanges(std::span(line.glyphs).subspan(begin), decoded_.offsets, run);
-  ExtendRuns(run.face, static_cast<std::uint32_t>(begin), line);
+  ExtendRuns(run, static_cast<std::uint32_t>(begin), line);
 }
 
 }  // namespace pagivo::native

@@ -8,8 +8,8 @@
 
 namespace pagivo::native {
 
-// A number for each such character: Latin up to the extended letters, dashes and quotes, the euro.
-// All of them are of the Latin script or of none, and run from left to right.
+// Each such character has a number. The characters are Latin up to the extended letters, dashes and
+// quotes, and the euro: all of the Latin script or of none, and all written from left to right.
 using Slot = std::uint32_t;
 
 inline constexpr char32_t kLatinEnd = 0x250;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/native/fonts/utf8.h"
+#include "values/utf8.h"
 
 namespace pagivo::native {
 namespace {

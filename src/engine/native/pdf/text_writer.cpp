@@ -4,8 +4,8 @@
 #include <array>
 #include <cmath>
 
-#include "engine/native/fonts/utf8.h"
 #include "engine/native/pdf/text_string.h"
+#include "values/utf8.h"
 
 namespace pagivo::native {
 namespace {
@@ -18,19 +18,6 @@ constexpr double kLargeSize = 15;
 
 constexpr std::string_view kBeginText = "BT\n";
 constexpr std::string_view kEndText = "ET\n";
-
-// Letters that are written from right to left, whose clusters therefore hold their glyphs in
-// reverse.
-bool IsRightToLeft(char32_t codePoint) {
-  return (codePoint >= 0x590 && codePoint < 0x900) || (codePoint >= 0xFB1D && codePoint < 0xFE00) ||
-         (codePoint >= 0xFE70 && codePoint < 0xFF00) ||
-         (codePoint >= 0x10800 && codePoint < 0x11000) ||
-         (codePoint >= 0x1E800 && codePoint < 0x1F000);
-}
-
-bool BeginsRightToLeft(std::string_view text) {
-  return !text.empty() && IsRightToLeft(DecodeUtf8(text, 0).codePoint);
-}
 
 // The part of a line's text that a glyph stands for.
 std::string_view TextOf(const ShapedGlyph& glyph, std::string_view text) {
@@ -176,7 +163,8 @@ double TextWriter::DrawClusters(const ShapedLine& line, std::string_view text,
     styled = &run;
     const std::string_view part = TextOf(glyphs.front(), text);
     const Pen pen{x, placement.baseline};
-    glyphs.size() == 1 ? DrawGlyph(glyphs.front(), part, pen) : DrawCluster(glyphs, part, pen);
+    if (glyphs.size() == 1) return DrawGlyph(glyphs.front(), part, pen);
+    DrawCluster({&run, glyphs, x}, part, pen);
   };
   if (std::ranges::is_sorted(line.glyphs, {}, &ShapedGlyph::textBegin)) {
     return VisitClusters(line, placement, draw);
@@ -240,8 +228,8 @@ void TextWriter::SelectFont(std::uint16_t font) {
 // give, and there are readers that take a mark's glyph for the end of a word. Those readers turn
 // texts that run from right to left around, so there glyphs that have code points speak for
 // themselves.
-void TextWriter::DrawCluster(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
-  if (BeginsRightToLeft(text) && cluster.size() <= CountCodePoints(text)) {
+void TextWriter::DrawCluster(const Cluster& cluster, std::string_view text, Pen pen) {
+  if (cluster.run->rightToLeft && cluster.glyphs.size() <= CountCodePoints(text)) {
     return DrawGlyphs(cluster, text, pen);
   }
   PlacePen(pen);
@@ -254,18 +242,18 @@ void TextWriter::DrawCluster(std::span<const ShapedGlyph> cluster, std::string_v
 
 // In the text's order each glyph stands for one code point and the last for what is left, so that
 // the text comes out as it was written.
-void TextWriter::DrawGlyphs(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen) {
-  const bool rightToLeft = BeginsRightToLeft(text);
+void TextWriter::DrawGlyphs(const Cluster& cluster, std::string_view text, Pen pen) {
+  const std::span<const ShapedGlyph> glyphs = cluster.glyphs;
   std::vector<double> pens;
-  for (const ShapedGlyph& glyph : cluster) {
+  for (const ShapedGlyph& glyph : glyphs) {
     pens.push_back(pen.x);
     pen.x += glyph.advance * unitsToPage_;
   }
-  for (std::size_t i = 0; i < cluster.size(); ++i) {
-    const bool last = i + 1 == cluster.size();
+  for (std::size_t i = 0; i < glyphs.size(); ++i) {
+    const bool last = i + 1 == glyphs.size();
     const std::size_t length = last || text.empty() ? text.size() : DecodeUtf8(text, 0).length;
-    const std::size_t glyph = rightToLeft ? cluster.size() - 1 - i : i;
-    DrawGlyph(cluster[glyph], text.substr(0, length), {pens[glyph], pen.y});
+    const std::size_t glyph = cluster.run->rightToLeft ? glyphs.size() - 1 - i : i;
+    DrawGlyph(glyphs[glyph], text.substr(0, length), {pens[glyph], pen.y});
     text.remove_prefix(length);
   }
 }

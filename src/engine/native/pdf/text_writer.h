@@ -66,8 +66,8 @@ class TextWriter {
   void SetFont(const Face& face, double size);
   void SetEmboldened(bool emboldened, const TextPlacement& placement);
   void SelectFont(std::uint16_t font);
-  void DrawCluster(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen);
-  void DrawGlyphs(std::span<const ShapedGlyph> cluster, std::string_view text, Pen pen);
+  void DrawCluster(const Cluster& cluster, std::string_view text, Pen pen);
+  void DrawGlyphs(const Cluster& cluster, std::string_view text, Pen pen);
   void DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen);
   void PlacePen(Pen pen);
   void StartLine(PdfPoint start, double slant);

@@ -108,6 +108,15 @@ TEST(Shaping, SetsAHebrewWordInALatinLineBackwardsAndTheRestForwards) {
               ElementsAre(0, 1, 4, 2, 6, 7));
 }
 
+TEST(Shaping, TellsWhichRunsStandAgainstTheTextsOrder) {
+  // Arabic letters run from the right, figures of their own from the left.
+  const ShapedLine line = Shape("DejaVu Sans", "a \u0628\u0661\u0662 b");
+  std::vector<bool> directions;
+  for (const ShapedRun& run : line.runs) directions.push_back(run.rightToLeft);
+  EXPECT_THAT(directions, ElementsAre(false, true, false));
+  EXPECT_THAT(BeginningsOf(line), ElementsAre(0, 1, 4, 6, 2, 8, 9));
+}
+
 TEST(Shaping, LeavesTrailingBlanksAtTheEndOfARightToLeftLine) {
   EXPECT_THAT(BeginningsOf(Shape("DejaVu Sans", "\u05D0 1 ")), ElementsAre(4, 3, 2, 0));
   EXPECT_THAT(BeginningsOf(Shape("DejaVu Sans", "a \u05D0  ")), ElementsAre(0, 1, 2, 4, 5));

@@ -7,6 +7,7 @@
 #include "engine/native/spool/cups/cups_print_server.h"
 #include "engine/native/spool/print_failures.h"
 #include "values/errors.h"
+#include "values/utf8.h"
 
 namespace pagivo::native {
 namespace {
@@ -22,7 +23,7 @@ std::string JobName(std::string title) {
   if (title.empty()) return kUnnamed;
   if (title.size() <= kLongestName) return title;
   std::size_t length = kLongestName;
-  while (length > 0 && (static_cast<unsigned char>(title[length]) & 0xC0U) == 0x80) --length;
+  while (length > 0 && ContinuesUtf8(title[length])) --length;
   return title.substr(0, length);
 }
 

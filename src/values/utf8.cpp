@@ -1,6 +1,6 @@
-#include "engine/native/fonts/utf8.h"
+#include "values/utf8.h"
 
-namespace pagivo::native {
+namespace pagivo {
 namespace {
 
 struct LeadByte {
@@ -29,12 +29,12 @@ DecodedCodePoint DecodeUtf8(std::string_view text, std::size_t position) {
   if (lead.length == 0 || position + lead.length > text.size()) return kOffendingByte;
   char32_t codePoint = lead.bits;
   for (std::size_t i = 1; i < lead.length; ++i) {
-    const auto byte = static_cast<unsigned char>(text[position + i]);
-    if ((byte & 0xC0u) != 0x80u) return kOffendingByte;
-    codePoint = codePoint << 6 | (byte & 0x3Fu);
+    const char byte = text[position + i];
+    if (!ContinuesUtf8(byte)) return kOffendingByte;
+    codePoint = codePoint << 6 | (static_cast<unsigned char>(byte) & 0x3Fu);
   }
   if (codePoint < lead.smallest || !IsScalarValue(codePoint)) return kOffendingByte;
   return {codePoint, lead.length};
 }
 
-}  // namespace pagivo::native
+}  // namespace pagivo

@@ -4,7 +4,12 @@
 #include <cstddef>
 #include <string_view>
 
-namespace pagivo::native {
+namespace pagivo {
+
+// Whether the byte goes on with a character instead of beginning one.
+constexpr bool ContinuesUtf8(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 struct DecodedCodePoint {
   char32_t codePoint = 0;
@@ -15,4 +20,4 @@ struct DecodedCodePoint {
 // well-formed sequence (overlong forms and surrogates are not) counts as U+FFFD by itself.
 DecodedCodePoint DecodeUtf8(std::string_view text, std::size_t position);
 
-}  // namespace pagivo::native
+}  // namespace pagivo
