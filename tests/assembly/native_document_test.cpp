@@ -7,13 +7,13 @@
 #include <sstream>
 #include <vector>
 
-#include "engine/native/document/trace_player.h"
 #include "engine/native/native_engine.h"
 #include "pagivo/pg_print.h"
 #include "pagivo/picture.h"
 #include "platform/platform.h"
 #include "preview/preview_form.h"
 #include "support/data/test_data.h"
+#include "support/trace/trace_player.h"
 
 namespace pagivo {
 namespace {

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/native/document/trace_player.h"
 #include "engine/native/native_engine.h"
 #include "pagivo/error.h"
+#include "support/trace/trace_player.h"
 
 namespace pagivo::native {
 

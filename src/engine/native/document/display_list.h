@@ -61,10 +61,6 @@ struct Brush {
   friend bool operator==(const Brush&, const Brush&) = default;
 };
 
-// The dash lengths of a pen, on and off in turn; empty for an unbroken line. One table for every
-// player: multiples of the pen's width (at least that of a hairline).
-std::span<const float> DashMultiples(PenStyle style);
-
 // Part of a circle. Angles are in radians, counter-clockwise from three o'clock, in [0, 2 pi); the
 // arc runs counter-clockwise from start to end. A radius line runs from the centre to that end.
 struct Arc {

@@ -1,6 +1,5 @@
 #include "engine/native/document/document.h"
 
-#include <bit>
 #include <cassert>
 #include <cstring>
 
@@ -8,33 +7,6 @@
 #include "engine/native/document/storage.h"
 
 namespace pagivo::native {
-namespace {
-
-std::size_t Combine(std::size_t hash, std::size_t more) {
-  return (hash ^ more) * 0x9E3779B97F4A7C15ULL;
-}
-
-// 0.0 and -0.0 are equal and must hash alike.
-std::size_t HashOf(float number) {
-  return std::bit_cast<std::uint32_t>(number + 0.0F);
-}
-
-}  // namespace
-
-std::size_t FontHash::operator()(const FontDescription& font) const noexcept {
-  const unsigned styles =
-      unsigned{font.bold} | unsigned{font.italic} << 1 | unsigned{font.underline} << 2;
-  return Combine(Combine(std::hash<std::string>{}(font.name), HashOf(font.size)), styles);
-}
-
-std::size_t PenHash::operator()(const Pen& pen) const noexcept {
-  return Combine(Combine(static_cast<std::size_t>(pen.style), HashOf(pen.width)), pen.color);
-}
-
-std::size_t BrushHash::operator()(const Brush& brush) const noexcept {
-  return Combine(static_cast<std::size_t>(brush.style), brush.color);
-}
-
 Document::Document() : storage_(std::make_unique<Storage>()) {}
 Document::~Document() = default;
 

@@ -1,18 +1,82 @@
-// What a document is made of.
+// What a document is made of: commands in memory that only grows, and tables of the fonts, colours,
+// pens, brushes and pictures that the commands name by number.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
-#include "engine/native/document/arena.h"
 #include "engine/native/document/display_list.h"
 #include "engine/native/document/document.h"
-#include "engine/native/document/intern_table.h"
 
 namespace pagivo::native {
+
+// Memory that only grows and is given back all at once. It hands out stretches of large
+// chunks, and what was handed out never moves.
+class Arena {
+ public:
+  static constexpr std::size_t kChunkSize = 65536;
+
+  // The next free byte, with room for `size` bytes after it. Asking again without Advance gives the
+  // same bytes. Raises std::bad_alloc.
+  std::byte* Reserve(std::size_t size) {
+    if (size > free_) AddChunk(size);
+    return next_;
+  }
+
+  // Takes the first `size` of the reserved bytes.
+  void Advance(std::size_t size) noexcept {
+    next_ += size;
+    free_ -= size;
+  }
+
+  // Bytes of all chunks, used or not.
+  std::size_t Bytes() const noexcept { return bytes_; }
+
+ private:
+  void AddChunk(std::size_t atLeast);
+
+  std::vector<std::unique_ptr<std::byte[]>> chunks_;
+  std::byte* next_ = nullptr;
+  std::size_t free_ = 0;
+  std::size_t bytes_ = 0;
+};
+
+// Values that a document keeps once and refers to by a small index. Indices count from 0 in the
+// order of first use; a value stays where it is until the table goes.
+template <typename Value, typename Hash>
+class InternTable {
+ public:
+  std::uint32_t IndexOf(const Value& value) {
+    const auto known = indices_.find(value);
+    if (known != indices_.end()) return known->second;
+    MakeRoom();  // first, so that nothing fails once the value is in the map
+    const auto entry = indices_.emplace(value, static_cast<std::uint32_t>(values_.size())).first;
+    values_.push_back(&entry->first);
+    return entry->second;
+  }
+
+  const Value& operator[](std::uint32_t index) const { return *values_[index]; }
+  std::size_t Count() const noexcept { return values_.size(); }
+
+  // An estimate of what the table holds, what the values point to not included.
+  std::size_t Bytes() const noexcept {
+    return values_.capacity() * sizeof(Value*) +
+           indices_.size() * (sizeof(Value) + 4 * sizeof(void*));
+  }
+
+ private:
+  void MakeRoom() {
+    if (values_.size() == values_.capacity()) values_.reserve(2 * values_.size() + 8);
+  }
+
+  std::unordered_map<Value, std::uint32_t, Hash> indices_;
+  std::vector<const Value*> values_;
+};
 
 struct FontHash {
   std::size_t operator()(const FontDescription& font) const noexcept;

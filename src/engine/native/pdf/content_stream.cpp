@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/native/document/stroke_style.h"
+
 namespace pagivo::native {
 namespace {
 

@@ -1,15 +1,36 @@
-// Glyph bitmaps, made when they are first needed.
+// Glyphs as FreeType gives them, brought to the size and style they are drawn in: their outlines,
+// and their bitmaps, which are made when they are first needed.
 #pragma once
+
+#include <ft2build.h>
+#include FT_OUTLINE_H
 
 #include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
+#include "engine/native/fonts/face.h"
 #include "engine/native/raster/canvas.h"
-#include "engine/native/raster/glyph_outline.h"
 
 namespace pagivo::native {
+
+// How a face's glyphs look on a bitmap.
+struct GlyphStyle {
+  const Face* face = nullptr;
+  float emPixels = 0;  // the font's size
+  bool emboldened = false;
+  bool slanted = false;
+  friend bool operator==(const GlyphStyle&, const GlyphStyle&) = default;
+};
+
+// FreeType's fraction of a pixel.
+inline constexpr double kOutlineUnitsPerPixel = 64;
+
+// The glyph's outline, unhinted, in kOutlineUnitsPerPixel, y up, its origin at the pen position.
+// Null when the face has none, such as that of a blank. It is the face's own and holds until the
+// next outline of that face is loaded; the caller may change it.
+FT_Outline* LoadGlyphOutline(const GlyphStyle& style, std::uint32_t glyph);
 
 // A glyph's shape and where its upper left pixel lies, seen from the pixel of the pen position.
 struct GlyphBitmap {

@@ -13,6 +13,11 @@
 
 namespace pagivo::native {
 
+// The picture at a size that is not larger than its own in either direction, each pixel the mean of
+// what it covers: 0xAARRGGBB in the machine's byte order, alpha premultiplied, rows top down.
+std::vector<std::uint32_t> ScaledDown(const PictureImage::Pixels& pixels, std::int32_t width,
+                                      std::int32_t height);
+
 // Draws a picture so that its corners fall onto those of the target.
 void PaintPicture(cairo_t* cairo, cairo_surface_t* picture, const PixelRectangle& target);
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/native/document/arena.h"
-#include "engine/native/document/trace_player.h"
+#include "engine/native/document/storage.h"
+#include "support/trace/trace_player.h"
 
 namespace pagivo::native {
 namespace {
@@ -342,23 +342,6 @@ TEST(TracePlayer, PrintsNumbersThatReadBackTheSame) {
   recorder.BeginPage(kA4);
   recorder.DrawLine({0.1F, 1e-7F}, {-12345.678F, 3e10F});
   EXPECT_EQ(TracePage(document, 1), "line 0.1 1e-07 -12345.678 3e+10 pen solid 0 000000\n");
-}
-
-TEST(Dashes, UnbrokenPensHaveNone) {
-  for (const PenStyle style : {PenStyle::Solid, PenStyle::Invisible, PenStyle::InsideSolid}) {
-    EXPECT_TRUE(DashMultiples(style).empty());
-  }
-}
-
-TEST(Dashes, BrokenPensGoOnAndOffInTurn) {
-  const std::vector<std::pair<PenStyle, std::size_t>> lengths = {
-      {PenStyle::Dash, 2}, {PenStyle::Dot, 2}, {PenStyle::DashDot, 4}, {PenStyle::DashDotDot, 6}};
-  for (const auto& [style, count] : lengths) {
-    const auto dashes = DashMultiples(style);
-    ASSERT_EQ(dashes.size(), count);
-    for (const float length : dashes) EXPECT_GT(length, 0);
-  }
-  EXPECT_GT(DashMultiples(PenStyle::Dash)[0], DashMultiples(PenStyle::Dot)[0]);
 }
 
 }  // namespace

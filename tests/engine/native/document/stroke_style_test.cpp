@@ -71,5 +71,22 @@ TEST(StrokeStyle, DashesGoOnWhereTheirPatternIs) {
   EXPECT_EQ(DashPhase({PenStyle::Solid, 10, 0}, 100), 0);
 }
 
+TEST(Dashes, UnbrokenPensHaveNone) {
+  for (const PenStyle style : {PenStyle::Solid, PenStyle::Invisible, PenStyle::InsideSolid}) {
+    EXPECT_TRUE(DashMultiples(style).empty());
+  }
+}
+
+TEST(Dashes, BrokenPensGoOnAndOffInTurn) {
+  const std::vector<std::pair<PenStyle, std::size_t>> lengths = {
+      {PenStyle::Dash, 2}, {PenStyle::Dot, 2}, {PenStyle::DashDot, 4}, {PenStyle::DashDotDot, 6}};
+  for (const auto& [style, count] : lengths) {
+    const auto dashes = DashMultiples(style);
+    ASSERT_EQ(dashes.size(), count);
+    for (const float length : dashes) EXPECT_GT(length, 0);
+  }
+  EXPECT_GT(DashMultiples(PenStyle::Dash)[0], DashMultiples(PenStyle::Dot)[0]);
+}
+
 }  // namespace
 }  // namespace pagivo::native

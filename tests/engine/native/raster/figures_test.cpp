@@ -4,6 +4,7 @@
 #include <numbers>
 
 #include "engine/native/document/hatch.h"
+#include "engine/native/document/stroke_style.h"
 #include "engine/native/raster/drawn_page.h"
 
 namespace pagivo::native {

@@ -2,7 +2,6 @@
 
 #include "engine/native/raster/drawn_page.h"
 #include "engine/native/raster/picture_cache.h"
-#include "engine/native/raster/picture_scaler.h"
 
 namespace pagivo::native {
 namespace {

@@ -1,8 +1,8 @@
 // What is read of printers: the list, the default, addresses, states and paper.
 #include <cstdlib>
 
-#include "engine/native/document/trace_player.h"
 #include "engine/native/spool/cups/printing_test.h"
+#include "support/trace/trace_player.h"
 
 namespace pagivo {
 namespace {

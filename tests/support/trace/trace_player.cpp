@@ -1,4 +1,4 @@
-#include "engine/native/document/trace_player.h"
+#include "support/trace/trace_player.h"
 
 #include <array>
 #include <charconv>
