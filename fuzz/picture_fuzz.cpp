@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "engine/native/pictures/picture_format.h"
+#include "engine/native/pictures/picture_bytes.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "pagivo/error.h"
 

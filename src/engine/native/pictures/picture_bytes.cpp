@@ -1,8 +1,49 @@
 #include "engine/native/pictures/picture_bytes.h"
 
+#include <array>
+#include <string_view>
+
 #include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {
+namespace {
+
+using namespace std::string_view_literals;
+
+struct Signature {
+  std::string_view bytes;
+  PictureFormat format;
+};
+
+// XML may start with a byte order mark; in UTF-16 its first character is two bytes wide.
+constexpr std::array kSignatures{
+    Signature{"BM"sv, PictureFormat::Bmp},
+    Signature{"GIF87a"sv, PictureFormat::Gif},
+    Signature{"GIF89a"sv, PictureFormat::Gif},
+    Signature{"\0\0\1\0"sv, PictureFormat::Ico},
+    Signature{"\xFF\xD8\xFF"sv, PictureFormat::Jpeg},
+    Signature{"\x89PNG\r\n\x1A\n"sv, PictureFormat::Png},
+    Signature{"II\x2A\0"sv, PictureFormat::Tiff},
+    Signature{"MM\0\x2A"sv, PictureFormat::Tiff},
+    Signature{"\xFF\xFE<\0"sv, PictureFormat::Svg},
+    Signature{"\xFE\xFF\0<"sv, PictureFormat::Svg},
+};
+
+bool StartsLikeXml(std::string_view text) {
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  return first != std::string_view::npos && text[first] == '<';
+}
+
+}  // namespace
+
+PictureFormat FormatOf(PictureBytes bytes) {
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  for (const Signature& signature : kSignatures) {
+    if (text.starts_with(signature.bytes)) return signature.format;
+  }
+  return StartsLikeXml(text) ? PictureFormat::Svg : PictureFormat::Unknown;
+}
 
 void RefuseDamaged() {
   throw DecodeFailure("de inhoud is beschadigd of onvolledig");

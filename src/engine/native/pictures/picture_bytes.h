@@ -1,4 +1,5 @@
-// The bytes of a picture file: numbers read out of them, and what stops their decoding.
+// The bytes of a picture file: what kind of file they are, numbers read out of them, and what stops
+// their decoding.
 #pragma once
 
 #include <cstddef>
@@ -37,5 +38,10 @@ std::uint16_t ReadLittle16(PictureBytes bytes, std::size_t at);
 std::uint32_t ReadLittle32(PictureBytes bytes, std::size_t at);
 std::uint16_t ReadBig16(PictureBytes bytes, std::size_t at);
 std::uint32_t ReadBig32(PictureBytes bytes, std::size_t at);
+
+enum class PictureFormat : std::uint8_t { Unknown, Bmp, Gif, Ico, Jpeg, Png, Tiff, Svg };
+
+// By the signature at the start of the file, whatever its name. Any XML counts as SVG.
+PictureFormat FormatOf(PictureBytes bytes);
 
 }  // namespace pagivo::native

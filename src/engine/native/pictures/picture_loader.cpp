@@ -4,13 +4,11 @@
 #include <map>
 #include <string_view>
 
-#include "engine/native/pictures/file_structure.h"
-#include "engine/native/pictures/jpeg_structure.h"
+#include "engine/native/pictures/decoded_pixels.h"
+#include "engine/native/pictures/jpeg_decoder.h"
 #include "engine/native/pictures/picture_bytes.h"
-#include "engine/native/pictures/picture_format.h"
 #include "engine/native/pictures/pixbuf_decoder.h"
-#include "engine/native/pictures/pixel_alpha.h"
-#include "engine/native/pictures/png_structure.h"
+#include "engine/native/pictures/png_codec.h"
 #include "engine/native/pictures/svg_decoder.h"
 #include "files/input_file.h"
 #include "pagivo/error.h"

@@ -1,5 +1,5 @@
-// The elements of an SVG file, parsed and made plain by ourselves: what is checked here is what the
-// SVG library gets to see.
+// The elements of an SVG file, parsed and styled by ourselves: what is checked here is what the SVG
+// library gets to see.
 #pragma once
 
 #include <cstddef>
@@ -51,5 +51,15 @@ SvgIds IdsOf(const SvgNode& root);
 
 // The id in a reference such as "#id" or "url(#id)", in quotes or not; empty for any other text.
 std::string_view ReferenceIn(std::string_view value);
+
+// A selector and a rule beyond these are refused: matching them all is quadratic work.
+inline constexpr std::size_t kMaximumSvgSelectors = 4096;
+inline constexpr std::size_t kMaximumSvgMatchings = std::size_t{1} << 24;
+
+// Gives every element the declarations that its style attribute and the file's style sheets hold
+// for it, in SvgNode::style, and takes the sheets out. Selectors of types, classes and ids count,
+// also below and inside each other; rules with others are left out, as are declarations and
+// attributes that refer to anything but an element of the file, and filters.
+void ResolveSvgStyle(SvgNode& root);
 
 }  // namespace pagivo::native

@@ -1,9 +1,9 @@
-#include "engine/native/pictures/svg_style.h"
-
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
+
+#include "engine/native/pictures/svg_document.h"
 
 namespace pagivo::native {
 namespace {

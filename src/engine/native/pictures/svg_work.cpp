@@ -4,8 +4,6 @@
 #include <cmath>
 #include <set>
 
-#include "engine/native/pictures/svg_frame.h"
-
 namespace pagivo::native {
 namespace {
 

@@ -1,9 +1,79 @@
 // How much work a drawing is, told before anything is drawn.
 #pragma once
 
-#include "engine/native/pictures/svg_frame.h"
+#include <cmath>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "engine/native/pictures/svg_document.h"
+#include "engine/native/pictures/svg_values.h"
 
 namespace pagivo::native {
+
+// An outline in the pixels that it is drawn to, as far as the work for it goes.
+struct SvgOutline {
+  double edges = 0;    // curves in the straight pieces that they are drawn as
+  double rise = 0;     // sum of the heights of all edges
+  double length = 0;   // sum of their lengths
+  double corners = 0;  // where segments meet
+  double left = 0, top = 0, right = 0, bottom = 0;
+};
+
+// The segments of a basic shape or path; none for another element.
+std::optional<std::vector<SvgSegment>> SvgSegmentsOf(const SvgNode& node, const SvgUnits& units);
+
+SvgOutline OutlineOf(std::span<const SvgSegment> segments, const SvgMatrix& matrix);
+
+// The same segments wherever they may stand: each as large as the box.
+SvgOutline OutlineAnywhere(std::span<const SvgSegment> segments, double width, double height);
+
+struct SvgStroke {
+  double width = 0;            // pixels
+  double miter = 4;            // how many times its width a corner may stick out
+  std::vector<double> dashes;  // pixels; empty for an unbroken line
+};
+SvgOutline Stroked(const SvgOutline& outline, const SvgStroke& stroke);
+
+struct SvgSize {
+  double width = 0;
+  double height = 0;
+};
+
+struct SvgFrame {
+  SvgMatrix matrix;
+  SvgBox viewport;          // user units
+  bool isAnywhere = false;  // the place of things is not known, only that they lie in `extent`
+  SvgSize extent;           // pixels
+  SvgOutline clip;          // of all clip paths together; no edges where there are none
+  double layerBytes = 0;
+  double fontSize = 12;
+  std::string_view fill = "black";
+  std::string_view stroke = "none";
+  std::string_view strokeWidth = "1";
+  std::string_view dashes;
+  std::string_view miter = "4";
+  std::string_view markers;
+  std::string font;
+
+  SvgUnits Units() const { return {fontSize, std::hypot(viewport.width, viewport.height)}; }
+
+  // The most that a length in user units grows to in pixels, and the least.
+  double Scale() const;
+  double LeastScale() const;
+};
+
+void InheritSvgStyle(SvgFrame& frame, const SvgNode& node);
+void InheritSvgFont(SvgFrame& frame, const SvgNode& node);
+
+// Moves by the element's x and y.
+void TranslateSvg(const SvgNode& node, SvgFrame& frame);
+
+// Into the coordinates of an svg or symbol element. `size` is the element that says how large: the
+// one itself, or the `use` that shows it.
+void EnterSvgViewport(const SvgNode& node, const SvgNode& size, SvgFrame& frame);
+
+SvgStroke SvgStrokeIn(const SvgFrame& frame);
 
 // About a nanosecond each, on a machine of ten years ago.
 inline constexpr double kMaximumSvgWork = 2e9;

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <string>
 
+#include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_files.h"
 #include "engine/native/pictures/picture_loader.h"
-#include "engine/native/pictures/pixel_reduction.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {

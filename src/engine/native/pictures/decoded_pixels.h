@@ -1,9 +1,18 @@
-// Pictures made smaller while they are decoded.
+// Decoded pixels brought into the form that a picture keeps.
 #pragma once
+
+#include <span>
 
 #include "engine/native/pictures/picture_image.h"
 
 namespace pagivo::native {
+
+// Makes premultiplied colours straight: four bytes a pixel, red first.
+void MakeAlphaStraight(std::span<std::uint8_t> data);
+
+// Most files with an alpha channel make no use of it; without it their pixels take less room and
+// are drawn faster.
+void DropUnusedAlpha(PictureImage::Pixels& pixels);
 
 // The whole number by which both sides are divided so that no more than `maximum` pixels stay.
 std::int32_t ReductionFor(std::int64_t width, std::int64_t height, std::int64_t maximum);

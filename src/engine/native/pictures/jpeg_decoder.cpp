@@ -1,4 +1,4 @@
-#include "engine/native/pictures/jpeg_structure.h"
+#include "engine/native/pictures/jpeg_decoder.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,9 +1,11 @@
-#include "engine/native/pictures/png_structure.h"
+#include "engine/native/pictures/png_codec.h"
 
 #include <gio/gio.h>
+#include <png.h>
 
 #include <array>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace pagivo::native {
@@ -118,6 +120,24 @@ void RequireWholePng(PictureBytes bytes) {
     chunk = ReadChunk(bytes, at);
   }
   if (unpacked.Count() < rawBytes) RefuseDamaged();
+}
+
+std::vector<std::uint8_t> WritePng(const PictureImage::Pixels& pixels) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = static_cast<png_uint_32>(pixels.width);
+  image.height = static_cast<png_uint_32>(pixels.height);
+  image.format = pixels.hasAlpha ? PNG_FORMAT_RGBA : PNG_FORMAT_RGB;
+  image.flags = PNG_IMAGE_FLAG_FAST;
+  std::vector<std::uint8_t> file(PNG_IMAGE_PNG_SIZE_MAX(image));
+  png_alloc_size_t size = file.size();
+  // Memory is all that it can lack.
+  if (png_image_write_to_memory(&image, file.data(), &size, 0, pixels.data.data(), 0, nullptr) ==
+      0) {
+    throw std::bad_alloc();
+  }
+  file.resize(size);
+  return file;
 }
 
 }  // namespace pagivo::native
