@@ -12,7 +12,8 @@
 #include <vector>
 
 #include "compose_report.h"
-#include "engine/native/native_surface.h"
+#include "engine/native/native_engine.h"
+#include "engine/native/view/preview_surface.h"
 #include "platform/platform.h"
 #include "preview/preview_form.h"
 #include "window/headless/headless_windows.h"
@@ -22,7 +23,7 @@ namespace pagivo::bench {
 namespace {
 
 using native::NativeEngine;
-using native::NativeSurface;
+using native::PreviewSurface;
 
 constexpr SurfaceArea kArea{.width = 1280, .height = 900};
 constexpr int kMostPages = 32000;
@@ -32,7 +33,7 @@ class Previewed {
  public:
   explicit Previewed(int pages, const SurfaceArea& area = kArea) {
     ComposeReport(print_, pages);
-    surface_.emplace(std::dynamic_pointer_cast<NativeEngine>(PreviewForm().vsPrint()));
+    surface_.emplace(dynamic_cast<NativeEngine&>(*PreviewForm().vsPrint()).GetPreview());
     PutArea(area);
   }
   ~Previewed() {
@@ -41,7 +42,7 @@ class Previewed {
   }
 
   PrintEngine& Engine() const { return *PreviewForm().vsPrint(); }
-  NativeSurface& Surface() { return *surface_; }
+  PreviewSurface& Surface() { return *surface_; }
   void PutArea(const SurfaceArea& area) {
     Surface().PutArea(area);
     area_ = area;
@@ -60,7 +61,7 @@ class Previewed {
 
  private:
   PgPrint print_;
-  std::optional<NativeSurface> surface_;
+  std::optional<PreviewSurface> surface_;
   SurfaceArea area_;
   std::vector<std::uint32_t> pixels_;
 };

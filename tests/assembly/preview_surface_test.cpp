@@ -1,9 +1,11 @@
 // The preview window with the engine's surface in it, as a user works with them.
+#include "engine/native/view/preview_surface.h"
+
 #include <gmock/gmock.h>
 
 #include <functional>
 
-#include "engine/native/native_surface.h"
+#include "engine/native/native_engine.h"
 #include "pagivo/pg_print.h"
 #include "platform/platform.h"
 #include "preview/preview_form.h"
@@ -41,8 +43,8 @@ class PreviewSurface : public testing::Test {
     EXPECT_TRUE(shown);
   }
   static PrintEngine& Engine() { return *PreviewForm().vsPrint(); }
-  static std::shared_ptr<native::NativeSurface> Content() {
-    return std::dynamic_pointer_cast<native::NativeSurface>(
+  static std::shared_ptr<native::PreviewSurface> Content() {
+    return std::dynamic_pointer_cast<native::PreviewSurface>(
         PreviewForm().PreviewSurface().Content());
   }
   static std::string PageBox() { return PreviewForm().txtPaginanummer().Text(); }
@@ -177,7 +179,7 @@ TEST_F(PreviewSurface, AClickInTheOverviewOpensThePage) {
   Preview(1, [](HeadlessUser& user) {
     user.Resize({.width = 15000, .height = 10000});
     Content()->ClickMenu("Thumb&nail");
-    const auto layout = dynamic_cast<native::NativeEngine&>(Engine()).LayOutPreview();
+    const auto layout = dynamic_cast<native::NativeEngine&>(Engine()).GetPreview()->Layout();
     ASSERT_EQ(layout.pages.size(), 5U);
     const auto& box = layout.pages[3].box;
     const SurfacePoint inside{box.left + 5.0, box.top + 5.0};

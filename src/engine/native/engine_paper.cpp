@@ -9,7 +9,7 @@ void NativeEngine::ApplyPaper() {
   if (stage_ != Stage::Composing || !recorder_->HasOnlyPictures()) return;
   const PageGeometry geometry = pageSettings_.Geometry();
   recorder_->ChangePaper(geometry, OriginOn(geometry));
-  PageChanged(document_->PageCount());
+  preview_.PageChanged(document_->PageCount());
 }
 
 std::int32_t NativeEngine::GetOrientation() {

@@ -1,6 +1,8 @@
-// NativeEngine's own dialogs, and windows that are drawn into the document.
+// NativeEngine and windows: its own dialogs, its preview on a surface, and windows that are drawn
+// into the document.
 #include "engine/native/native_engine.h"
 #include "engine/native/setup/engine_dialogs.h"
+#include "engine/native/view/preview_surface.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {
@@ -25,6 +27,11 @@ void NativeEngine::PutRenderControl(const std::int32_t& window) {
   const auto y = static_cast<float>(place.y);
   recorder_->DrawPicture({x, y, x + image.size.width, y + image.size.height},
                          windowPictures_.PictureOf(image));
+}
+
+std::shared_ptr<SurfaceContent> MakeSurface(const std::shared_ptr<PrintEngine>& engine) {
+  const auto native = std::dynamic_pointer_cast<NativeEngine>(engine);
+  return native ? std::make_shared<PreviewSurface>(native->GetPreview()) : nullptr;
 }
 
 }  // namespace pagivo::native

@@ -53,10 +53,9 @@ void NativeEngine::StartDoc() {
   stage_ = Stage::Composing;
   isWhole_ = true;
   lostBeforeDrawing_ = LostForWantOfMemory();
-  preview_.Show(1);
   ApplyOrigin();
   position_ = {};
-  if (observer_ != nullptr) observer_->DocumentReplaced();
+  preview_.DocumentReplaced();
 }
 
 void NativeEngine::EndDoc() {
@@ -65,7 +64,7 @@ void NativeEngine::EndDoc() {
   }
   isWhole_ = IsWhole();
   stage_ = Stage::Complete;
-  ViewChanged();
+  preview_.ViewChanged();
 }
 
 void NativeEngine::NewPage() {
@@ -81,8 +80,8 @@ void NativeEngine::NewPage() {
   recorder_->BeginPage(pageSettings_.Geometry());
   ApplyOrigin();
   position_ = {};
-  PageChanged(document_->PageCount() - 1);
-  PageChanged(document_->PageCount());
+  preview_.PageChanged(document_->PageCount() - 1);
+  preview_.PageChanged(document_->PageCount());
 }
 
 std::int16_t NativeEngine::GetPageCount() {
@@ -118,7 +117,7 @@ void NativeEngine::EndOverlay() {
   recorder_->EndOverlay();
   isWhole_ = IsWhole();
   stage_ = Stage::Complete;
-  PageChanged(overlayPage_);
+  preview_.PageChanged(overlayPage_);
 }
 
 void NativeEngine::PutDocName(const std::string& name) {

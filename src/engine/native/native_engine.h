@@ -14,7 +14,7 @@
 #include "engine/native/printer_choice.h"
 #include "engine/native/printing_series.h"
 #include "engine/native/text_layout.h"
-#include "engine/native/view/page_layout.h"
+#include "engine/native/view/preview.h"
 #include "engine/native/window_pictures.h"
 #include "engine/print_engine.h"
 #include "engine/print_series.h"
@@ -38,18 +38,6 @@ struct EngineServices {
   std::shared_ptr<PrintServer> printers = nullptr;
 };
 
-// What happens to the view of a document.
-class PreviewObserver {
- public:
-  // Something visible may look different now, or be elsewhere.
-  virtual void ViewChanged() = 0;
-  // There is another document, and the one before is gone.
-  virtual void DocumentReplaced() = 0;
-
- protected:
-  ~PreviewObserver() = default;
-};
-
 // A document's life: none, composing (StartDoc .. EndDoc), complete, complete with a page reopened
 // (StartOverlay .. EndOverlay), and complete while it is being printed. Drawing needs composing or
 // an open overlay; without it every drawing operation raises ErrorNumber::NoDocument and does
@@ -67,6 +55,7 @@ class PreviewObserver {
 class NativeEngine final : public PrintEngine,
                            public PrintSeries,
                            public PrinterQuestions,
+                           private PreviewSource,
                            public std::enable_shared_from_this<NativeEngine> {
  public:
   static constexpr std::int32_t kMaximumPages = 32767;
@@ -76,7 +65,7 @@ class NativeEngine final : public PrintEngine,
   ~NativeEngine() override;
 
   // The pages recorded so far; no pages before the first StartDoc. Replaced by StartDoc.
-  const Document& GetDocument() const noexcept { return *document_; }
+  const Document& GetDocument() const noexcept override { return *document_; }
   // The document has been ended. A page may be reopened.
   bool IsComplete() const noexcept;
   // False when memory ran out while the document was composed or drawn over and the statement was
@@ -84,11 +73,10 @@ class NativeEngine final : public PrintEngine,
   bool IsWhole() const noexcept;
   // Raises ErrorNumber::OutOfMemory when it is not.
   void RequireWhole() const;
-  // Who is told of what the preview surface has to show; borrowed, null for nobody.
-  void Observe(PreviewObserver* observer) noexcept { observer_ = observer; }
-  PreviewObserver* Observer() const noexcept { return observer_; }
+  // Shows the document on surfaces. It keeps the engine alive.
+  std::shared_ptr<Preview> GetPreview() { return {shared_from_this(), &preview_}; }
 
-  void SetEvents(PrintEngineEvents* events) override { events_ = events; }
+  void SetEvents(PrintEngineEvents* events) override { preview_.SetEvents(events); }
 
   // --- The document (native_engine.cpp) ---------------------------------------------------
   void StartDoc() override;
@@ -190,32 +178,17 @@ class NativeEngine final : public PrintEngine,
   // In the window's own size. The print position stays.
   void PutRenderControl(const std::int32_t& window) override;
 
-  // --- The preview surface (engine_preview.cpp) -------------------------------------------
-  std::int16_t GetPreviewPage() override;
-  void PutPreviewPage(const std::int16_t& page) override;
-  double GetZoom() override;
-  void PutZoom(double percent) override;
-  std::int32_t GetZoomMode() override;
-  void PutZoomMode(std::int32_t mode) override;
-  double GetScrollTop() override;
-  void PutScrollTop(double top) override;
+  // --- The preview ------------------------------------------------------------------------
+  std::int16_t GetPreviewPage() override { return static_cast<std::int16_t>(preview_.Page()); }
+  void PutPreviewPage(const std::int16_t& page) override { preview_.ShowPage(page); }
+  double GetZoom() override { return preview_.Zoom(); }
+  void PutZoom(double percent) override { preview_.PutZoom(percent); }
+  std::int32_t GetZoomMode() override { return preview_.ZoomMode(); }
+  void PutZoomMode(std::int32_t mode) override { preview_.PutZoomMode(mode); }
+  double GetScrollTop() override { return preview_.ScrollTop(); }
+  void PutScrollTop(double top) override { preview_.PutScrollTop(top); }
   double GetTwipsPerPixelX() override { return kTwipsPerPixel; }
   double GetTwipsPerPixelY() override { return kTwipsPerPixel; }
-
-  // For the surface that shows the preview.
-  const PreviewState& Preview() const noexcept { return preview_; }
-  // What the window gives the surface; no change that the observer is told of.
-  void PutPreviewArea(const SurfaceArea& area) noexcept { preview_.PutArea(area); }
-  ScrollPosition PreviewScroll() const { return preview_.Scrolled(PagesInView()); }
-  ScrollPosition MaximumPreviewScroll() const { return preview_.MaximumScroll(PagesInView()); }
-  void ScrollPreview(const ScrollPosition& position);
-  // The visible pages. Asks BeforePageChange which pages may stand beside the shown one.
-  PageLayout LayOutPreview();
-  // The page that BeforePageChange makes of it, within the document.
-  std::int32_t AdmittedPage(std::int32_t page);
-  // The events themselves; nothing without a window.
-  void RaiseKeyDown(std::int16_t& keyCode, std::int16_t shift);
-  void RaiseAfterPageChange();
 
  private:
   struct Place {
@@ -257,15 +230,10 @@ class NativeEngine final : public PrintEngine,
   void RememberLastPiece(std::string_view piece);
   void SetStyles(Recorder& recorder) const;
   void DrawArc(Point center, float radius, const ArcAngles& angles);
-  std::int32_t ClampPage(std::int32_t page) const;
-  PageGeometry GeometryOf(std::int32_t page) const;
-  ShownPages PagesInView() const;
-  void ViewChanged();
-  void PageChanged(std::int32_t page);
+  PageGeometry BlankPage() const noexcept override { return pageSettings_.Geometry(); }
+  std::string_view Notice() const noexcept override { return IsWhole() ? "" : kLacksSomething; }
 
   EngineServices services_;
-  PrintEngineEvents* events_ = nullptr;
-  PreviewObserver* observer_ = nullptr;
   std::unique_ptr<Document> document_;
   std::unique_ptr<Recorder> recorder_;  // into document_
   Stage stage_ = Stage::None;
@@ -289,7 +257,10 @@ class NativeEngine final : public PrintEngine,
   std::unique_ptr<PrintingSeries> series_;  // the one under way
   bool isPhysicalPage_ = true;
   PrinterMedia printerMedia_;  // of the current printer, unless isPhysicalPage_
-  PreviewState preview_;
+  Preview preview_{*this};
 };
+
+// The engine's preview on a surface; null when the engine is another one.
+std::shared_ptr<SurfaceContent> MakeSurface(const std::shared_ptr<PrintEngine>& engine);
 
 }  // namespace pagivo::native

@@ -3,7 +3,7 @@
 
 #include "engine/native/native_pdf_exporter.h"
 #include "engine/native/spool/memory_print_server.h"
-#include "engine/native/surface_test.h"
+#include "engine/native/view/surface_test.h"
 #include "support/scratch_folder.h"
 #include "values/errors.h"
 

@@ -113,7 +113,7 @@ TEST_F(PreviewTest, AnEmptyEngineShowsPageOne) {
 }
 
 TEST_F(PreviewTest, ZoomReadsTheEffectivePercentageInEveryMode) {
-  engine->PutPreviewArea(kFittingA4);
+  engine->GetPreview()->PutArea(kFittingA4);
   EXPECT_NEAR(engine->GetZoom(), 100, 1e-9);
   for (const std::int32_t mode : {kZoomOverview, kZoomTwoPages}) {
     engine->PutZoomMode(mode);
@@ -132,7 +132,7 @@ TEST_F(PreviewTest, FittingFollowsTheShownPagesOwnPaper) {
   engine->NewPage();
   engine->PutOrientation(1);
   engine->EndDoc();
-  engine->PutPreviewArea(kFittingA4);
+  engine->GetPreview()->PutArea(kFittingA4);
   EXPECT_NEAR(engine->GetZoom(), 100, 1e-9);
   Show(2);
   EXPECT_NEAR(engine->GetZoom(), 100 * 11906.0 / 16838, 1e-4);

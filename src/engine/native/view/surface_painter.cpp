@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/native/document/recorder.h"
+#include "engine/native/raster/bitmap_player.h"
+
 namespace pagivo::native {
 namespace {
 
@@ -56,6 +59,24 @@ void PaintShadow(const SurfaceBox& paper, double scale, const SurfaceBitmap& sur
   }
 }
 
+constexpr double kPixelsPerTwip = 96.0 / 1440;  // at scale 1
+constexpr float kNoticeHeight = 330;            // twips, of a line in the font below and its edges
+constexpr Point kNoticeStart{120, 45};
+constexpr Color kNoticeGround = 0x0000C0;
+constexpr Color kNoticeLetters = 0xFFFFFF;
+
+// The notice as a page of that width, so that its text is drawn as all text is.
+void RecordNotice(std::string_view text, float width, Document& document) {
+  Recorder recorder(document);
+  recorder.BeginPage({width, kNoticeHeight});
+  recorder.SetPen({.style = PenStyle::Invisible});
+  recorder.SetBrush({.style = BrushStyle::Solid, .color = kNoticeGround});
+  recorder.DrawRectangle({0, 0, width, kNoticeHeight});
+  recorder.SetFont({.name = "Arial", .size = 9, .bold = true});
+  recorder.SetTextColor(kNoticeLetters);
+  recorder.DrawText(kNoticeStart, text);
+}
+
 }  // namespace
 
 void PaintGround(const SurfaceBitmap& surface, const SurfaceColors& colors) {
@@ -70,6 +91,18 @@ void PaintAround(const PlacedPage& placed, double scale, const SurfaceBitmap& su
   } else {
     FillAround(surface, placed.box, Pixels(kEdgeWidth, scale), colors.edge);
   }
+}
+
+void PaintNotice(std::string_view text, double scale, const SurfaceBitmap& surface) {
+  const double pixelsPerTwip = kPixelsPerTwip * scale;
+  Document document;
+  RecordNotice(text, static_cast<float>(surface.width / pixelsPerTwip), document);
+  const std::int32_t height = PagePixelSize(document.GeometryOf(1), pixelsPerTwip).height;
+  Bitmap bitmap{surface.width, std::min(height, surface.height), {}};
+  bitmap.pixels.resize(static_cast<std::size_t>(bitmap.width) *
+                       static_cast<std::size_t>(bitmap.height));
+  DrawPage(document, 1, {pixelsPerTwip, 0, 0}, bitmap);
+  std::ranges::copy(bitmap.pixels, surface.pixels.begin());
 }
 
 }  // namespace pagivo::native

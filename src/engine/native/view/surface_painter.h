@@ -1,18 +1,24 @@
-// The ground of the surface and what surrounds the pages on it.
+// What is drawn around and over the pages on a surface. Everything is clipped to the bitmap; lines
+// and letters grow with the scale (device pixels that a 96th of an inch has).
 #pragma once
 
-#include "engine/native/view/page_layout.h"
+#include <string_view>
+
+#include "engine/native/view/page_placement.h"
 #include "window/surface.h"
 
 namespace pagivo::native {
 
-// Everything is clipped to the bitmap.
+// The ground that the pages lie on.
 void PaintGround(const SurfaceBitmap& surface, const SurfaceColors& colors);
 
 // A soft shadow and a thin edge around the paper; a chosen page has a broader edge in the highlight
-// colour. Lines grow with the scale (device pixels that a 96th of an inch has). The shadow reaches
-// under the paper, which is drawn afterwards.
+// colour. The shadow reaches under the paper, which is drawn afterwards.
 void PaintAround(const PlacedPage& placed, double scale, const SurfaceBitmap& surface,
                  const SurfaceColors& colors);
+
+// A line of text across the top, white on red, for what the user must not miss. What does not fit
+// into the width is lost.
+void PaintNotice(std::string_view text, double scale, const SurfaceBitmap& surface);
 
 }  // namespace pagivo::native

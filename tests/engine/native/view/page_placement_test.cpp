@@ -1,4 +1,4 @@
-#include "engine/native/view/page_layout.h"
+#include "engine/native/view/page_placement.h"
 
 #include <gmock/gmock.h>
 
@@ -34,7 +34,7 @@ class Pages final : public PageSource {
   }
 };
 
-class PageLayoutTest : public testing::Test {
+class PagePlacement : public testing::Test {
  protected:
   ShownPages Shown() const {
     const std::int32_t page = state.Page();
@@ -57,7 +57,7 @@ class PageLayoutTest : public testing::Test {
   PreviewState state;
 };
 
-TEST_F(PageLayoutTest, OnePageStandsInTheMiddle) {
+TEST_F(PagePlacement, OnePageStandsInTheMiddle) {
   struct Row {
     SurfaceArea area;
     SurfaceBox box;
@@ -78,7 +78,7 @@ TEST_F(PageLayoutTest, OnePageStandsInTheMiddle) {
   }
 }
 
-TEST_F(PageLayoutTest, AScrolledPageMovesByWholePixels) {
+TEST_F(PagePlacement, AScrolledPageMovesByWholePixels) {
   state.PutArea({500, 500, 1});
   state.PutZoom(100);
   EXPECT_EQ(LayOut().pages[0].box, (SurfaceBox{-150, 8, 650, 1208}))
@@ -91,14 +91,14 @@ TEST_F(PageLayoutTest, AScrolledPageMovesByWholePixels) {
   EXPECT_EQ(LayOut().pages[0].box, (SurfaceBox{-308, -708, 492, 492})) << "up to its other gaps";
 }
 
-TEST_F(PageLayoutTest, ThePageWidthScrollsDownOnly) {
+TEST_F(PagePlacement, ThePageWidthScrollsDownOnly) {
   state.PutArea({816, 500, 1});
   state.PutZoomMode(kZoomPageWidth);
   state.ScrollTo({50, 50}, Shown());
   EXPECT_EQ(LayOut().pages[0].box, (SurfaceBox{8, -42, 808, 1158}));
 }
 
-TEST_F(PageLayoutTest, TwoPagesStandSideBySide) {
+TEST_F(PagePlacement, TwoPagesStandSideBySide) {
   state.PutArea({824, 616, 1});
   const PageLayout layout = LayOut(3, kZoomTwoPages);
   ASSERT_THAT(layout.pages, SizeIs(2));
@@ -108,7 +108,7 @@ TEST_F(PageLayoutTest, TwoPagesStandSideBySide) {
   EXPECT_EQ(layout.pages[1].box, (SurfaceBox{416, 8, 816, 608}));
 }
 
-TEST_F(PageLayoutTest, TwoPagesOfDifferentPapersStandOnOneMiddleLine) {
+TEST_F(PagePlacement, TwoPagesOfDifferentPapersStandOnOneMiddleLine) {
   pages.landscape = {4};
   state.PutArea({1024, 616, 1});
   const PageLayout layout = LayOut(3, kZoomTwoPages);
@@ -116,13 +116,13 @@ TEST_F(PageLayoutTest, TwoPagesOfDifferentPapersStandOnOneMiddleLine) {
   EXPECT_EQ(layout.pages[1].box, (SurfaceBox{416, 108, 1016, 508}));
 }
 
-TEST_F(PageLayoutTest, APageWithoutPartnerKeepsItsPlace) {
+TEST_F(PagePlacement, APageWithoutPartnerKeepsItsPlace) {
   state.PutArea({824, 616, 1});
   EXPECT_THAT(VisiblePages(100, kZoomTwoPages), ElementsAre(100));
   EXPECT_EQ(LayOut().pages[0].box, (SurfaceBox{8, 8, 408, 608}));
 }
 
-TEST_F(PageLayoutTest, PagesThatAreTurnedAwayAreLeftOut) {
+TEST_F(PagePlacement, PagesThatAreTurnedAwayAreLeftOut) {
   pages.turnedAway = {6};
   EXPECT_THAT(VisiblePages(5, kZoomTwoPages), ElementsAre(5));
   EXPECT_THAT(VisiblePages(3, kZoomTwoPages), ElementsAre(3, 4));
@@ -130,7 +130,7 @@ TEST_F(PageLayoutTest, PagesThatAreTurnedAwayAreLeftOut) {
   EXPECT_THAT(VisiblePages(3, kZoomOverview), ElementsAre(1, 2, 3, 4, 5, 7, 8));
 }
 
-TEST_F(PageLayoutTest, TheShownPageItselfIsNotAskedFor) {
+TEST_F(PagePlacement, TheShownPageItselfIsNotAskedFor) {
   for (const std::int32_t mode : {kZoomPercent, kZoomWholePage, kZoomPageWidth}) {
     LayOut(5, mode);
     EXPECT_THAT(pages.asked, IsEmpty());
@@ -139,7 +139,7 @@ TEST_F(PageLayoutTest, TheShownPageItselfIsNotAskedFor) {
   EXPECT_THAT(pages.asked, ElementsAre(6));
 }
 
-TEST_F(PageLayoutTest, TheOverviewIsAGridOfCellsOfTheFirstPagesPaper) {
+TEST_F(PagePlacement, TheOverviewIsAGridOfCellsOfTheFirstPagesPaper) {
   state.PutArea({840, 624, 1});
   const PageLayout layout = LayOut(6, kZoomOverview);
   EXPECT_EQ(layout.columns, 4);
@@ -151,7 +151,7 @@ TEST_F(PageLayoutTest, TheOverviewIsAGridOfCellsOfTheFirstPagesPaper) {
   for (const PlacedPage& placed : layout.pages) EXPECT_EQ(placed.isChosen, placed.page == 6);
 }
 
-TEST_F(PageLayoutTest, TheOverviewFillsTheArea) {
+TEST_F(PagePlacement, TheOverviewFillsTheArea) {
   state.PutArea({1672, 624, 1});
   const PageLayout wide = LayOut(1, kZoomOverview);
   EXPECT_EQ(wide.columns, 8);
@@ -162,14 +162,14 @@ TEST_F(PageLayoutTest, TheOverviewFillsTheArea) {
   EXPECT_EQ(high.rows, 4);
 }
 
-TEST_F(PageLayoutTest, TheOverviewShowsTheScreenfulOfTheShownPage) {
+TEST_F(PagePlacement, TheOverviewShowsTheScreenfulOfTheShownPage) {
   state.PutArea({840, 624, 1});
   EXPECT_THAT(VisiblePages(8, kZoomOverview), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
   EXPECT_THAT(VisiblePages(9, kZoomOverview), ElementsAre(9, 10, 11, 12, 13, 14, 15, 16));
   EXPECT_THAT(VisiblePages(99, kZoomOverview), ElementsAre(97, 98, 99, 100)) << "the last one";
 }
 
-TEST_F(PageLayoutTest, APageOfOtherPaperFitsItsCell) {
+TEST_F(PagePlacement, APageOfOtherPaperFitsItsCell) {
   pages.landscape = {2};
   state.PutArea({840, 624, 1});
   const PageLayout layout = LayOut(1, kZoomOverview);
@@ -177,7 +177,7 @@ TEST_F(PageLayoutTest, APageOfOtherPaperFitsItsCell) {
   EXPECT_LT(layout.pages[1].pixelsPerTwip, layout.pages[0].pixelsPerTwip);
 }
 
-TEST_F(PageLayoutTest, OnlyVisiblePagesOfAHugeDocumentAreLookedAt) {
+TEST_F(PagePlacement, OnlyVisiblePagesOfAHugeDocumentAreLookedAt) {
   pages.count = 32000;
   for (const std::int32_t page : {1, 16001, 32000}) {
     for (const std::int32_t mode : {kZoomPercent, kZoomOverview, kZoomTwoPages}) {
@@ -188,7 +188,7 @@ TEST_F(PageLayoutTest, OnlyVisiblePagesOfAHugeDocumentAreLookedAt) {
   }
 }
 
-TEST_F(PageLayoutTest, WithoutPagesNothingIsVisible) {
+TEST_F(PagePlacement, WithoutPagesNothingIsVisible) {
   pages.count = 0;
   for (const std::int32_t mode :
        {kZoomPercent, kZoomOverview, kZoomTwoPages, kZoomWholePage, kZoomPageWidth}) {
@@ -197,7 +197,7 @@ TEST_F(PageLayoutTest, WithoutPagesNothingIsVisible) {
   }
 }
 
-TEST_F(PageLayoutTest, TinyAreasShowSomethingInEveryMode) {
+TEST_F(PagePlacement, TinyAreasShowSomethingInEveryMode) {
   for (const SurfaceArea& area :
        {SurfaceArea{1, 1, 1}, SurfaceArea{0, -5, 0}, SurfaceArea{3, 2000, 3}}) {
     state.PutArea(area);
@@ -208,7 +208,7 @@ TEST_F(PageLayoutTest, TinyAreasShowSomethingInEveryMode) {
   }
 }
 
-TEST_F(PageLayoutTest, FindsThePageAtAPlace) {
+TEST_F(PagePlacement, FindsThePageAtAPlace) {
   state.PutArea({824, 616, 1});
   const PageLayout layout = LayOut(3, kZoomTwoPages);
   struct Row {

@@ -1,4 +1,4 @@
-#include "engine/native/view/page_layout.h"
+#include "engine/native/view/page_placement.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "engine/native/surface_test.h"
+#include "engine/native/view/surface_test.h"
 
 namespace pagivo::native {
 namespace {
@@ -313,6 +313,49 @@ TEST_F(SurfaceDrawing, ScrollBarsSpanThePageAndItsGaps) {
   PutArea(1000, 1232, 2);
   EXPECT_EQ(surface->VerticalRange().step, 80);
   EXPECT_EQ(surface->VerticalRange().maximum, 1200);
+}
+
+// --- The menu ---------------------------------------------------------------------------------
+
+class SurfaceMenu : public SurfaceTest {
+ protected:
+  SurfaceMenu() {
+    Compose(20);
+    PutArea(416, 400);
+  }
+};
+
+TEST_F(SurfaceMenu, HasTheTextsOfTheDesign) {
+  std::string texts;
+  for (const MenuItem& item : surface->Menu()) {
+    if (!texts.empty()) texts += '|';
+    texts += item.text;
+    EXPECT_TRUE(item.visible);
+  }
+  EXPECT_EQ(texts, "Whole &Page|Page &Width|&Two Pages|Thumb&nail");
+}
+
+TEST_F(SurfaceMenu, TheMenuPutsZoomModesAndTellsTheWindow) {
+  struct Row {
+    const char* key;
+    std::int32_t mode;
+  };
+  for (const Row& row : {Row{"Page &Width", kZoomPageWidth}, Row{"&Two Pages", kZoomTwoPages},
+                         Row{"Thumb&nail", kZoomOverview}, Row{"Whole &Page", kZoomWholePage}}) {
+    window.events.clear();
+    surface->ClickMenu(row.key);
+    EXPECT_EQ(engine->GetZoomMode(), row.mode) << row.key;
+    EXPECT_THAT(window.events, ElementsAre("after"));
+  }
+}
+
+TEST_F(SurfaceMenu, AKeyThatTheMenuDoesNotHaveDoesNothing) {
+  for (const auto* key : {"", "Whole", "whole &page", "Heel", "Overzicht"}) {
+    surface->ClickMenu(key);
+  }
+  EXPECT_EQ(engine->GetZoomMode(), kZoomWholePage);
+  EXPECT_EQ(changes, 0);
+  EXPECT_THAT(window.events, IsEmpty());
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "engine/native/engine_test.h"
-#include "engine/native/native_surface.h"
 #include "engine/native/view/drawn_surface.h"
+#include "engine/native/view/preview_surface.h"
 
 namespace pagivo::native {
 
@@ -63,7 +63,7 @@ class SurfaceTest : public EngineTest {
     surface->PutArea({width, height, scale});
   }
   DrawnSurface Draw() {
-    const SurfaceArea& area = engine->Preview().Area();
+    const SurfaceArea& area = engine->GetPreview()->Area();
     DrawnSurface drawn(area.width, area.height);
     surface->Draw(drawn.Bitmap(), kColors);
     return drawn;
@@ -81,7 +81,7 @@ class SurfaceTest : public EngineTest {
   int Left() { return surface->HorizontalRange().value; }
 
   SurfaceWindow window{*engine};
-  std::shared_ptr<NativeSurface> surface = std::make_shared<NativeSurface>(engine);
+  std::shared_ptr<PreviewSurface> surface = std::make_shared<PreviewSurface>(engine->GetPreview());
   int changes = 0;  // that the surface told of
 };
 

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "engine/native/surface_test.h"
+#include "engine/native/view/surface_test.h"
 #include "window/key_codes.h"
 
 namespace pagivo::native {
@@ -8,6 +8,42 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+TEST(WheelNotches, WholeOnesCountAtOnce) {
+  WheelNotches wheel;
+  EXPECT_EQ(wheel.Turn(1), 1);
+  EXPECT_EQ(wheel.Turn(-3), -3);
+}
+
+TEST(WheelNotches, FractionsAddUp) {
+  for (const double direction : {1.0, -1.0}) {
+    WheelNotches wheel;
+    int whole = 0;
+    for (int i = 0; i < 30; ++i) whole += wheel.Turn(0.1 * direction);
+    EXPECT_EQ(whole, static_cast<int>(3 * direction));
+  }
+}
+
+TEST(WheelNotches, TurningBackDiscardsWhatIsNotComplete) {
+  WheelNotches wheel;
+  EXPECT_EQ(wheel.Turn(0.9), 0);
+  EXPECT_EQ(wheel.Turn(-0.2), 0);
+  EXPECT_EQ(wheel.Turn(-0.8), -1);
+}
+
+TEST(WheelNotches, AResetDiscardsToo) {
+  WheelNotches wheel;
+  wheel.Turn(0.9);
+  wheel.Reset();
+  EXPECT_EQ(wheel.Turn(0.2), 0);
+}
+
+TEST(WheelNotches, AbsurdTurnsAreLimited) {
+  WheelNotches wheel;
+  EXPECT_EQ(wheel.Turn(1e300), 100);
+}
+
+// --- On a document ----------------------------------------------------------------------------
 
 constexpr SurfacePoint kMiddle{208, 200};
 
@@ -33,7 +69,7 @@ class SurfaceMouse : public SurfaceTest {
   }
   // The page twips that a place of the surface shows.
   SurfacePoint PagePointAt(SurfacePoint at) {
-    const PageLayout layout = engine->LayOutPreview();
+    const PageLayout layout = engine->GetPreview()->Layout();
     const PlacedPage* placed = layout.At(at);
     EXPECT_NE(placed, nullptr);
     if (placed == nullptr) return {};
@@ -132,7 +168,7 @@ TEST_F(SurfaceMouse, WithControlTheWheelZoomsAtThePointer) {
         surface->TurnWheel(at, 0, notches, kControlKey);
         EXPECT_EQ(engine->GetZoom(), notches > 0 ? ZoomStepAbove(percent) : ZoomStepBelow(percent));
         const SurfacePoint after = PagePointAt(at);
-        const double pixel = 1 / PixelsPerTwip(engine->GetZoom(), engine->Preview().Area());
+        const double pixel = 1 / PixelsPerTwip(engine->GetZoom(), engine->GetPreview()->Area());
         if (Left() > 0 && Left() < surface->HorizontalRange().maximum) {
           EXPECT_NEAR(after.x, before.x, pixel) << percent;
         }
@@ -170,7 +206,7 @@ TEST_F(SurfaceMouse, ZoomingAtAPageOfSeveralShowsThatPage) {
 
 TEST_F(SurfaceMouse, TheWheelIsHarmlessWithoutADocument) {
   const auto empty = std::make_shared<NativeEngine>();
-  NativeSurface blank(empty);
+  PreviewSurface blank(empty->GetPreview());
   for (const std::int16_t shift : {std::int16_t{0}, kShiftKey, kControlKey}) {
     blank.TurnWheel(kMiddle, 1, -3, shift);
     blank.PressPointer(kMiddle);
