@@ -8,7 +8,6 @@
 
 #include "engine/native/spool/cups/http_answer.h"
 #include "engine/native/spool/cups/ipp_message.h"
-#include "engine/native/spool/cups/printer_attributes.h"
 
 namespace {
 

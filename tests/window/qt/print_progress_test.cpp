@@ -1,5 +1,5 @@
 // The window that follows a print job, as a user sees and stops it.
-#include "engine/native/setup/print_progress.h"
+#include "engine/native/printing/print_progress.h"
 
 #include <QAbstractButton>
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "engine/native/pdf/pdf_writer.h"
 
-#include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "engine/native/pdf/font_embedder.h"
 #include "engine/native/pdf/image_embedder.h"
@@ -26,36 +27,6 @@ std::string RangeFault(const Document& document, std::int32_t firstPage, std::in
          " is geen deel van een document van " + std::to_string(count) + " pagina's";
 }
 
-class DocumentWriter {
- public:
-  DocumentWriter(const Document& document, const ByteSink& sink)
-      : document_(document), file_(sink) {}
-
-  void Write(std::int32_t firstPage, std::int32_t lastPage, const PageObserver& observer) {
-    usualSize_ = document_.GeometryOf(firstPage);
-    for (std::int32_t page = firstPage; page <= lastPage; ++page) {
-      if (observer) observer(page);
-      WritePage(page);
-    }
-    const ObjectNumber pages = tree_.Finish(InheritedEntries());
-    WriteTrailer(pages);
-  }
-
- private:
-  void WritePage(std::int32_t page);
-  std::string InheritedEntries();
-  void WriteTrailer(ObjectNumber pages);
-
-  const Document& document_;
-  PdfFile file_;
-  Deflater contentDeflater_{Effort::Fast};
-  PageTree tree_{file_};
-  FontEmbedder fonts_;
-  ImageEmbedder images_{file_};
-  PagePlayer player_{fonts_, images_};
-  PageGeometry usualSize_;  // pages of another size say so
-};
-
 std::string MediaBox(const PdfGeometry& geometry) {
   std::string box = "/MediaBox[0 0 ";
   AppendHundredths(box, geometry.Size().x);
@@ -64,8 +35,34 @@ std::string MediaBox(const PdfGeometry& geometry) {
   return box + "]";
 }
 
-void DocumentWriter::WritePage(std::int32_t page) {
+}  // namespace
+
+class PdfWriter::Parts {
+ public:
+  Parts(const Document& document, ByteSink sink) : document_(document), sink_(std::move(sink)) {}
+
+  void WritePage(std::int32_t page);
+  void Finish() { WriteTrailer(tree_.Finish(InheritedEntries())); }
+
+ private:
+  std::string InheritedEntries();
+  void WriteTrailer(ObjectNumber pages);
+
+  const Document& document_;
+  ByteSink sink_;
+  PdfFile file_{sink_};
+  Deflater contentDeflater_{Effort::Fast};
+  PageTree tree_{file_};
+  FontEmbedder fonts_;
+  ImageEmbedder images_{file_};
+  PagePlayer player_{fonts_, images_};
+  // The first page's; pages of another size say so.
+  std::optional<PageGeometry> usualSize_;
+};
+
+void PdfWriter::Parts::WritePage(std::int32_t page) {
   const PageGeometry& paper = document_.GeometryOf(page);
+  if (!usualSize_) usualSize_ = paper;
   const PdfGeometry geometry(paper);
   const std::string_view content = player_.Play(document_, page, geometry);
 
@@ -87,14 +84,14 @@ void DocumentWriter::WritePage(std::int32_t page) {
 }
 
 // What all pages have in common. Fonts are complete only when all pages are written.
-std::string DocumentWriter::InheritedEntries() {
-  std::string entries = MediaBox(PdfGeometry(usualSize_));
+std::string PdfWriter::Parts::InheritedEntries() {
+  std::string entries = MediaBox(PdfGeometry(*usualSize_));
   entries += "/Resources<</Font<<" + fonts_.WriteFonts(file_) + ">>";
   entries += "/XObject<<" + images_.Resources() + ">>>>";
   return entries;
 }
 
-void DocumentWriter::WriteTrailer(ObjectNumber pages) {
+void PdfWriter::Parts::WriteTrailer(ObjectNumber pages) {
   const ObjectNumber catalog = file_.Reserve();
   std::string value = "<</Type/Catalog/Pages ";
   AppendReference(value, pages);
@@ -112,15 +109,28 @@ void DocumentWriter::WriteTrailer(ObjectNumber pages) {
   file_.Finish(trailer);
 }
 
-}  // namespace
+PdfWriter::PdfWriter(const Document& document, ByteSink sink)
+    : parts_(std::make_unique<Parts>(document, std::move(sink))) {}
+
+PdfWriter::~PdfWriter() = default;
+
+void PdfWriter::WritePage(std::int32_t page) {
+  parts_->WritePage(page);
+}
+
+void PdfWriter::Finish() {
+  parts_->Finish();
+}
 
 void WritePdf(const Document& document, std::int32_t firstPage, std::int32_t lastPage,
-              const ByteSink& sink, const PageObserver& observer) {
+              const ByteSink& sink) {
   const std::string fault = RangeFault(document, firstPage, lastPage);
   if (!fault.empty()) {
     throw Error(ErrorNumber::PageOutOfRange, "De PDF kan niet worden geschreven: " + fault);
   }
-  DocumentWriter(document, sink).Write(firstPage, lastPage, observer);
+  PdfWriter writer(document, sink);
+  for (std::int32_t page = firstPage; page <= lastPage; ++page) writer.WritePage(page);
+  writer.Finish();
 }
 
 void WritePdfFile(const Document& document, std::int32_t firstPage, std::int32_t lastPage,

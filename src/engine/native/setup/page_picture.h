@@ -1,7 +1,7 @@
 // A small picture of a page: its paper, its margins and grey lines for its text.
 #pragma once
 
-#include "engine/native/setup/still_content.h"
+#include "window/surface.h"
 
 namespace pagivo::native {
 

@@ -36,8 +36,8 @@ struct CustomMedia {
   MediaMargins margins;
 };
 
-// Media in the printer's order. Both lists are empty when the printer does not tell, which is taken
-// as taking everything.
+// What a printer takes, in its own order. Both lists are empty when the printer does not tell; it
+// then counts as taking every paper.
 struct PrinterMedia {
   std::vector<Medium> media;
   std::vector<CustomMedia> custom;
@@ -50,18 +50,19 @@ inline constexpr int kMediaTolerance = 100;
 // The size of a page's paper as it is fed upright, from twips.
 MediaSize UprightSize(double width, double height);
 
-// The paper to print a page on, measured in twips: the printer's own that is nearest, else the size
-// itself when a custom range holds it, rounded up, as print servers cut custom sizes to whole
-// points and a size that is too small cuts the page. Empty when the printer has no such paper, or
-// does not tell.
+// Finds the paper for a page of this size in twips: the nearest of the printer's own papers, else
+// the size itself when a custom range holds it. That size is rounded up, for print servers cut
+// custom sizes to whole points, and paper that is too small cuts the page. Empty when the printer
+// has no such paper, or does not tell.
 std::optional<Medium> FindMedium(const PrinterMedia& printer, double width, double height);
 
-// Whether a printer takes the paper of a code (see document/paper_sizes.h): a known one when it has
-// a medium of that size, kPaperUserDefined when it takes custom sizes.
+// Whether a printer takes the paper of a code (see document/paper_sizes.h). It takes a known paper
+// when it has a medium of that size, and kPaperUserDefined when it takes custom sizes.
 bool SupportsPaper(const PrinterMedia& printer, std::int32_t code);
 
-// The printable area's upper left corner on a page, twips from the paper's. Which way a landscape
-// page is turned is the print server's affair, so there it is a corner that is printable both ways.
+// The printable area's upper left corner on a page, in twips from the paper's. Which way a
+// landscape page is turned is the print server's affair, so on such a page the corner is one that
+// can be printed on either way.
 struct PrintableCorner {
   double x = 0;
   double y = 0;

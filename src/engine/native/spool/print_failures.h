@@ -1,5 +1,5 @@
-// What can go wrong with printing. Each raises ErrorNumber::PrinterFailure with a Dutch description
-// of its own.
+// What can go wrong with printing. Each function raises ErrorNumber::PrinterFailure with a Dutch
+// description of its own.
 #pragma once
 
 #include <string>
@@ -22,7 +22,7 @@ class PrintingFailed : public Error {
   std::string advice_;
 };
 
-// The user did not want it any more.
+// The user has cancelled the printing.
 class PrintingCancelled : public Error {
  public:
   PrintingCancelled() : Error(ErrorNumber::PrinterFailure, "Het afdrukken is geannuleerd") {}
@@ -32,7 +32,7 @@ class PrintingCancelled : public Error {
 [[noreturn]] void ThrowNoPrinters();
 [[noreturn]] void ThrowNoSuchPrinter(std::string_view printer);
 [[noreturn]] void ThrowPrinterRefuses(std::string_view printer);
-// In the middle of a job, which has been taken back.
+// The connection was lost in the middle of a job, which has been taken back.
 [[noreturn]] void ThrowConnectionLost(std::string_view printer);
 [[noreturn]] void ThrowPrintingCancelled();
 

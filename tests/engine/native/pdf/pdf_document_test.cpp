@@ -153,12 +153,18 @@ TEST_F(PdfDocument, BytesReachTheSinkWhilePagesAreWritten) {
   }
   std::size_t largest = 0;
   std::size_t total = 0;
-  WritePdf(document_, 1, 400, [&](std::span<const std::uint8_t> part) {
+  PdfWriter writer(document_, [&](std::span<const std::uint8_t> part) {
     largest = std::max(largest, part.size());
     total += part.size();
   });
+  for (std::int32_t page = 1; page <= 200; ++page) writer.WritePage(page);
+  const std::size_t totalAtHalf = total;
+  for (std::int32_t page = 201; page <= 400; ++page) writer.WritePage(page);
+  writer.Finish();
   EXPECT_GT(total, 140'000U);
   EXPECT_LT(largest, 70'000U);
+  EXPECT_GT(totalAtHalf, total / 4);
+  EXPECT_LT(totalAtHalf, total * 2 / 3);
 }
 
 // Whatever is drawn, the file stays sound.

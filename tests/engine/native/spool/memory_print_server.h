@@ -7,14 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "engine/native/document/document.h"
 #include "engine/native/spool/print_failures.h"
 #include "engine/native/spool/print_server.h"
+#include "support/trace/trace_player.h"
 
 namespace pagivo::native {
 
 struct MemoryJob {
   JobTicket ticket;
-  std::string document;
+  std::vector<std::string> pages;  // as TracePage has them
   bool isFinished = false;
   bool isCancelled = false;
 };
@@ -25,9 +27,9 @@ class MemoryPrintServer final : public PrintServer {
   std::map<std::string, PrinterMedia> media;
   std::string defaultPrinter;
   bool isAway = false;
-  // The job of this number (from 1) loses its connection at its first bytes; 0 for none.
+  // The job of this number (from 1) loses its connection at its first page; 0 for none.
   std::size_t failingJob = 0;
-  // Runs when a job is opened, and before it takes bytes.
+  // Runs when a job is opened, and before it is finished.
   std::function<void()> meanwhile = [] {};
 
   std::vector<std::shared_ptr<MemoryJob>> jobs;
@@ -61,12 +63,14 @@ class MemoryPrintServer final : public PrintServer {
    public:
     OpenedJob(MemoryPrintServer& server, std::shared_ptr<MemoryJob> job, bool isFailing)
         : server_(server), job_(std::move(job)), isFailing_(isFailing) {}
-    void Write(std::span<const std::uint8_t> bytes) override {
-      server_.meanwhile();
+    void PrintPage(const Document& document, std::int32_t page) override {
       if (isFailing_) ThrowConnectionLost(job_->ticket.printer);
-      job_->document.append(bytes.begin(), bytes.end());
+      job_->pages.push_back(TracePage(document, page));
     }
-    void Finish() override { job_->isFinished = true; }
+    void Finish() override {
+      server_.meanwhile();
+      job_->isFinished = true;
+    }
     void Cancel() noexcept override { job_->isCancelled = true; }
 
    private:

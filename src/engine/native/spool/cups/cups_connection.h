@@ -14,14 +14,13 @@
 #include "engine/native/spool/cups/http_answer.h"
 #include "engine/native/spool/cups/ipp_message.h"
 #include "engine/native/spool/cups/server_stream.h"
-#include "engine/native/spool/cups/waiting.h"
 #include "engine/native/spool/print_server.h"
 
 namespace pagivo::native {
 
 // What a server says to a request.
 struct CupsAnswer {
-  // False when there was none that can be used: the connection broke, the server was silent, or
+  // False when there is no answer that can be used: the connection broke, the server was silent, or
   // what it said is too long or no answer at all.
   bool isThere = false;
   int status = IPP_STATUS_ERROR_INTERNAL;  // the message's, whatever number it is
@@ -32,13 +31,13 @@ struct CupsAnswer {
   static constexpr int kLastSuccess = 0xFF;
 };
 
-// The server is the one that the environment or the user's or system's client.conf names; where it
-// wants a password, it counts as refusing. No function raises: a failure shows in what it answers,
-// and a connection that failed is of no further use.
+// The server is the one that the environment or the user's or system's client.conf names. A server
+// that wants a password counts as refusing. No function raises an error: a failure shows in what
+// the function returns, and a connection that failed is of no further use.
 class CupsConnection {
  public:
-  // How long a server may take to be reached and to answer what is asked, in all; a little less
-  // than the two seconds that are promised.
+  // A server may take so long in all to be reached and to answer what is asked. That is a little
+  // less than the two seconds that are promised.
   static constexpr std::chrono::milliseconds kPatience{1800};
 
   // Tries to reach the server. `patience` is for all that is asked with Ask.
@@ -57,7 +56,7 @@ class CupsConnection {
   // From now on the server may take this long for each piece of data that is sent with Begin and
   // Send, and for the whole answer in Finish.
   void SetPatience(std::chrono::milliseconds patience, KeepWaiting keepWaiting);
-  // A request that data follows. False when the server takes no more.
+  // Begins a request that data follow. False when the server takes no more.
   bool Begin(const IppMessage& request, const std::string& resource);
   bool Send(std::span<const std::uint8_t> bytes);
   CupsAnswer Finish();
@@ -69,8 +68,8 @@ class CupsConnection {
   bool WriteText(std::string_view text);
   std::optional<HttpAnswer> Post(std::span<const std::uint8_t> request,
                                  const std::string& resource);
-  // Another connection for what the server wants of this one; false when it wants nothing more that
-  // it can have.
+  // Does what the server wants of a connection: the next one is encrypted, or names the user. False
+  // when the server wants nothing more that it can have.
   bool ComplyWith(int status);
 
   Waiting waiting_;

@@ -107,13 +107,21 @@ void CupsPrintJob::Begin() {
   if (!connection_->Begin(request, resource_)) Fail();
 }
 
-void CupsPrintJob::Write(std::span<const std::uint8_t> bytes) {
+void CupsPrintJob::Send(std::span<const std::uint8_t> bytes) {
   if (!isBegun_) Begin();
   if (!connection_->Send(bytes)) Fail();
 }
 
+void CupsPrintJob::PrintPage(const Document& document, std::int32_t page) {
+  if (!file_) {
+    file_.emplace(document, [this](std::span<const std::uint8_t> bytes) { Send(bytes); });
+  }
+  file_->WritePage(page);
+}
+
 void CupsPrintJob::Finish() {
-  if (!isBegun_) Begin();
+  file_->Finish();
+  file_.reset();
   if (!connection_->Finish().IsSuccess()) Fail();
   connection_.reset();
 }

@@ -3,8 +3,10 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/spool/cups/cups_connection.h"
 #include "engine/native/spool/print_server.h"
 
@@ -25,11 +27,11 @@ IppMessage CancelJobRequest(const CupsJob& job);
 // The path of a printer's address.
 std::string ResourceOf(const std::string& printerUri);
 
-// The server prints nothing of a job before its document is complete. The print server object lives
-// longer than its jobs.
+// Sends the pages as a PDF file while it writes it. The server prints nothing of a job before its
+// file is complete. The print server object lives longer than its jobs.
 class CupsPrintJob final : public PrintJob {
  public:
-  // How long a server that has taken a job may be silent: a busy one has disks to write.
+  // A server that has taken a job may be silent for so long: a busy one has disks to write.
   static constexpr std::chrono::seconds kPatience{30};
 
   // The job was created over this connection and has no document yet.
@@ -37,18 +39,20 @@ class CupsPrintJob final : public PrintJob {
                KeepWaiting keepWaiting);
   ~CupsPrintJob() override;
 
-  void Write(std::span<const std::uint8_t> bytes) override;
+  void PrintPage(const Document& document, std::int32_t page) override;
   void Finish() override;
   void Cancel() noexcept override;
 
  private:
   void Begin();
+  void Send(std::span<const std::uint8_t> bytes);
   [[noreturn]] void Fail();
 
   CupsPrintServer& server_;
   std::unique_ptr<CupsConnection> connection_;  // null once the job is finished or failed
   CupsJob job_;
   std::string resource_;
+  std::optional<PdfWriter> file_;  // from the first page to the last
   bool isBegun_ = false;
   bool isTakenBack_ = false;
 };

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <utility>
 
-#include "engine/native/spool/cups/default_printer.h"
 #include "engine/native/spool/print_failures.h"
 #include "values/errors.h"
 
@@ -12,6 +14,33 @@ namespace pagivo::native {
 namespace {
 
 constexpr std::array<const char*, 1> kNameAttribute{"printer-name"};
+
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? std::string() : std::string(value);
+}
+
+// "Default Balie/concept media=a4"
+std::string DefaultIn(const std::string& file) {
+  std::ifstream lines(file);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string kind;
+    std::string printer;
+    words >> kind >> printer;
+    if (kind == "Default" || kind == "default") return printer;
+  }
+  return {};
+}
+
+// What the environment or the files of lpoptions say; empty when they say nothing. PRINTER=lp is
+// what systems set that have only one printer.
+std::string DefaultPrinterOfUser() {
+  if (std::string name = Variable("LPDEST"); !name.empty()) return name;
+  if (std::string name = Variable("PRINTER"); !name.empty() && name != "lp") return name;
+  std::string ofUser = DefaultIn(Variable("HOME") + "/.cups/lpoptions");
+  return ofUser.empty() ? DefaultIn("/etc/cups/lpoptions") : ofUser;
+}
 
 }  // namespace
 

@@ -10,7 +10,6 @@
 
 #include "engine/native/spool/cups/cups_connection.h"
 #include "engine/native/spool/cups/cups_print_job.h"
-#include "engine/native/spool/cups/printer_attributes.h"
 #include "engine/native/spool/print_server.h"
 
 namespace pagivo::native {
@@ -19,7 +18,7 @@ namespace pagivo::native {
 // not looked for, as that takes time. Each question has a connection of its own.
 class CupsPrintServer final : public PrintServer {
  public:
-  // How long a silent server is taken as being away.
+  // A silent server counts as being away for so long.
   static constexpr std::chrono::seconds kAbsence{30};
 
   const std::vector<Printer>& Printers() override;
@@ -30,9 +29,9 @@ class CupsPrintServer final : public PrintServer {
   std::unique_ptr<PrintJob> OpenJob(const JobTicket& ticket,
                                     const KeepWaiting& keepWaiting) override;
 
-  // For jobs. The server may have been silent on the connection.
+  // For jobs: notes whether the server was silent on the connection.
   void NoteSilence(const CupsConnection& connection) noexcept;
-  // The job is to be cancelled when the server is next told.
+  // For jobs: the server is told to cancel the job when it is next told of cancelled jobs.
   void TakeBack(const CupsJob& job) { cancelled_.push_back(job); }
 
  private:

@@ -1,4 +1,4 @@
-// An answer of a server by the rules of HTTP/1.1, as far as a print server needs them.
+// Reading a server's answers by the rules of HTTP/1.1, as far as print servers need them.
 #pragma once
 
 #include <cstddef>
@@ -21,8 +21,8 @@ struct HttpAnswer {
 // Reads answers one after the other from bytes that come in pieces.
 class HttpReader {
  public:
-  // The longest answer that is read, and the longest head of one, with the interim answers before
-  // it.
+  // The longest body that is read, and the longest head, which counts together with the interim
+  // answers before it.
   static constexpr std::size_t kMostBody = std::size_t{8} << 20;
   static constexpr std::size_t kMostHead = std::size_t{64} << 10;
 
@@ -31,9 +31,10 @@ class HttpReader {
 
   explicit HttpReader(Source source) : source_(std::move(source)) {}
 
-  // Nothing when the source ends first, or when the answer is too long or none at all.
+  // The next answer. Nothing when the source ends first, or when the answer is too long or none at
+  // all.
   std::optional<HttpAnswer> Next();
-  // What was read of an answer that nobody wants any more.
+  // Forgets what was read of an answer that nobody wants any more.
   void Forget() noexcept { unread_.clear(); }
 
  private:

@@ -1,4 +1,4 @@
-// IPP requests and answers, owned.
+// IPP messages: requests, answers, and what answers say of printers.
 #pragma once
 
 #include <cups/cups.h>
@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/native/spool/print_server.h"
+
 namespace pagivo::native {
 
 struct IppDeleter {
@@ -16,27 +18,36 @@ struct IppDeleter {
 };
 using IppMessage = std::unique_ptr<ipp_t, IppDeleter>;
 
-// A request in the name of the environment's user, to a printer or, when that is empty, the server.
+// A request in the name of the environment's user. It goes to a printer or, when the address is
+// empty, to the server.
 IppMessage NewRequest(ipp_op_t operation, const std::string& printerUri);
 
 void AddText(ipp_t* message, ipp_tag_t group, ipp_tag_t kind, const char* name,
              const std::string& value);
 void AddRequestedAttributes(ipp_t* request, std::span<const char* const> names);
 
-// The values of an attribute in a message or collection; a default when it is not there.
+// The values of an attribute in a message or collection. They are empty when it is not there.
 std::string TextOf(ipp_attribute_t* attribute);
 std::vector<std::string> TextsOf(ipp_attribute_t* attribute);
 std::vector<ipp_t*> CollectionsOf(ipp_attribute_t* attribute);  // borrowed
 ipp_attribute_t* Find(ipp_t* message, const char* name);
 
-// As it goes to a server.
+// A message's bytes as they go to a server.
 std::vector<std::uint8_t> BytesOf(ipp_t* message);
 
-// Collections in collections that an answer may have. libcups reads each in a call of its own.
+// Collections in an answer may be nested this deep. libcups reads each in a call of its own.
 inline constexpr int kDeepestNesting = 16;
-// From a server. Null when it is no message, or nested deeper than that.
+// Reads what came from a server. Null when it is no message, or nested deeper than that.
 IppMessage ParseAnswer(std::span<const std::uint8_t> bytes);
-// The status of a message that was parsed; servers may say any number.
+// The status of a message that was parsed. Servers may say any number.
 int StatusOf(std::span<const std::uint8_t> answer);
+
+// The attributes to ask for, and the printers that an answer with them describes.
+extern const std::vector<const char*> kPrinterAttributes;
+std::vector<Printer> ReadPrinters(ipp_t* answer);
+
+// The attributes to ask for, and the paper of the printer that an answer with them describes.
+extern const std::vector<const char*> kMediaAttributes;
+PrinterMedia ReadMedia(ipp_t* answer);
 
 }  // namespace pagivo::native

@@ -1,11 +1,10 @@
 #include "engine/native/spool/cups/server_stream.h"
 
 #include <cups/cups.h>
-#include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 #include <vector>
@@ -13,7 +12,7 @@
 namespace pagivo::native {
 namespace {
 
-// What a step answers that would have to wait.
+// A step that would have to wait returns what it waits for.
 constexpr std::ptrdiff_t kWaitsForInput = -1;
 constexpr std::ptrdiff_t kWaitsForOutput = -2;
 constexpr std::ptrdiff_t kFailed = -3;
@@ -25,29 +24,29 @@ struct AddressesDeleter {
 // More than that many addresses of one server are not tried.
 constexpr std::size_t kMostAddresses = 8;
 
-ServerSocket Knock(const http_addr_t& address) {
+Descriptor Knock(const http_addr_t& address) {
   const int family = httpAddrFamily(const_cast<http_addr_t*>(&address));
-  ServerSocket socket(::socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  if (socket.File() < 0) return {};
+  Descriptor socket(::socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  if (!socket) return {};
   const auto length = static_cast<socklen_t>(httpAddrLength(&address));
   const bool isUnderWay =
-      connect(socket.File(), &address.addr, length) == 0 || errno == EINPROGRESS;
-  return isUnderWay ? std::move(socket) : ServerSocket();
+      connect(socket.Number(), &address.addr, length) == 0 || errno == EINPROGRESS;
+  return isUnderWay ? std::move(socket) : Descriptor();
 }
 
-bool IsConnected(const ServerSocket& socket) {
+bool IsConnected(const Descriptor& socket) {
   int failure = 0;
   socklen_t size = sizeof failure;
-  return getsockopt(socket.File(), SOL_SOCKET, SO_ERROR, &failure, &size) == 0 && failure == 0;
+  return getsockopt(socket.Number(), SOL_SOCKET, SO_ERROR, &failure, &size) == 0 && failure == 0;
 }
 
 // The first that gets through; the others are given up.
-ServerSocket FirstConnected(std::vector<ServerSocket> sockets, Waiting& waiting) {
+Descriptor FirstConnected(std::vector<Descriptor> sockets, Waiting& waiting) {
   while (!sockets.empty() && waiting.GoesOn()) {
     std::vector<pollfd> wanted;
     wanted.reserve(sockets.size());
-    for (const ServerSocket& socket : sockets) {
-      wanted.push_back({.fd = socket.File(), .events = POLLOUT, .revents = 0});
+    for (const Descriptor& socket : sockets) {
+      wanted.push_back({.fd = socket.Number(), .events = POLLOUT, .revents = 0});
     }
     poll(wanted.data(), wanted.size(), static_cast<int>(Waiting::kSlice.count()));
     for (std::size_t i = wanted.size(); i-- > 0;) {
@@ -72,15 +71,25 @@ std::ptrdiff_t OutcomeOf(ssize_t count, gnutls_session_t session) {
 
 }  // namespace
 
-ServerSocket::~ServerSocket() {
-  if (file_ >= 0) close(file_);
+void Waiting::Begin(std::chrono::milliseconds patience, KeepWaiting keepWaiting) {
+  deadline_ = Clock::now() + patience;
+  keepWaiting_ = std::move(keepWaiting);
 }
 
-ServerSocket::ServerSocket(ServerSocket&& other) noexcept : file_(std::exchange(other.file_, -1)) {}
+bool Waiting::GoesOn() {
+  if (keepWaiting_ && !keepWaiting_()) wasCancelled_ = true;
+  if (Clock::now() >= deadline_) wasSilent_ = true;
+  return !wasCancelled_ && !wasSilent_;
+}
 
-ServerSocket& ServerSocket::operator=(ServerSocket&& other) noexcept {
-  std::swap(file_, other.file_);
-  return *this;
+bool Waiting::Await(int socket, short events) {
+  pollfd wanted{.fd = socket, .events = events, .revents = 0};
+  while (GoesOn()) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline_ - Clock::now());
+    const auto slice = std::clamp(left, std::chrono::milliseconds(0), kSlice);
+    if (poll(&wanted, 1, static_cast<int>(slice.count())) > 0) return true;
+  }
+  return false;
 }
 
 ServerStream::ServerStream(const std::string& host, int port, Encryption encryption,
@@ -95,11 +104,11 @@ ServerStream::~ServerStream() = default;
 void ServerStream::Connect(const std::string& host, int port) {
   const std::unique_ptr<http_addrlist_t, AddressesDeleter> addresses(
       httpAddrGetList(host.c_str(), AF_UNSPEC, std::to_string(port).c_str()));
-  std::vector<ServerSocket> sockets;
+  std::vector<Descriptor> sockets;
   for (const http_addrlist_t* address = addresses.get();
        address != nullptr && sockets.size() < kMostAddresses; address = address->next) {
-    ServerSocket socket = Knock(address->addr);
-    if (socket.File() >= 0) sockets.push_back(std::move(socket));
+    Descriptor socket = Knock(address->addr);
+    if (socket) sockets.push_back(std::move(socket));
   }
   socket_ = FirstConnected(std::move(sockets), waiting_);
   isLocalSocket_ = host.starts_with('/');
@@ -115,7 +124,7 @@ void ServerStream::Encrypt(const std::string& host) {
   gnutls_set_default_priority(session);
   gnutls_credentials_set(session, GNUTLS_CRD_CERTIFICATE, credentials);
   gnutls_server_name_set(session, GNUTLS_NAME_DNS, host.data(), host.size());
-  gnutls_transport_set_int(session, socket_.File());
+  gnutls_transport_set_int(session, socket_.Number());
   if (Try([session] { return OutcomeOf(gnutls_handshake(session), session); }) < 0) socket_ = {};
 }
 
@@ -125,14 +134,14 @@ std::ptrdiff_t ServerStream::Try(Step step) {
     const std::ptrdiff_t outcome = step();
     if (outcome >= 0 || outcome == kFailed) return outcome;
     const short events = outcome == kWaitsForInput ? POLLIN : POLLOUT;
-    if (!waiting_.Await(socket_.File(), events)) return kFailed;
+    if (!waiting_.Await(socket_.Number(), events)) return kFailed;
   }
   return kFailed;
 }
 
 bool ServerStream::HasInput() const noexcept {
   if (session_ && gnutls_record_check_pending(session_.get()) > 0) return true;
-  pollfd wanted{.fd = socket_.File(), .events = POLLIN, .revents = 0};
+  pollfd wanted{.fd = socket_.Number(), .events = POLLIN, .revents = 0};
   return poll(&wanted, 1, 0) > 0;
 }
 
@@ -143,7 +152,7 @@ bool ServerStream::Write(std::span<const std::uint8_t> bytes) {
         return OutcomeOf(gnutls_record_send(session_.get(), bytes.data(), bytes.size()),
                          session_.get());
       }
-      return OutcomeOf(send(socket_.File(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
+      return OutcomeOf(send(socket_.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
                        kWaitsForOutput);
     });
     if (written < 0) return false;
@@ -160,7 +169,7 @@ std::size_t ServerStream::Read(std::span<std::uint8_t> bytes) {
       return OutcomeOf(gnutls_record_recv(session_.get(), bytes.data(), bytes.size()),
                        session_.get());
     }
-    return OutcomeOf(recv(socket_.File(), bytes.data(), bytes.size(), 0), kWaitsForInput);
+    return OutcomeOf(recv(socket_.Number(), bytes.data(), bytes.size(), 0), kWaitsForInput);
   });
   return count < 0 ? 0 : static_cast<std::size_t>(count);
 }

@@ -1,4 +1,4 @@
-#include "engine/native/spool/printer_condition.h"
+#include "engine/native/printing/printer_condition.h"
 
 #include <array>
 #include <string_view>

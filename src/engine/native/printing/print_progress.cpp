@@ -1,10 +1,12 @@
-#include "engine/native/setup/print_progress_form.h"
+#include "engine/native/printing/print_progress.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
-#include "window/surface.h"
+#include "values/errors.h"
 
 namespace pagivo::native {
 namespace {
@@ -118,6 +120,33 @@ std::string MessageOf(const SeriesFailure& failure) {
 
 }  // namespace
 
+// --- The bar ------------------------------------------------------------------------------------
+
+void ProgressBar::PutDone(double done) {
+  if (done == done_) return;
+  done_ = done;
+  Change();
+}
+
+// A frame around it, a 96th of an inch wide, and a ground for what is still to be done.
+void ProgressBar::Draw(const SurfaceBitmap& bitmap, const SurfaceColors& colors) {
+  const std::int32_t line = std::max(static_cast<std::int32_t>(std::lround(Scale())), 1);
+  const std::int32_t inside = std::max(bitmap.width - 2 * line, 0);
+  const auto filled = static_cast<std::int32_t>(std::lround(std::clamp(done_, 0.0, 1.0) * inside));
+  for (std::int32_t y = 0; y < bitmap.height; ++y) {
+    const auto row =
+        bitmap.pixels.subspan(static_cast<std::size_t>(y) * static_cast<std::size_t>(bitmap.width),
+                              static_cast<std::size_t>(bitmap.width));
+    std::ranges::fill(row, colors.edge);
+    if (y < line || y >= bitmap.height - line || inside == 0) continue;
+    const auto bar = row.subspan(static_cast<std::size_t>(line), static_cast<std::size_t>(inside));
+    std::ranges::fill(bar, colors.ground);
+    std::ranges::fill(bar.first(static_cast<std::size_t>(filled)), colors.highlight);
+  }
+}
+
+// --- The form -----------------------------------------------------------------------------------
+
 PrintProgressForm::PrintProgressForm(std::shared_ptr<WindowSystem> windows,
                                      PrintedDocument document)
     : Form(std::move(windows), kDesign), document_(std::move(document)) {}
@@ -166,6 +195,50 @@ void PrintProgressForm::cancel_Click() {
   if (tellsFailure_) return Unload();
   cancelled_ = true;
   Get("cancel").PutEnabled(false);
+}
+
+// --- When it is shown ---------------------------------------------------------------------------
+
+PrintProgressWindow::PrintProgressWindow(std::shared_ptr<WindowSystem> windows,
+                                         PrintedDocument document, Clock now)
+    : windows_(std::move(windows)),
+      document_(std::move(document)),
+      now_(std::move(now)),
+      nextLook_(now_() + kAppearsAfter) {}
+
+PrintProgressWindow::~PrintProgressWindow() {
+  if (form_) IgnoringErrors([this] { form_->Unload(); });
+}
+
+bool PrintProgressWindow::Continues(const SeriesProgress& progress) {
+  if (!windows_ || now_() < nextLook_) return !IsCancelled();
+  IgnoringErrors([&] { Look(progress); });
+  nextLook_ = now_() + kBetweenLooks;
+  return !IsCancelled();
+}
+
+bool PrintProgressWindow::IsCancelled() const noexcept {
+  return form_ && form_->IsCancelled();
+}
+
+PrintProgressForm& PrintProgressWindow::MakeForm() {
+  if (!form_) form_ = std::make_shared<PrintProgressForm>(windows_, document_);
+  return *form_;
+}
+
+void PrintProgressWindow::Look(const SeriesProgress& progress) {
+  MakeForm().ShowProgress(progress);
+  if (!form_->Visible()) form_->Open();
+  form_->HandleEvents();
+}
+
+void PrintProgressWindow::TellFailure(const SeriesFailure& failure) {
+  if (!windows_) return;
+  IgnoringErrors([&] {
+    MakeForm().ShowFailure(failure);
+    if (!form_->Visible()) form_->Open();
+    form_->AwaitHiding();
+  });
 }
 
 }  // namespace pagivo::native

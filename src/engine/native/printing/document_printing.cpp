@@ -1,9 +1,8 @@
-#include "engine/native/spool/document_printing.h"
+#include "engine/native/printing/document_printing.h"
 
 #include <memory>
 #include <vector>
 
-#include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/spool/print_failures.h"
 
 namespace pagivo::native {
@@ -13,7 +12,7 @@ namespace {
 struct PaperRun {
   std::int32_t firstPage = 0;
   std::int32_t lastPage = 0;
-  PageGeometry geometry;  // of the first
+  PageGeometry geometry;  // of the first page
 };
 
 MediaSize PaperOf(const PageGeometry& page) {
@@ -50,7 +49,7 @@ class DocumentPrinter {
     }
   }
 
-  // What was sent so far.
+  // The jobs that were sent so far.
   SentJobs& Jobs() noexcept { return jobs_; }
 
  private:
@@ -65,8 +64,10 @@ class DocumentPrinter {
   void PrintRun(const PaperRun& run, int copies) {
     PrintJob& job = *jobs_.emplace_back(server_.OpenJob(
         TicketFor(run, copies), [this] { return !watcher_ || watcher_(progress_); }));
-    const auto send = [&job](std::span<const std::uint8_t> bytes) { job.Write(bytes); };
-    WritePdf(document_, run.firstPage, run.lastPage, send, [this](std::int32_t) { NextPage(); });
+    for (std::int32_t page = run.firstPage; page <= run.lastPage; ++page) {
+      NextPage();
+      job.PrintPage(document_, page);
+    }
     job.Finish();
   }
 

@@ -1,4 +1,4 @@
-// One print command: the jobs of all its copies, the window that follows them and what became of
+// One print command: the jobs of all its copies, the window that follows them, and what became of
 // them.
 #pragma once
 
@@ -7,26 +7,27 @@
 #include <functional>
 #include <memory>
 
-#include "engine/native/setup/print_progress.h"
-#include "engine/native/spool/document_printing.h"
+#include "engine/native/printing/document_printing.h"
+#include "engine/native/printing/print_progress.h"
 #include "engine/print_series.h"
 
 namespace pagivo::native {
 
-// Every copy is sent for itself, so that copies come out as whole sets. The user's cancelling takes
-// back all of them; a failure only the copy that failed, and none is sent after it.
+// Every copy is sent for itself, so that copies come out as whole sets. When the user cancels, all
+// of them are taken back. When a copy fails, only that one is, and no copy is sent after it.
 class PrintingSeries {
  public:
-  // Sends one copy while the watcher lets it.
+  // Sends one copy for as long as the watcher lets it.
   using SendCopy = std::function<SentJobs(const PrintWatcher& watcher)>;
 
-  // Null windows: nothing is shown. Null server: there are no printers, and every copy fails.
+  // With null windows nothing is shown. With a null server there are no printers, and every copy
+  // fails.
   PrintingSeries(std::shared_ptr<WindowSystem> windows, std::shared_ptr<PrintServer> server,
                  PrintedDocument document, std::int32_t copies);
 
-  // Passes on the error of a copy, the same one for every copy after it.
+  // Sends the next copy and passes on its error. Every copy after that raises the same error.
   void Print(const SendCopy& send);
-  // Returns when the user has read of a failure.
+  // Tells the user of a failure, and returns when the user has read of it.
   PrintCommandOutcome End();
 
  private:

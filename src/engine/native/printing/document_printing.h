@@ -21,25 +21,25 @@ struct PrintRequest {
 };
 
 struct PrintProgress {
-  std::int32_t page = 0;       // of the pages that are printed, the one being written; from 1
-  std::int32_t pageCount = 0;  // those of every copy that is sent for itself
+  std::int32_t page = 0;       // the page being printed, from 1 among those that are printed
+  std::int32_t pageCount = 0;  // counts those of every copy that is sent for itself
 };
 
-// Told before each page is written, and many times a second while the server is silent;
-// false cancels the printing.
+// Is asked before each page is printed, and many times a second while the server is silent; false
+// cancels the printing.
 using PrintWatcher = std::function<bool(const PrintProgress&)>;
 
 // Jobs that a server has accepted.
 using SentJobs = std::vector<std::unique_ptr<PrintJob>>;
 
-// Sends the pages as PDF while it is being written. One job when all pages have one paper, however
-// they are turned; else a job for each run of pages of the same paper, as a job has only one.
+// Gives the server the pages one by one: as one job when all have the same paper, however they are
+// turned, else as a job for each run of pages on the same paper, for a job has only one paper.
 // Raises ErrorNumber::PrinterFailure; every job that was sent is then taken back. `watcher` may be
 // empty.
 SentJobs PrintPages(PrintServer& server, const Document& document, const PrintRequest& request,
                     const PrintWatcher& watcher);
 
-// What is on paper already stays there.
+// Cancels the jobs and tells the server. What is on paper already stays there.
 void TakeBackJobs(PrintServer& server, const SentJobs& jobs) noexcept;
 
 }  // namespace pagivo::native

@@ -1,4 +1,4 @@
-// What a printer says of itself, for people.
+// What a printer says of its state, in words for its users.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "engine/native/setup/print_progress.h"
+#include "engine/native/printing/print_progress.h"
 
 #include <gtest/gtest.h>
 

@@ -1,17 +1,19 @@
-// The printers that an engine can choose from, and which one it has chosen.
+// The printers that an engine can choose from, the one that it has chosen, and what is known of
+// any.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <utility>
 
-#include "engine/native/spool/document_printing.h"
+#include "engine/native/printing/document_printing.h"
 #include "engine/native/spool/print_server.h"
 
 namespace pagivo::native {
 
 // Without a server, or while it cannot be reached, there are no printers. Nothing is asked of the
-// server before a function needs it.
+// server before a function needs it. What is asked about a printer by its name leaves the choice as
+// it is.
 class PrinterChoice {
  public:
   explicit PrinterChoice(std::shared_ptr<PrintServer> server) : server_(std::move(server)) {}
@@ -34,7 +36,7 @@ class PrinterChoice {
   std::string PortOf(const std::string& name);
   // Any printer's; empty when nothing is known of it.
   PrinterMedia MediaOf(const std::string& name);
-  // What any printer says of itself (see spool/printer_condition.h); empty when nothing is known.
+  // What any printer says of itself (see printer_condition.h); empty when nothing is known.
   std::string ConditionOf(const std::string& name);
 
   // On the current printer, whatever `request` names. Raises ErrorNumber::PrinterFailure.

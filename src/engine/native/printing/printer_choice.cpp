@@ -1,9 +1,9 @@
-#include "engine/native/printer_choice.h"
+#include "engine/native/printing/printer_choice.h"
 
 #include <algorithm>
 
+#include "engine/native/printing/printer_condition.h"
 #include "engine/native/spool/print_failures.h"
-#include "engine/native/spool/printer_condition.h"
 #include "pagivo/error.h"
 
 namespace pagivo::native {

@@ -1,4 +1,4 @@
-#include "engine/native/printing_series.h"
+#include "engine/native/printing/printing_series.h"
 
 #include <algorithm>
 #include <iterator>
