@@ -62,9 +62,9 @@ void DrawPage(const Document& document, std::int32_t page, const PageView& view,
   const PageScale scale(view.pixelsPerTwip);
   const PageGeometry& geometry = document.GeometryOf(page);
   Canvas canvas(bitmap, view, PagePixelSize(geometry, view.pixelsPerTwip));
-  canvas.FillPaper();
   BitmapPlayer player(canvas, scale, geometry);
   document.Play(page, player);
+  canvas.FinishPaper();
   canvas.RequireDrawn();
 }
 

@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 
+// Rows of paper that are laid at once: a few lines of text, which processors have room for.
+constexpr std::int32_t kPaperRows = 32;
+
 // The pixels of one direction, within bounds, that a stretch between two edges meets.
 struct Extent {
   Extent(double edge, double otherEdge, std::int32_t low, std::int32_t high)
@@ -42,7 +45,8 @@ Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page)
       top_(view.top),
       clip_{std::max(view.left, 0), std::max(view.top, 0),
             std::min(view.left + bitmap.width, page.width),
-            std::min(view.top + bitmap.height, page.height)} {}
+            std::min(view.top + bitmap.height, page.height)},
+      paperBottom_(clip_.top) {}
 
 Canvas::~Canvas() = default;
 
@@ -61,7 +65,8 @@ void Canvas::BeginCairo() {
   cairo_clip(context_.get());
 }
 
-cairo_t* Canvas::Vectors() {
+cairo_t* Canvas::Vectors(std::int32_t bottom) {
+  LayPaper(bottom);
   if (context_ == nullptr) BeginCairo();
   if (pixelsChanged_) cairo_surface_mark_dirty(surface_.get());
   pixelsChanged_ = false;
@@ -73,15 +78,19 @@ void Canvas::RequireDrawn() const {
 }
 
 std::uint32_t* Canvas::Row(std::int32_t y) {
+  LayPaper(y + 1);
   if (!pixelsChanged_ && surface_ != nullptr) cairo_surface_flush(surface_.get());
   pixelsChanged_ = true;
-  return bitmap_.pixels.data() + std::ptrdiff_t{y - top_} * bitmap_.width - left_;
+  return PixelsOf(y);
 }
 
-void Canvas::FillPaper() {
+void Canvas::LayMorePaper(std::int32_t bottom) {
   if (clip_.IsEmpty()) return;
-  for (std::int32_t y = clip_.top; y < clip_.bottom; ++y) {
-    std::fill(Row(y) + clip_.left, Row(y) + clip_.right, kWhite);
+  if (surface_ != nullptr) cairo_surface_flush(surface_.get());
+  pixelsChanged_ = true;
+  const std::int32_t end = std::min(std::max(bottom, paperBottom_ + kPaperRows), clip_.bottom);
+  for (; paperBottom_ < end; ++paperBottom_) {
+    std::fill(PixelsOf(paperBottom_) + clip_.left, PixelsOf(paperBottom_) + clip_.right, kWhite);
   }
 }
 
@@ -92,14 +101,11 @@ void Canvas::DrawCoverage(const Coverage& coverage, std::int32_t left, std::int3
       left + (left + coverage.pitch <= clip_.right ? coverage.pitch : coverage.width);
   const PixelBox box = Intersection({left, top, right, top + coverage.height}, clip_);
   if (box.IsEmpty()) return;
+  LayPaper(box.bottom);
   const std::uint8_t* covered =
       coverage.bytes + std::ptrdiff_t{box.top - top} * coverage.pitch + (box.left - left);
-  std::uint32_t* row = Row(box.top) + box.left;
-  for (std::int32_t y = box.top; y < box.bottom; ++y) {
-    ink.BlendRow(row, covered, box.right - box.left);
-    covered += coverage.pitch;
-    row += bitmap_.width;
-  }
+  ink.BlendRows(Row(box.top) + box.left, bitmap_.width, covered, coverage.pitch,
+                box.right - box.left, box.bottom - box.top);
 }
 
 void Canvas::FillRectangle(const PixelRectangle& rectangle, const Ink& ink) {

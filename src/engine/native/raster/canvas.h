@@ -57,15 +57,18 @@ class Canvas {
 
   const PixelBox& Clip() const noexcept { return clip_; }
 
-  // For drawing with cairo, until the next call of another function.
-  cairo_t* Vectors();
+  // For drawing with cairo above the row `bottom`, until the next call of another function.
+  cairo_t* Vectors(std::int32_t bottom);
+  cairo_t* Vectors() { return Vectors(clip_.bottom); }
   // Raises std::bad_alloc when memory did not suffice for all that was drawn with it.
   void RequireDrawn() const;
   // For drawing into pixels within the clip, until the next call of Vectors: where the page's pixel
   // (0, y) would be.
   std::uint32_t* Row(std::int32_t y);
 
-  void FillPaper();
+  // Lays the rest of the paper. It is laid from the top, as far down as something is drawn, so that
+  // the processor still has the pixels at hand that are drawn on.
+  void FinishPaper() { LayPaper(clip_.bottom); }
   void DrawCoverage(const Coverage& coverage, std::int32_t left, std::int32_t top, const Ink& ink);
   // The edges may be given in any order.
   void FillRectangle(const PixelRectangle& rectangle, const Ink& ink);
@@ -77,11 +80,19 @@ class Canvas {
   };
 
   void BeginCairo();
+  void LayPaper(std::int32_t bottom) {
+    if (bottom > paperBottom_) LayMorePaper(bottom);
+  }
+  void LayMorePaper(std::int32_t bottom);
+  std::uint32_t* PixelsOf(std::int32_t y) {
+    return bitmap_.pixels.data() + std::ptrdiff_t{y - top_} * bitmap_.width - left_;
+  }
 
   Bitmap& bitmap_;
   std::int32_t left_;
   std::int32_t top_;
   PixelBox clip_;
+  std::int32_t paperBottom_;    // the first row that is not white yet
   bool pixelsChanged_ = false;  // since cairo drew last
   std::unique_ptr<cairo_surface_t, Release> surface_;
   std::unique_ptr<cairo_t, Release> context_;

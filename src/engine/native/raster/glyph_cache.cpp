@@ -1,7 +1,11 @@
 #include "engine/native/raster/glyph_cache.h"
 
-#include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "engine/native/fonts/font_library.h"
 
@@ -32,20 +36,9 @@ void Embolden(FT_Outline& outline, const GlyphStyle& style) {
 
 constexpr FT_Pos kQuarter = static_cast<FT_Pos>(kOutlineUnitsPerPixel / 4);
 
-// At most half of the places are taken, so that a free one is near.
-constexpr std::size_t kPlaces = 2 * GlyphCache::kMaximumGlyphs;
-
-std::uint64_t KeyOf(std::uint32_t style, std::uint32_t glyph) {
-  return std::uint64_t{style + 1} << 32 | glyph;
-}
-
-std::size_t HashOf(std::uint64_t key) {
-  return static_cast<std::size_t>(key * 0x9E3779B97F4A7C15U >> 32) % kPlaces;
-}
-
-// Rows are filled up with blanks, so that they can be blended four pixels at a time.
+// Rows are filled up with blanks, so that they can be blended four or eight pixels at a time.
 constexpr std::int32_t PitchOf(std::int32_t width) {
-  return (width + 3) & ~3;
+  return width <= 4 ? 4 : (width + 7) & ~7;
 }
 
 // The whole pixels that an outline touches, as FreeType counts them: y up.
@@ -68,78 +61,183 @@ FT_Outline* LoadGlyphOutline(const GlyphStyle& style, std::uint32_t glyph) {
   return &outline;
 }
 
-GlyphCache::GlyphCache() : places_(kPlaces) {}
+// A table of glyphs by their numbers, of which at most half of the places are taken, so that a free
+// one is near.
+class GlyphCache::Glyphs {
+ public:
+  struct Shape {
+    static constexpr std::int16_t kNotMade = -1;
 
-void GlyphCache::Clear() {
-  std::fill(places_.begin(), places_.end(), Entry{});
-  bytes_.clear();
-  glyphCount_ = 0;
-}
+    std::uint32_t begin = 0;  // among the style's bytes
+    std::int16_t left = 0;
+    std::int16_t top = 0;
+    std::int16_t width = kNotMade;
+    std::int16_t height = 0;
+  };
 
-std::uint32_t GlyphCache::Select(const GlyphStyle& style) {
-  const auto found = std::find(styles_.begin(), styles_.end(), style);
-  if (found != styles_.end()) return static_cast<std::uint32_t>(found - styles_.begin());
-  if (styles_.size() == kMaximumStyles) {
-    styles_.clear();
-    faces_.clear();
-    Clear();
+  Glyphs(const GlyphStyle& style, std::shared_ptr<const Face> face)
+      : style_(style), face_(std::move(face)), places_(kFewestPlaces) {}
+
+  const GlyphStyle& Style() const noexcept { return style_; }
+
+  // Null until it is made.
+  const Shape* Find(std::uint32_t glyph, std::uint32_t quarters) {
+    const Entry& entry = PlaceOf(glyph);
+    if (entry.key == 0 || entry.shapes[quarters].width == Shape::kNotMade) return nullptr;
+    return &entry.shapes[quarters];
   }
-  faces_.push_back(style.face->shared_from_this());  // first: no style without its face
-  styles_.push_back(style);
-  return static_cast<std::uint32_t>(styles_.size() - 1);
-}
 
-GlyphCache::Entry& GlyphCache::PlaceOf(std::uint64_t key) {
-  std::size_t place = HashOf(key);
-  while (places_[place].key != 0 && places_[place].key != key) place = (place + 1) % kPlaces;
-  return places_[place];
-}
-
-GlyphBitmap GlyphCache::Find(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
-                             std::uint32_t quarterY) {
-  const std::uint64_t key = KeyOf(style, glyph);
-  Entry* entry = &PlaceOf(key);
-  const std::uint32_t quarters = quarterY << 2 | quarterX;
-  if (entry->key == 0 || entry->shapes[quarters].width == kNotMade) {
-    const bool isNew = entry->key == 0;
-    if ((isNew && glyphCount_ == kMaximumGlyphs) || bytes_.size() >= kMaximumBytes) Clear();
-    entry = &PlaceOf(key);
-    if (entry->key == 0) ++glyphCount_;
-    entry->key = key;
-    entry->shapes[quarters] = Rasterize(style, glyph, quarterX, quarterY);
+  const Shape* Make(std::uint32_t glyph, std::uint32_t quarters) {
+    Shape& shape = EntryOf(glyph).shapes[quarters];
+    shape = Rasterize(glyph, quarters);
+    return &shape;
   }
-  const Shape& shape = entry->shapes[quarters];
-  return {{bytes_.data() + shape.begin, shape.width, shape.height, PitchOf(shape.width)},
-          shape.left,
-          shape.top};
-}
 
-GlyphCache::Shape GlyphCache::Rasterize(std::uint32_t style, std::uint32_t glyph,
-                                        std::uint32_t quarterX, std::uint32_t quarterY) {
-  Shape shape;
-  shape.width = 0;
-  FT_Outline* outline = LoadGlyphOutline(styles_[style], glyph);
-  if (outline == nullptr) return shape;
-  FT_Outline_Translate(outline, FT_Pos{quarterX} * kQuarter, -FT_Pos{quarterY} * kQuarter);
+  GlyphBitmap BitmapOf(const Shape& shape) const {
+    return {{coverages_.data() + shape.begin, shape.width, shape.height, PitchOf(shape.width)},
+            shape.left,
+            shape.top};
+  }
+
+  std::size_t Bytes() const noexcept {
+    return sizeof(Glyphs) + places_.size() * sizeof(Entry) + coverages_.size();
+  }
+
+  void Clear() {
+    places_.assign(kFewestPlaces, {});
+    coverages_.clear();
+    count_ = 0;
+  }
+
+ private:
+  static constexpr std::size_t kFewestPlaces = 32;  // a power of two, as every later number
+
+  struct Entry {
+    std::uint64_t key = 0;         // 0 is a free place
+    std::array<Shape, 16> shapes;  // at every quarter, side by side, for a line meets them all
+  };
+
+  static std::uint64_t KeyOf(std::uint32_t glyph) { return std::uint64_t{glyph} + 1; }
+
+  Entry& PlaceOf(std::uint32_t glyph) {
+    const std::uint64_t key = KeyOf(glyph);
+    const std::size_t last = places_.size() - 1;
+    std::size_t place = (key * 0x9E3779B97F4A7C15U >> 32) & last;
+    while (places_[place].key != 0 && places_[place].key != key) place = (place + 1) & last;
+    return places_[place];
+  }
+
+  Entry& EntryOf(std::uint32_t glyph) {
+    if (PlaceOf(glyph).key == 0 && 2 * (count_ + 1) > places_.size()) Grow();
+    Entry& entry = PlaceOf(glyph);
+    if (entry.key == 0) ++count_;
+    entry.key = KeyOf(glyph);
+    return entry;
+  }
+
+  void Grow() {
+    std::vector<Entry> grown(2 * places_.size());
+    places_.swap(grown);
+    for (const Entry& entry : grown) {
+      if (entry.key != 0) PlaceOf(static_cast<std::uint32_t>(entry.key - 1)) = entry;
+    }
+  }
+
+  Shape Rasterize(std::uint32_t glyph, std::uint32_t quarters);
+
+  GlyphStyle style_;
+  std::shared_ptr<const Face> face_;  // the style's, held so that no other face takes its address
+  std::vector<Entry> places_;
+  std::vector<std::uint8_t> coverages_;
+  std::size_t count_ = 0;
+};
+
+GlyphCache::Glyphs::Shape GlyphCache::Glyphs::Rasterize(std::uint32_t glyph,
+                                                        std::uint32_t quarters) {
+  constexpr Shape kBlank{.width = 0};
+  FT_Outline* outline = LoadGlyphOutline(style_, glyph);
+  if (outline == nullptr) return kBlank;
+  FT_Outline_Translate(outline, FT_Pos{quarters & 3} * kQuarter, -FT_Pos{quarters >> 2} * kQuarter);
   const FT_BBox box = PixelBounds(*outline);
-  if (box.xMax - box.xMin > kMaximumSide || box.yMax - box.yMin > kMaximumSide) return shape;
-  shape.begin = static_cast<std::uint32_t>(bytes_.size());
-  shape.left = static_cast<std::int16_t>(box.xMin);
-  shape.top = static_cast<std::int16_t>(-box.yMax);
-  shape.width = static_cast<std::int16_t>(box.xMax - box.xMin);
-  shape.height = static_cast<std::int16_t>(box.yMax - box.yMin);
-  bytes_.resize(bytes_.size() + static_cast<std::size_t>(PitchOf(shape.width) * shape.height));
-
+  if (box.xMax - box.xMin > kMaximumSide || box.yMax - box.yMin > kMaximumSide) return kBlank;
+  const auto width = static_cast<std::int32_t>(box.xMax - box.xMin);
+  const auto height = static_cast<std::int32_t>(box.yMax - box.yMin);
+  const std::size_t begin = coverages_.size();
+  coverages_.resize(begin + static_cast<std::size_t>(PitchOf(width) * height));
   FT_Bitmap bitmap{};
-  bitmap.rows = static_cast<unsigned>(shape.height);
-  bitmap.width = static_cast<unsigned>(shape.width);
-  bitmap.pitch = PitchOf(shape.width);
-  bitmap.buffer = bytes_.data() + shape.begin;
+  bitmap.rows = static_cast<unsigned>(height);
+  bitmap.width = static_cast<unsigned>(width);
+  bitmap.pitch = PitchOf(width);
+  bitmap.buffer = coverages_.data() + begin;
   bitmap.num_grays = 256;
   bitmap.pixel_mode = FT_PIXEL_MODE_GRAY;
   FT_Outline_Translate(outline, -box.xMin * 64, -box.yMin * 64);
-  FT_Outline_Get_Bitmap(styles_[style].face->FreeType()->glyph->library, outline, &bitmap);
-  return shape;
+  FT_Outline_Get_Bitmap(style_.face->FreeType()->glyph->library, outline, &bitmap);
+  return {static_cast<std::uint32_t>(begin), static_cast<std::int16_t>(box.xMin),
+          static_cast<std::int16_t>(-box.yMax), static_cast<std::int16_t>(width),
+          static_cast<std::int16_t>(height)};
+}
+
+// Adds what a style grows by, whole or not when memory runs out.
+class GlyphCache::Counting {
+ public:
+  Counting(std::size_t& bytes, const Glyphs& glyphs)
+      : bytes_(bytes), glyphs_(glyphs), before_(glyphs.Bytes()) {}
+  ~Counting() { bytes_ += glyphs_.Bytes() - before_; }
+  Counting(const Counting&) = delete;
+  Counting& operator=(const Counting&) = delete;
+
+ private:
+  std::size_t& bytes_;
+  const Glyphs& glyphs_;
+  std::size_t before_;
+};
+
+std::size_t GlyphCache::Hash::operator()(const GlyphStyle& style) const noexcept {
+  const std::size_t looks = std::size_t{style.emboldened} << 1 | std::size_t{style.slanted};
+  const std::size_t size = std::bit_cast<std::uint32_t>(style.emPixels);
+  return (std::hash<const Face*>()(style.face) ^ (size << 2 | looks)) * 0x9E3779B97F4A7C15U;
+}
+
+GlyphCache::GlyphCache() = default;
+GlyphCache::~GlyphCache() = default;
+
+GlyphCache::Glyphs* GlyphCache::Select(const GlyphStyle& style) {
+  if (!styles_.empty() && styles_.front().Style() == style) return &styles_.front();
+  if (const auto known = places_.find(style); known != places_.end()) {
+    styles_.splice(styles_.begin(), styles_, known->second);
+    return &styles_.front();
+  }
+  std::list<Glyphs> made;  // so that nothing is kept by half when memory runs out
+  made.emplace_front(style, style.face->shared_from_this());
+  places_.emplace(style, made.begin());
+  styles_.splice(styles_.begin(), made);
+  bytes_ += styles_.front().Bytes();
+  MakeRoom(&styles_.front());
+  return &styles_.front();
+}
+
+void GlyphCache::MakeRoom(Glyphs* inUse) {
+  while (bytes_ > kMaximumBytes && &styles_.back() != inUse) {
+    bytes_ -= styles_.back().Bytes();
+    places_.erase(styles_.back().Style());
+    styles_.pop_back();
+  }
+  if (bytes_ <= kMaximumBytes) return;
+  inUse->Clear();
+  bytes_ = inUse->Bytes();
+}
+
+GlyphBitmap GlyphCache::Find(Glyphs* glyphs, std::uint32_t glyph, std::uint32_t quarterX,
+                             std::uint32_t quarterY) {
+  const std::uint32_t quarters = quarterY << 2 | quarterX;
+  const Glyphs::Shape* shape = glyphs->Find(glyph, quarters);
+  if (shape == nullptr) {
+    MakeRoom(glyphs);
+    const Counting counting(bytes_, *glyphs);
+    shape = glyphs->Make(glyph, quarters);
+  }
+  return glyphs->BitmapOf(*shape);
 }
 
 }  // namespace pagivo::native

@@ -5,10 +5,9 @@
 #include <ft2build.h>
 #include FT_OUTLINE_H
 
-#include <array>
 #include <cstdint>
-#include <memory>
-#include <vector>
+#include <list>
+#include <unordered_map>
 
 #include "engine/native/fonts/face.h"
 #include "engine/native/raster/canvas.h"
@@ -39,56 +38,40 @@ struct GlyphBitmap {
   std::int32_t top = 0;
 };
 
-// Keeps bitmaps until their bytes or the number of glyphs reach the bound; then it starts anew,
-// which costs little: a page needs a few hundred glyphs.
+// Keeps the bitmaps of each style together. When the bytes reach the bound, the style that was used
+// longest ago goes first.
 class GlyphCache {
  public:
   static constexpr std::size_t kMaximumBytes = std::size_t{16} << 20;
-  static constexpr std::size_t kMaximumGlyphs = std::size_t{1} << 12;
-  static constexpr std::size_t kMaximumStyles = 64;
   // Pixels; what is larger, which no sane face holds, stays blank.
   static constexpr std::int32_t kMaximumSide = 2048;
 
+  // The glyphs of one style. Holds until the next call of Select.
+  class Glyphs;
   GlyphCache();
-
-  // A number for the style, which holds until the next call.
-  std::uint32_t Select(const GlyphStyle& style);
+  ~GlyphCache();
+  Glyphs* Select(const GlyphStyle& style);
 
   // The glyph in a selected style, its pen position at that quarter (0 to 3) of a pixel to the
   // right and below the pixel's corner. Holds until the next call.
-  GlyphBitmap Find(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
+  GlyphBitmap Find(Glyphs* glyphs, std::uint32_t glyph, std::uint32_t quarterX,
                    std::uint32_t quarterY);
 
-  std::size_t Bytes() const noexcept { return bytes_.size(); }
-  // Glyphs of a style, each counted once at however many quarters.
-  std::size_t GlyphCount() const noexcept { return glyphCount_; }
+  // What is kept, the tables included.
+  std::size_t Bytes() const noexcept { return bytes_; }
+  std::size_t StyleCount() const noexcept { return styles_.size(); }
 
  private:
-  struct Shape {
-    std::uint32_t begin = 0;
-    std::int16_t left = 0;
-    std::int16_t top = 0;
-    std::int16_t width = kNotMade;
-    std::int16_t height = 0;
-  };
-  static constexpr std::int16_t kNotMade = -1;
-
-  struct Entry {
-    std::uint64_t key = 0;         // 0 is a free place
-    std::array<Shape, 16> shapes;  // at every quarter, side by side, for a line meets them all
+  class Counting;
+  struct Hash {
+    std::size_t operator()(const GlyphStyle& style) const noexcept;
   };
 
-  Entry& PlaceOf(std::uint64_t key);
-  void Clear();
-  Shape Rasterize(std::uint32_t style, std::uint32_t glyph, std::uint32_t quarterX,
-                  std::uint32_t quarterY);
+  void MakeRoom(Glyphs* inUse);
 
-  std::vector<GlyphStyle> styles_;
-  // Those of the styles, held so that no other face takes the address of one.
-  std::vector<std::shared_ptr<const Face>> faces_;
-  std::vector<Entry> places_;  // by the key's hash, the next free one when taken
-  std::vector<std::uint8_t> bytes_;
-  std::size_t glyphCount_ = 0;
+  std::list<Glyphs> styles_;  // the one used last first
+  std::unordered_map<GlyphStyle, std::list<Glyphs>::iterator, Hash> places_;
+  std::size_t bytes_ = 0;
 };
 
 }  // namespace pagivo::native

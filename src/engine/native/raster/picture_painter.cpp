@@ -35,7 +35,7 @@ void PicturePainter::Draw(const Rectangle& rectangle, const PictureImageRef& pic
   if (picture == nullptr || picture->IsEmpty() || width == 0 || height == 0) return;
   const PixelBox box = BoxOf(target);
   if (Intersection(box, canvas_.Clip()).IsEmpty()) return;
-  cairo_t* cairo = canvas_.Vectors();
+  cairo_t* cairo = canvas_.Vectors(box.bottom);
   const PixelRectangle place{target.left - box.left, target.top - box.top, target.right - box.left,
                              target.bottom - box.top};
   const PixelSize ground{box.right - box.left, box.bottom - box.top};

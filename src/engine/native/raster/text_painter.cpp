@@ -12,7 +12,7 @@ constexpr double kLargestCachedEm = 100;
 // How far, in em, a glyph may reach from where it stands; more than any face has need of.
 constexpr double kGlyphReach = 16;
 
-GlyphCache& Glyphs() {
+GlyphCache& KeptGlyphs() {
   static GlyphCache glyphs;
   return glyphs;
 }
@@ -121,7 +121,7 @@ void TextPainter::Draw(Point position, std::string_view text) {
 double TextPainter::DrawRun(const ShapedRun& run, double x, double baseline) {
   const GlyphStyle style{run.face, static_cast<float>(emPixels_), run.emboldened, run.slanted};
   const bool isCached = emPixels_ <= kLargestCachedEm;
-  const std::uint32_t selected = isCached ? Glyphs().Select(style) : 0;
+  GlyphCache::Glyphs* const glyphs = isCached ? KeptGlyphs().Select(style) : nullptr;
   const double unit = emPixels_ / run.face->UnitsPerEm();
   const double reach = kGlyphReach * emPixels_;
   const double low = canvas_.Clip().left - reach;
@@ -132,7 +132,7 @@ double TextPainter::DrawRun(const ShapedRun& run, double x, double baseline) {
     x += glyph.advance * unit;
     if (glyphX < low || glyphX > high) continue;
     if (isCached) {
-      DrawBitmap(selected, glyph.glyph, glyphX, glyphY);
+      DrawBitmap(glyphs, glyph.glyph, glyphX, glyphY);
     } else {
       DrawOutline(style, glyph.glyph, glyphX, glyphY);
     }
@@ -140,10 +140,10 @@ double TextPainter::DrawRun(const ShapedRun& run, double x, double baseline) {
   return x;
 }
 
-void TextPainter::DrawBitmap(std::uint32_t style, std::uint32_t glyph, double x, double y) {
+void TextPainter::DrawBitmap(GlyphCache::Glyphs* glyphs, std::uint32_t glyph, double x, double y) {
   const QuarterPixel column = NearestQuarter(x);
   const QuarterPixel row = NearestQuarter(y);
-  const GlyphBitmap bitmap = Glyphs().Find(style, glyph, column.quarter, row.quarter);
+  const GlyphBitmap bitmap = KeptGlyphs().Find(glyphs, glyph, column.quarter, row.quarter);
   canvas_.DrawCoverage(bitmap.coverage, column.pixel + bitmap.left, row.pixel + bitmap.top, ink_);
 }
 

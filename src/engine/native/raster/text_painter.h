@@ -27,7 +27,7 @@ class TextPainter {
  private:
   bool IsOutsideClip(Point position) const;
   double DrawRun(const ShapedRun& run, double x, double baseline);  // gives where it ends
-  void DrawBitmap(std::uint32_t style, std::uint32_t glyph, double x, double y);
+  void DrawBitmap(GlyphCache::Glyphs* glyphs, std::uint32_t glyph, double x, double y);
   void DrawOutline(const GlyphStyle& style, std::uint32_t glyph, double x, double y);
   void DrawUnderline(double left, double right, double baseline);
 
