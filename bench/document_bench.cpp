@@ -7,7 +7,7 @@
 
 #include "compose_report.h"
 #include "engine/native/native_engine.h"
-#include "engine/native/raster/bitmap_player.h"
+#include "pagivo/page_image.h"
 #include "peak_memory.h"
 #include "peers.h"
 #include "preview/preview_form.h"
@@ -56,13 +56,27 @@ void Export(benchmark::State& state) {
   print.VsPPEinde();
 }
 
-void Bitmap96Dpi(benchmark::State& state) {
+template <int kDotsPerInch>
+void KeptBitmap(benchmark::State& state) {
   PgPrint print;
   ComposeReport(print, static_cast<int>(state.range(0)));
-  native::Bitmap bitmap{794, 1123, std::vector<std::uint32_t>(794 * 1123)};
+  PageImage image;
   for (auto _ : state) {
     for (std::int32_t page = 1; page <= state.range(0); ++page) {
-      native::DrawPage(ComposedDocument(), page, {}, bitmap);
+      DrawPageImage(page, kDotsPerInch, image);
+    }
+  }
+  CountPages(state);
+  print.VsPPEinde();
+}
+
+template <int kDotsPerInch>
+void NewBitmap(benchmark::State& state) {
+  PgPrint print;
+  ComposeReport(print, static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    for (std::int32_t page = 1; page <= state.range(0); ++page) {
+      benchmark::DoNotOptimize(DrawPageImage(page, kDotsPerInch));
     }
   }
   CountPages(state);
@@ -87,9 +101,10 @@ void Peer(benchmark::State& state) {
   CountFileBytes(state);
 }
 
-void CairoBitmap96Dpi(benchmark::State& state) {
+template <int kDotsPerInch>
+void CairoBitmap(benchmark::State& state) {
   for (auto _ : state) {
-    for (int page = 0; page < state.range(0); ++page) DrawReportPageWithCairo(page);
+    for (int page = 0; page < state.range(0); ++page) DrawReportPageWithCairo(page, kDotsPerInch);
   }
   CountPages(state);
 }
@@ -126,8 +141,12 @@ PAGIVO_BENCHMARK(Peer<WriteReportWithCairo>)->Arg(1000);
 
 PAGIVO_BENCHMARK(Compose)->Arg(100)->Arg(1000)->Arg(5000)->Arg(20000)->Arg(kMostPages);
 PAGIVO_BENCHMARK(Export)->Arg(100)->Arg(1000)->Arg(5000)->Arg(20000)->Arg(kMostPages);
-PAGIVO_BENCHMARK(Bitmap96Dpi)->Arg(100)->Arg(1000)->Arg(5000)->Arg(20000);
-PAGIVO_BENCHMARK(CairoBitmap96Dpi)->Arg(100)->Arg(1000);
+PAGIVO_BENCHMARK(KeptBitmap<96>)->Arg(100)->Arg(1000)->Arg(20000);
+PAGIVO_BENCHMARK(KeptBitmap<144>)->Arg(100);
+PAGIVO_BENCHMARK(NewBitmap<96>)->Arg(100);
+PAGIVO_BENCHMARK(NewBitmap<144>)->Arg(100);
+PAGIVO_BENCHMARK(CairoBitmap<96>)->Arg(100);
+PAGIVO_BENCHMARK(CairoBitmap<144>)->Arg(100);
 
 }  // namespace
 }  // namespace pagivo::bench

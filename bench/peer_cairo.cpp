@@ -7,8 +7,6 @@
 namespace pagivo::bench {
 namespace {
 
-constexpr double kPixelsPerTwip = 96.0 / 1440;
-
 void DrawString(cairo_t* context, const ReportString& string) {
   cairo_select_font_face(context, kReportFont, CAIRO_FONT_SLANT_NORMAL,
                          string.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
@@ -84,16 +82,17 @@ void WriteReportWithCairo(int pages, const std::string& fileName) {
   cairo_surface_destroy(picture);
 }
 
-void DrawReportPageWithCairo(int number) {
+void DrawReportPageWithCairo(int number, int dotsPerInch) {
+  const double pixelsPerTwip = dotsPerInch / 1440.0;
   static cairo_surface_t* const picture =
       cairo_image_surface_create_from_png(ReportPicturePath().c_str());
   cairo_surface_t* surface =
-      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(kPageWidth * kPixelsPerTwip),
-                                 static_cast<int>(kPageHeight * kPixelsPerTwip));
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(kPageWidth * pixelsPerTwip),
+                                 static_cast<int>(kPageHeight * pixelsPerTwip));
   cairo_t* context = cairo_create(surface);
   cairo_set_source_rgb(context, 1, 1, 1);
   cairo_paint(context);
-  cairo_scale(context, kPixelsPerTwip, kPixelsPerTwip);
+  cairo_scale(context, pixelsPerTwip, pixelsPerTwip);
   DrawPage(context, ReportPageOf(number), picture);
   cairo_destroy(context);
   cairo_surface_destroy(surface);

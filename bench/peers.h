@@ -10,6 +10,6 @@ void WriteReportWithHaru(int pages, const std::string& fileName);
 void WriteReportWithCairo(int pages, const std::string& fileName);
 
 // One page as a bitmap at 96 dpi, drawn by cairo with its own text.
-void DrawReportPageWithCairo(int number);
+void DrawReportPageWithCairo(int number, int dotsPerInch);
 
 }  // namespace pagivo::bench

@@ -27,6 +27,9 @@ struct PageImage {
 };
 
 PAGIVO_EXPORT PageImage DrawPageImage(std::int32_t page, double dotsPerInch);
+// The same into an image that the caller keeps, whose memory serves for page after page. It is
+// empty when this raises.
+PAGIVO_EXPORT void DrawPageImage(std::int32_t page, double dotsPerInch, PageImage& image);
 
 // The same to a PNG file. What was there is replaced when the new file is complete, and stays as it
 // is on failure.

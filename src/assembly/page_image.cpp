@@ -42,20 +42,28 @@ void RequireResolution(const native::PageGeometry& paper, double dotsPerInch) {
   }
 }
 
-native::Bitmap DrawCurrentPage(std::int32_t page, double dotsPerInch) {
+native::Bitmap DrawCurrentPage(std::int32_t page, double dotsPerInch, native::Bitmap bitmap = {}) {
   const native::Document& document = CurrentDocument();
   RequirePage(document, page);
   RequireResolution(document.GeometryOf(page), dotsPerInch);
-  return native::DrawWholePage(document, page, dotsPerInch);
+  native::DrawWholePage(document, page, dotsPerInch, bitmap);
+  return bitmap;
 }
 
 }  // namespace
 
-PageImage DrawPageImage(std::int32_t page, double dotsPerInch) {
-  return ReportingErrors([&]() -> PageImage {
-    native::Bitmap bitmap = DrawCurrentPage(page, dotsPerInch);
-    return {bitmap.width, bitmap.height, std::move(bitmap.pixels)};
+void DrawPageImage(std::int32_t page, double dotsPerInch, PageImage& image) {
+  ReportingErrors([&] {
+    PageImage kept = std::exchange(image, {});
+    native::Bitmap bitmap = DrawCurrentPage(page, dotsPerInch, {0, 0, std::move(kept.pixels)});
+    image = {bitmap.width, bitmap.height, std::move(bitmap.pixels)};
   });
+}
+
+PageImage DrawPageImage(std::int32_t page, double dotsPerInch) {
+  PageImage image;
+  DrawPageImage(page, dotsPerInch, image);
+  return image;
 }
 
 void WritePagePng(std::int32_t page, double dotsPerInch, const TextArgument& path) {

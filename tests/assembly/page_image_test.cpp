@@ -78,6 +78,25 @@ TEST_F(PageImageTest, EveryPageHasItsOwnPaper) {
   EXPECT_THAT(image.pixels, testing::Each(kWhite));
 }
 
+TEST_F(PageImageTest, AnImageThatIsKeptServesForPageAfterPage) {
+  PageImage kept = DrawPageImage(1, 96);
+  const std::uint32_t* const memory = kept.pixels.data();
+  DrawPageImage(2, 96, kept);
+  EXPECT_EQ(kept.pixels, DrawPageImage(2, 96).pixels);
+  EXPECT_GT(kept.width, kept.height);
+  DrawPageImage(1, 72, kept);
+  EXPECT_EQ(kept.pixels, DrawPageImage(1, 72).pixels);
+  EXPECT_EQ(kept.pixels.data(), memory);
+}
+
+TEST_F(PageImageTest, AnImageThatIsKeptIsEmptyAfterAnError) {
+  PageImage kept = DrawPageImage(1, 72);
+  ExpectError(ErrorNumber::PageOutOfRange, [&] { DrawPageImage(3, 96, kept); });
+  EXPECT_EQ(kept.width, 0);
+  EXPECT_EQ(kept.height, 0);
+  EXPECT_TRUE(kept.pixels.empty());
+}
+
 TEST_F(PageImageTest, PagesThatTheDocumentDoesNotHaveAreErrors) {
   for (const std::int32_t page : {-1, 0, 3, 100000}) {
     ExpectError(ErrorNumber::PageOutOfRange, [&] { DrawPageImage(page, 96); });

@@ -68,14 +68,22 @@ void DrawPage(const Document& document, std::int32_t page, const PageView& view,
   canvas.RequireDrawn();
 }
 
-Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch) {
+void DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch,
+                   Bitmap& bitmap) {
   const PageView view{dotsPerInch / kTwipsPerInch, 0, 0};
   const PixelSize size = PagePixelSize(document.GeometryOf(page), view.pixelsPerTwip);
   RequireDrawableSize(size);
-  Bitmap bitmap{size.width, size.height, {}};
+  bitmap.width = bitmap.height = 0;  // until it has the pixels
   bitmap.pixels.resize(static_cast<std::size_t>(size.width) *
                        static_cast<std::size_t>(size.height));
+  bitmap.width = size.width;
+  bitmap.height = size.height;
   DrawPage(document, page, view, bitmap);
+}
+
+Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch) {
+  Bitmap bitmap;
+  DrawWholePage(document, page, dotsPerInch, bitmap);
   return bitmap;
 }
 

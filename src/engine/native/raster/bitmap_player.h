@@ -48,5 +48,8 @@ void DrawPage(const Document& document, std::int32_t page, const PageView& view,
 
 // The whole page at that many dots an inch. Raises like DrawPage.
 Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch);
+// The same into a bitmap whose memory serves again where it suffices: fresh memory costs about as
+// much as making the paper white. What `bitmap` showed is lost when this raises.
+void DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch, Bitmap& bitmap);
 
 }  // namespace pagivo::native
