@@ -10,6 +10,7 @@ pkg_check_modules(GdkPixbuf REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
 pkg_check_modules(Rsvg REQUIRED IMPORTED_TARGET librsvg-2.0)
 pkg_check_modules(LibXml REQUIRED IMPORTED_TARGET libxml-2.0)
 pkg_check_modules(Png REQUIRED IMPORTED_TARGET libpng)
+pkg_check_modules(Jpeg REQUIRED IMPORTED_TARGET libjpeg)
 pkg_check_modules(Deflate REQUIRED IMPORTED_TARGET libdeflate)
 pkg_check_modules(GnuTls REQUIRED IMPORTED_TARGET gnutls)
 find_package(Cups REQUIRED)  # Debian has no pkg-config file for it

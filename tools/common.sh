@@ -4,7 +4,7 @@
 build_packages=(
   g++ cmake ninja-build pkg-config
   libfontconfig-dev libfreetype-dev libharfbuzz-dev libfribidi-dev libcairo2-dev
-  libgdk-pixbuf-2.0-dev librsvg2-dev libxml2-dev libpng-dev libdeflate-dev libcups2-dev
+  libgdk-pixbuf-2.0-dev librsvg2-dev libxml2-dev libpng-dev libjpeg62-turbo-dev libdeflate-dev libcups2-dev
   libgnutls28-dev
   qt6-base-dev libxcb1-dev qt6-translations-l10n
   fonts-liberation fonts-dejavu-core
