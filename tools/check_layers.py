@@ -48,7 +48,7 @@ LIBRARIES = {
     r"(ft2build\.h|freetype/|FT_)": [f"{NATIVE}/fonts", f"{NATIVE}/pdf", f"{NATIVE}/raster"],
     r"hb": [f"{NATIVE}/fonts", f"{NATIVE}/pdf"],
     r"cairo": [f"{NATIVE}/raster", f"{NATIVE}/pictures"],
-    r"(gdk-pixbuf|librsvg|glib|gio)": [f"{NATIVE}/pictures"],
+    r"(gdk-pixbuf|librsvg|glib|gio|libxml/|png\.h|jpeglib\.h)": [f"{NATIVE}/pictures"],
     r"libdeflate": [f"{NATIVE}/pdf"],
     r"(cups|gnutls)/": [f"{NATIVE}/spool/cups"],
     r"(Q[A-Z]|xcb/)": ["window/qt"],

@@ -1,13 +1,22 @@
 #include "engine/native/pictures/jpeg_decoder.h"
 
-#include <algorithm>
-#include <optional>
-#include <string_view>
+#include <jpeglib.h>
 
+#include <algorithm>
+#include <array>
+#include <cstdio>  // jpeglib.h wants it before
+#include <cstring>
+#include <iterator>
+#include <new>
+#include <vector>
+
+#include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {
 namespace {
+
+// --- What the markers say
 
 // Marker codes of ITU-T T.81, table B.1; a marker is 0xFF followed by one of them.
 constexpr std::uint8_t kBaselineFrame = 0xC0;
@@ -18,10 +27,12 @@ constexpr std::uint8_t kArithmeticConditioning = 0xCC;
 constexpr std::uint8_t kLastFrame = 0xCF;
 constexpr std::uint8_t kFirstRestart = 0xD0;
 constexpr std::uint8_t kLastRestart = 0xD7;
+constexpr std::uint8_t kStartOfImage = 0xD8;
 constexpr std::uint8_t kEndOfImage = 0xD9;
 constexpr std::uint8_t kStartOfScan = 0xDA;
 constexpr std::uint8_t kApplication0 = 0xE0;
 constexpr std::uint8_t kApplication14 = 0xEE;
+constexpr std::uint8_t kComment = 0xFE;
 
 // A scan that changes hardly anything still costs a pass over all pixels; photographs have about
 // ten.
@@ -36,25 +47,38 @@ bool StandsInScanData(std::uint8_t marker) {
   return marker == 0 || (marker >= kFirstRestart && marker <= kLastRestart);
 }
 
-bool StartsWith(PictureBytes bytes, std::string_view text) {
-  return std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size())
-      .starts_with(text);
+// Of an application's segments the decoder looks at JFIF's and Adobe's.
+bool MattersToTheDecoder(std::uint8_t marker) {
+  return marker < kApplication0 || marker == kApplication0 || marker == kApplication14;
 }
 
 class MarkerWalk {
  public:
   explicit MarkerWalk(PictureBytes bytes) : bytes_(bytes) {}
 
-  JpegStructure Run() {
+  void Run() {
     for (;;) {
       const std::uint8_t marker = NextMarker();
       if (marker == kEndOfImage) break;
       const PictureBytes segment = NextSegment();
-      TakeSegment(marker, segment);
+      if (IsFrame(marker)) TakeFrame(marker, segment);
+      if (marker == kStartOfScan) CountScan();
+      TakeForTrial(marker, segment);
       if (marker == kStartOfScan) SkipScanData();
     }
     if (scannedPixels_ == 0 || !HoldsAllBlocks()) RefuseDamaged();
-    return {FrameSuitsPdf() && ColorsAreCertain()};
+    trial_.insert(trial_.end(), {0xFF, kEndOfImage});
+  }
+
+  // The file's own markers around no data, as a picture of one pixel: whatever the decoder has
+  // against the file, it has against this one.
+  PictureBytes Trial() const { return trial_; }
+
+  JpegStructure Structure() const {
+    constexpr std::uint8_t kBitsPerSample = 8;
+    return {ReadBig16(frame_, 3), ReadBig16(frame_, 1), static_cast<int>(components_),
+            (frameMarker_ == kBaselineFrame || frameMarker_ == kProgressiveFrame) &&
+                frame_[0] == kBitsPerSample};
   }
 
  private:
@@ -72,18 +96,6 @@ class MarkerWalk {
     return segment;
   }
 
-  void TakeSegment(std::uint8_t marker, PictureBytes segment) {
-    if (IsFrame(marker)) {
-      TakeFrame(marker, segment);
-    } else if (marker == kStartOfScan) {
-      CountScan();
-    } else if (marker == kApplication0) {
-      jfif_ = jfif_ || StartsWith(segment, {"JFIF\0", 5});
-    } else if (marker == kApplication14 && StartsWith(segment, "Adobe") && segment.size() >= 12) {
-      adobeTransform_ = segment[11];
-    }
-  }
-
   void TakeFrame(std::uint8_t marker, PictureBytes segment) {
     if (!frame_.empty()) RefuseDamaged();
     frame_ = segment;
@@ -91,6 +103,7 @@ class MarkerWalk {
     const std::int64_t height = ReadBig16(segment, 1);
     const std::int64_t width = ReadBig16(segment, 3);
     RequireDecodableSize(width, height);
+    if (std::max(width, height) > JPEG_MAX_DIMENSION) RefuseDamaged();
     pixels_ = width * height;
     components_ = Slice(segment, 5, 1)[0];
     Slice(segment, 6, components_ * 3);
@@ -118,6 +131,16 @@ class MarkerWalk {
     return pixels_ * sum / most;
   }
 
+  void TakeForTrial(std::uint8_t marker, PictureBytes segment) {
+    if (!MattersToTheDecoder(marker)) return;
+    const auto length = static_cast<std::uint16_t>(segment.size() + 2);
+    trial_.insert(trial_.end(), {0xFF, marker, static_cast<std::uint8_t>(length >> 8),
+                                 static_cast<std::uint8_t>(length)});
+    std::copy(segment.begin(), segment.end(), std::back_inserter(trial_));
+    constexpr std::array<std::uint8_t, 4> kOnePixel{0, 1, 0, 1};
+    if (IsFrame(marker)) std::ranges::copy(kOnePixel, trial_.end() - std::ssize(segment) + 1);
+  }
+
   void SkipScanData() {
     const std::size_t begin = at_;
     FindEndOfScanData();
@@ -126,8 +149,11 @@ class MarkerWalk {
 
   void FindEndOfScanData() {
     for (;;) {
-      const auto found = std::find(bytes_.begin() + std::ptrdiff_t(at_), bytes_.end(), 0xFF);
-      at_ = static_cast<std::size_t>(found - bytes_.begin());
+      const PictureBytes rest = bytes_.subspan(at_);
+      const auto* found =
+          static_cast<const std::uint8_t*>(std::memchr(rest.data(), 0xFF, rest.size()));
+      if (found == nullptr) RefuseDamaged();
+      at_ = static_cast<std::size_t>(found - bytes_.data());
       const std::uint8_t next = Slice(bytes_, at_, 2)[1];
       if (next == 0xFF) {
         at_ += 1;
@@ -148,21 +174,6 @@ class MarkerWalk {
     return scanBytes_ * 8 >= rows * columns;
   }
 
-  bool FrameSuitsPdf() const {
-    constexpr std::uint8_t kBitsPerSample = 8;
-    return (frameMarker_ == kBaselineFrame || frameMarker_ == kProgressiveFrame) &&
-           frame_[0] == kBitsPerSample;
-  }
-
-  // Decoders go by different ones of these marks, so they must not contradict each other.
-  bool ColorsAreCertain() const {
-    if (components_ == 1) return true;
-    if (components_ != 3) return false;
-    if (jfif_) return adobeTransform_.value_or(1) == 1;
-    if (adobeTransform_) return *adobeTransform_ <= 1;
-    return frame_[6] == 1 && frame_[9] == 2 && frame_[12] == 3;
-  }
-
   PictureBytes bytes_;
   std::size_t at_ = 2;  // behind the start-of-image marker
   PictureBytes frame_;
@@ -171,14 +182,136 @@ class MarkerWalk {
   std::int64_t pixels_ = 0;
   std::int64_t scannedPixels_ = 0;
   std::size_t scanBytes_ = 0;
-  bool jfif_ = false;
-  std::optional<std::uint8_t> adobeTransform_;
+  std::vector<std::uint8_t> trial_{0xFF, kStartOfImage};
+};
+
+// --- The decoder
+
+// Decoding makes pictures smaller on the way: to a half, a quarter or an eighth.
+unsigned int ReductionWhileDecoding(std::int64_t width, std::int64_t height) {
+  constexpr unsigned int kMost = 8;
+  unsigned int reduction = 1;
+  while (reduction < kMost && width * height / (reduction * reduction) > kMaximumKeptPixels) {
+    reduction *= 2;
+  }
+  return reduction;
+}
+
+// Adobe's programs store the four inks the other way round.
+void MakeRgbOfCmyk(std::vector<std::uint8_t>& row, bool isInverted) {
+  auto to = row.begin();
+  for (std::size_t at = 0; at < row.size(); at += 4) {
+    const auto light = [isInverted](int ink) { return isInverted ? ink : 255 - ink; };
+    const int black = light(row[at + 3]);
+    for (std::size_t i = at; i < at + 3; ++i) {
+      *to++ = static_cast<std::uint8_t>(black * light(row[i]) / 255);
+    }
+  }
+}
+
+class JpegReader {
+ public:
+  explicit JpegReader(PictureBytes bytes) : bytes_(bytes) {
+    info_.err = jpeg_std_error(&errors_);
+    errors_.error_exit = [](j_common_ptr info) {
+      static_cast<JpegReader*>(info->client_data)->wayOut_.Take();
+    };
+    errors_.output_message = [](j_common_ptr) {};
+    info_.client_data = this;
+    if (!wayOut_.IsNotTaken([this] { jpeg_create_decompress(&info_); })) throw std::bad_alloc();
+  }
+  ~JpegReader() { jpeg_destroy_decompress(&info_); }
+  JpegReader(const JpegReader&) = delete;
+  JpegReader& operator=(const JpegReader&) = delete;
+
+  void ReadHeader() {
+    Do([this] {
+      jpeg_mem_src(&info_, bytes_.data(), bytes_.size());
+      jpeg_read_header(&info_, TRUE);
+    });
+  }
+
+  PictureImage::Pixels ReadPixels() {
+    Begin();
+    const auto width = static_cast<std::int32_t>(info_.output_width);
+    const auto height = static_cast<std::int32_t>(info_.output_height);
+    RowReducer reducer(width, height, false, ReductionFor(width, height, kMaximumKeptPixels));
+    std::vector<std::uint8_t> row(std::size_t{info_.output_width} *
+                                  static_cast<std::size_t>(info_.output_components));
+    while (info_.output_scanline < info_.output_height) {
+      ReadRow(row.data());
+      if (info_.out_color_space == JCS_CMYK) MakeRgbOfCmyk(row, info_.saw_Adobe_marker != 0);
+      reducer.Take(row.data());
+    }
+    Do([this] { jpeg_finish_decompress(&info_); });
+    return reducer.TakePixels();
+  }
+
+  // Decoders go by different ones of these marks, so they must not contradict each other.
+  bool ColorsAreCertain() const {
+    if (info_.num_components == 1) return true;
+    if (info_.num_components != 3) return false;
+    if (info_.saw_JFIF_marker != 0) {
+      return info_.saw_Adobe_marker == 0 || info_.Adobe_transform == 1;
+    }
+    if (info_.saw_Adobe_marker != 0) return info_.Adobe_transform <= 1;
+    return info_.comp_info[0].component_id == 1 && info_.comp_info[1].component_id == 2 &&
+           info_.comp_info[2].component_id == 3;
+  }
+
+ private:
+  // Refuses the picture when the library gives up. The step holds nothing that needs tidying up.
+  template <typename Step>
+  void Do(Step step) {
+    if (!wayOut_.IsNotTaken(step)) RefuseDamaged();
+  }
+
+  void Begin() {
+    switch (info_.jpeg_color_space) {
+      case JCS_GRAYSCALE:
+      case JCS_RGB:
+      case JCS_YCbCr:
+        info_.out_color_space = JCS_RGB;
+        break;
+      case JCS_CMYK:
+      case JCS_YCCK:
+        info_.out_color_space = JCS_CMYK;
+        break;
+      default:
+        RefuseDamaged();
+    }
+    info_.scale_num = 1;
+    info_.scale_denom = ReductionWhileDecoding(info_.image_width, info_.image_height);
+    Do([this] { jpeg_start_decompress(&info_); });
+  }
+
+  void ReadRow(std::uint8_t* row) {
+    Do([this, &row] { jpeg_read_scanlines(&info_, &row, 1); });
+  }
+
+  PictureBytes bytes_;
+  WayOut wayOut_;
+  jpeg_error_mgr errors_{};
+  jpeg_decompress_struct info_{};
 };
 
 }  // namespace
 
 JpegStructure ReadJpegStructure(PictureBytes bytes) {
-  return MarkerWalk(bytes).Run();
+  MarkerWalk walk(bytes);
+  walk.Run();
+  JpegReader trial(walk.Trial());
+  trial.ReadHeader();
+  JpegStructure structure = walk.Structure();
+  structure.suitsPdf = structure.suitsPdf && trial.ColorsAreCertain();
+  trial.ReadPixels();
+  return structure;
+}
+
+PictureImage::Pixels DecodeJpeg(PictureBytes bytes) {
+  JpegReader reader(bytes);
+  reader.ReadHeader();
+  return reader.ReadPixels();
 }
 
 }  // namespace pagivo::native

@@ -2,6 +2,7 @@
 // their decoding.
 #pragma once
 
+#include <csetjmp>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -26,6 +27,25 @@ class TooLargeFailure : public DecodeFailure {
 [[noreturn]] void RefuseDamaged();      // damaged or cut off
 [[noreturn]] void RefuseTooLarge();     // more than a bound of pixels or bytes
 [[noreturn]] void RefuseTooMuchWork();  // to decode
+
+// How a library written in C leaves its callers when it gives up: by a jump past all frames to
+// where they entered it.
+class WayOut {
+ public:
+  // Runs a step through the library and says whether it came to its end. Nothing in the step may
+  // need tidying up while the library runs.
+  template <typename Step>
+  bool IsNotTaken(Step step) {
+    if (setjmp(place_) != 0) return false;
+    step();
+    return true;
+  }
+
+  [[noreturn]] void Take() { std::longjmp(place_, 1); }
+
+ private:
+  std::jmp_buf place_;
+};
 
 // Refuses a picture of no pixels as damaged and one of more than kMaximumPixels as too large.
 void RequireDecodableSize(std::int64_t width, std::int64_t height);

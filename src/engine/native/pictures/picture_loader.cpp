@@ -27,11 +27,6 @@ PictureRef DecodeRaster(PictureFormat format, PictureBytes bytes) {
   return PictureOf(DecodeRasterFile(format, bytes));
 }
 
-PictureRef DecodePng(PictureBytes bytes) {
-  RequireWholePng(bytes);
-  return DecodeRaster(PictureFormat::Png, bytes);
-}
-
 PictureRef DecodeBmp(PictureBytes bytes) {
   RequireWholeBmp(bytes);
   return DecodeRaster(PictureFormat::Bmp, bytes);
@@ -39,13 +34,13 @@ PictureRef DecodeBmp(PictureBytes bytes) {
 
 PictureRef DecodeIcon(PictureBytes bytes) {
   const std::vector<std::uint8_t> icon = LargestIcon(bytes);
-  return FormatOf(icon) == PictureFormat::Png ? DecodePng(icon)
+  return FormatOf(icon) == PictureFormat::Png ? PictureOf(DecodePng(icon))
                                               : DecodeRaster(PictureFormat::Ico, icon);
 }
 
-PictureRef DecodeJpeg(PictureBytes bytes) {
+PictureRef LoadJpeg(PictureBytes bytes) {
   const JpegStructure structure = ReadJpegStructure(bytes);
-  PictureImage::Pixels pixels = DecodeRasterFile(PictureFormat::Jpeg, bytes);
+  PictureImage::Pixels pixels = DecodeJpeg(bytes);
   if (!structure.suitsPdf) return PictureOf(std::move(pixels));
   return PictureOf(std::move(pixels), {bytes.begin(), bytes.end()});
 }
@@ -66,9 +61,9 @@ PictureRef Decode(PictureBytes bytes) {
     case PictureFormat::Ico:
       return DecodeIcon(bytes);
     case PictureFormat::Jpeg:
-      return DecodeJpeg(bytes);
+      return LoadJpeg(bytes);
     case PictureFormat::Png:
-      return DecodePng(bytes);
+      return PictureOf(DecodePng(bytes));
     case PictureFormat::Tiff:
       RequireBoundedTiff(bytes);
       return DecodeRaster(format, bytes);

@@ -184,13 +184,11 @@ const char* DecoderName(PictureFormat format) {
       return "gif";
     case PictureFormat::Ico:
       return "ico";
-    case PictureFormat::Jpeg:
-      return "jpeg";
-    case PictureFormat::Png:
-      return "png";
     case PictureFormat::Tiff:
       return "tiff";
     case PictureFormat::Unknown:
+    case PictureFormat::Jpeg:
+    case PictureFormat::Png:
     case PictureFormat::Svg:
       break;
   }
@@ -214,31 +212,12 @@ struct Request {
   bool tooLarge = false;
 };
 
-// Only the decoder of JPEG makes pictures smaller on the way; to a half, a quarter or an eighth.
-std::int64_t ReductionWhileDecoding(PictureFormat format, std::int64_t width, std::int64_t height) {
-  constexpr std::int64_t kMost = 8;
-  std::int64_t reduction = 1;
-  if (format != PictureFormat::Jpeg) return reduction;
-  while (reduction < kMost && width * height / (reduction * reduction) > kMaximumKeptPixels) {
-    reduction *= 2;
-  }
-  return reduction;
-}
-
 void TakeSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
   auto& request = *static_cast<Request*>(data);
   const std::int64_t pixels = std::int64_t{width} * height;
-  const std::int64_t reduction = ReductionWhileDecoding(request.format, width, height);
-  const std::int64_t bytes = pixels / (reduction * reduction) * DecoderBytesAPixel(request.format);
+  const std::int64_t bytes = pixels * DecoderBytesAPixel(request.format);
   request.tooLarge = pixels > kMaximumPixels || bytes > kMaximumDecoderBytes;
-  if (request.tooLarge) {
-    gdk_pixbuf_loader_set_size(loader, 0, 0);
-  } else if (reduction > 1) {
-    const auto divided = [reduction](int side) {
-      return static_cast<int>((side + reduction - 1) / reduction);
-    };
-    gdk_pixbuf_loader_set_size(loader, divided(width), divided(height));
-  }
+  if (request.tooLarge) gdk_pixbuf_loader_set_size(loader, 0, 0);
 }
 
 LoaderRef MakeLoader(PictureFormat format) {

@@ -1,36 +1,27 @@
 #include "engine/native/pictures/png_codec.h"
 
-#include <gio/gio.h>
 #include <png.h>
 
+#include <algorithm>
 #include <array>
-#include <memory>
+#include <cstring>
 #include <new>
-#include <vector>
+
+#include "engine/native/pictures/decoded_pixels.h"
+#include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {
 namespace {
 
+// --- What the header says
+
 constexpr std::size_t kSignatureSize = 8;
-constexpr std::size_t kChunkFrameSize = 12;  // length, type, checksum
 constexpr std::uint32_t kHeaderChunk = 0x49484452;
-constexpr std::uint32_t kDataChunk = 0x49444154;
-constexpr std::uint32_t kEndChunk = 0x49454E44;
+constexpr std::size_t kHeaderSize = 13;
 // Deflate packs no more into a byte.
 constexpr std::int64_t kMostUnpackedBytesAByte = 1032;
 // Unpacking more takes more than a second.
 constexpr std::int64_t kMaximumPngRawBytes = std::int64_t{3} << 26;
-
-struct Chunk {
-  std::uint32_t type = 0;
-  PictureBytes data;
-};
-
-Chunk ReadChunk(PictureBytes bytes, std::size_t at) {
-  const std::size_t length = ReadBig32(bytes, at);
-  const PictureBytes chunk = Slice(bytes, at, kChunkFrameSize + length);
-  return {ReadBig32(chunk, 4), chunk.subspan(8, length)};
-}
 
 struct Header {
   std::int64_t width = 0;
@@ -44,11 +35,14 @@ std::int64_t SamplesOf(std::uint8_t colorType) {
   return colorType < kSamples.size() ? kSamples[colorType] : 0;
 }
 
-Header ReadHeader(const Chunk& chunk) {
-  if (chunk.type != kHeaderChunk) RefuseDamaged();
-  const PictureBytes fields = Slice(chunk.data, 8, 5);
-  const Header header{ReadBig32(chunk.data, 0), ReadBig32(chunk.data, 4),
-                      fields[0] * SamplesOf(fields[1]), fields[4] != 0};
+Header ReadHeader(PictureBytes bytes) {
+  if (ReadBig32(bytes, kSignatureSize) < kHeaderSize ||
+      ReadBig32(bytes, kSignatureSize + 4) != kHeaderChunk) {
+    RefuseDamaged();
+  }
+  const PictureBytes fields = Slice(bytes, kSignatureSize + 8, kHeaderSize);
+  const Header header{ReadBig32(fields, 0), ReadBig32(fields, 4), fields[8] * SamplesOf(fields[9]),
+                      fields[12] != 0};
   RequireDecodableSize(header.width, header.height);
   return header;
 }
@@ -58,68 +52,118 @@ std::int64_t PassBytes(std::int64_t width, std::int64_t height, std::int64_t bit
   return width == 0 ? 0 : height * (1 + (width * bitsPerPixel + 7) / 8);
 }
 
-struct Pass {
-  int left, top, stepX, stepY;
-};
-
 std::int64_t RawBytes(const Header& header) {
   if (!header.interlaced) return PassBytes(header.width, header.height, header.bitsPerPixel);
-  constexpr std::array kPasses{Pass{0, 0, 8, 8}, Pass{4, 0, 8, 8}, Pass{0, 4, 4, 8},
-                               Pass{2, 0, 4, 4}, Pass{0, 2, 2, 4}, Pass{1, 0, 2, 2},
-                               Pass{0, 1, 1, 2}};
   std::int64_t sum = 0;
-  for (const Pass& pass : kPasses) {
-    sum += PassBytes((header.width - pass.left + pass.stepX - 1) / pass.stepX,
-                     (header.height - pass.top + pass.stepY - 1) / pass.stepY, header.bitsPerPixel);
+  for (int pass = 0; pass < PNG_INTERLACE_ADAM7_PASSES; ++pass) {
+    sum += PassBytes(PNG_PASS_COLS(header.width, pass), PNG_PASS_ROWS(header.height, pass),
+                     header.bitsPerPixel);
   }
   return sum;
 }
 
-// Counts what a compressed stream unpacks to, up to a bound, without keeping it.
-class UnpackedCounter {
+void RequireBoundedWork(PictureBytes bytes) {
+  const Header header = ReadHeader(bytes);
+  const std::int64_t rawBytes = RawBytes(header);
+  if (rawBytes > static_cast<std::int64_t>(bytes.size()) * kMostUnpackedBytesAByte) RefuseDamaged();
+  constexpr std::int64_t kDecoderBytesAPixel = 4;
+  if (rawBytes > kMaximumPngRawBytes ||
+      header.width * header.height > kMaximumDecoderBytes / kDecoderBytesAPixel) {
+    RefuseTooLarge();
+  }
+}
+
+// --- The decoder
+
+class PngReader {
  public:
-  void Take(PictureBytes packed, std::int64_t bound) {
-    while (!packed.empty() && !ended_ && count_ < bound) {
-      gsize read = 0;
-      gsize written = 0;
-      const GConverterResult result = g_converter_convert(
-          G_CONVERTER(unpacker_.get()), packed.data(), packed.size(), buffer_.data(),
-          buffer_.size(), G_CONVERTER_NO_FLAGS, &read, &written, nullptr);
-      packed = packed.subspan(read);
-      count_ += static_cast<std::int64_t>(written);
-      // Damaged data ends here too; what it does not yield is missed later.
-      ended_ = result != G_CONVERTER_CONVERTED;
+  explicit PngReader(PictureBytes bytes)
+      : rest_(bytes),
+        png_(png_create_read_struct(PNG_LIBPNG_VER_STRING, this, GiveUp, IgnoreWarning)) {
+    if (png_ != nullptr) info_ = png_create_info_struct(png_);
+    if (info_ == nullptr) {
+      png_destroy_read_struct(&png_, nullptr, nullptr);
+      throw std::bad_alloc();
+    }
+  }
+  ~PngReader() { png_destroy_read_struct(&png_, &info_, nullptr); }
+  PngReader(const PngReader&) = delete;
+  PngReader& operator=(const PngReader&) = delete;
+
+  PictureImage::Pixels ReadPixels() {
+    Do([this] { Begin(); });
+    const auto width = static_cast<std::int32_t>(png_get_image_width(png_, info_));
+    const auto height = static_cast<std::int32_t>(png_get_image_height(png_, info_));
+    const bool hasAlpha = (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) != 0;
+    RowReducer reducer(width, height, hasAlpha, ReductionFor(width, height, kMaximumKeptPixels));
+    const bool interlaced = png_get_interlace_type(png_, info_) != PNG_INTERLACE_NONE;
+    interlaced ? TakeInterlaced(reducer) : TakeRows(reducer);
+    Do([this] { png_read_end(png_, nullptr); });
+    return reducer.TakePixels();
+  }
+
+ private:
+  static void GiveUp(png_structp png, png_const_charp) {
+    static_cast<PngReader*>(png_get_error_ptr(png))->wayOut_.Take();
+  }
+  static void IgnoreWarning(png_structp, png_const_charp) {}
+
+  static void Read(png_structp png, png_bytep to, png_size_t count) {
+    PictureBytes& rest = static_cast<PngReader*>(png_get_io_ptr(png))->rest_;
+    if (count > rest.size()) png_error(png, "the file ends here");
+    std::memcpy(to, rest.data(), count);
+    rest = rest.subspan(count);
+  }
+
+  // Refuses the picture when the library gives up. The step holds nothing that needs tidying up.
+  template <typename Step>
+  void Do(Step step) {
+    if (!wayOut_.IsNotTaken(step)) RefuseDamaged();
+  }
+
+  // Rows come as RGB, or as RGBA where something is transparent. Of the chunks that a decoder may
+  // pass over only the one of transparency is looked at.
+  void Begin() {
+    png_set_read_fn(png_, this, Read);
+    png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
+    png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+    png_read_info(png_, info_);
+    png_set_expand(png_);
+    png_set_strip_16(png_);
+    png_set_gray_to_rgb(png_);
+    png_set_interlace_handling(png_);
+    png_read_update_info(png_, info_);
+  }
+
+  void TakeRows(RowReducer& reducer) {
+    std::vector<std::uint8_t> row(png_get_rowbytes(png_, info_));
+    const std::uint32_t height = png_get_image_height(png_, info_);
+    for (std::uint32_t y = 0; y < height; ++y) {
+      Do([this, &row] { png_read_row(png_, row.data(), nullptr); });
+      reducer.Take(row.data());
     }
   }
 
-  std::int64_t Count() const { return count_; }
+  void TakeInterlaced(RowReducer& reducer) {
+    const std::size_t rowSize = png_get_rowbytes(png_, info_);
+    std::vector<std::uint8_t> data(rowSize * png_get_image_height(png_, info_));
+    std::vector<png_bytep> rows(png_get_image_height(png_, info_));
+    for (std::size_t y = 0; y < rows.size(); ++y) rows[y] = &data[y * rowSize];
+    Do([this, &rows] { png_read_image(png_, rows.data()); });
+    for (const png_bytep row : rows) reducer.Take(row);
+  }
 
- private:
-  struct Unref {
-    void operator()(GZlibDecompressor* unpacker) const { g_object_unref(unpacker); }
-  };
-  std::unique_ptr<GZlibDecompressor, Unref> unpacker_{
-      g_zlib_decompressor_new(G_ZLIB_COMPRESSOR_FORMAT_ZLIB)};
-  std::vector<std::uint8_t> buffer_ = std::vector<std::uint8_t>(1 << 16);
-  std::int64_t count_ = 0;
-  bool ended_ = false;
+  PictureBytes rest_;  // of the file, not read yet
+  WayOut wayOut_;
+  png_structp png_;
+  png_infop info_ = nullptr;
 };
 
 }  // namespace
 
-void RequireWholePng(PictureBytes bytes) {
-  std::size_t at = kSignatureSize;
-  Chunk chunk = ReadChunk(bytes, at);
-  const std::int64_t rawBytes = RawBytes(ReadHeader(chunk));
-  if (rawBytes > static_cast<std::int64_t>(bytes.size()) * kMostUnpackedBytesAByte) RefuseDamaged();
-  if (rawBytes > kMaximumPngRawBytes) RefuseTooLarge();
-  UnpackedCounter unpacked;
-  while (chunk.type != kEndChunk) {
-    if (chunk.type == kDataChunk) unpacked.Take(chunk.data, rawBytes);
-    at += kChunkFrameSize + chunk.data.size();
-    chunk = ReadChunk(bytes, at);
-  }
-  if (unpacked.Count() < rawBytes) RefuseDamaged();
+PictureImage::Pixels DecodePng(PictureBytes bytes) {
+  RequireBoundedWork(bytes);
+  return PngReader(bytes).ReadPixels();
 }
 
 std::vector<std::uint8_t> WritePng(const PictureImage::Pixels& pixels) {

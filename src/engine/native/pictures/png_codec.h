@@ -1,4 +1,4 @@
-// PNG files, whole or not, and made in memory.
+// PNG files decoded and made with libpng.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +9,9 @@
 
 namespace pagivo::native {
 
-// Refuses a PNG whose chunks do not lead to its end chunk, whose pixels are too many, or whose
-// compressed data holds fewer rows than its header announces: our decoder would leave those rows
-// to chance.
-void RequireWholePng(PictureBytes bytes);
+// The pixels of a PNG file. Refuses one that would take too much work or memory, by what its header
+// says, and one that the library does not read to its end chunk.
+PictureImage::Pixels DecodePng(PictureBytes bytes);
 
 // A file of the pixels, packed fast rather than small. There must be pixels.
 std::vector<std::uint8_t> WritePng(const PictureImage::Pixels& pixels);
