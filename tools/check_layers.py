@@ -18,7 +18,7 @@ ALLOWED = {
     f"{NATIVE}/fonts/fontconfig": ["values", f"{NATIVE}/fonts"],
     f"{NATIVE}/pictures": ["values", "files"],
     f"{NATIVE}/document": ["values", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
-    f"{NATIVE}/pdf": ["values", "files", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
+    f"{NATIVE}/pdf": ["values", "files", "engine", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
     f"{NATIVE}/raster": ["values", "files", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
     f"{NATIVE}/view": ["values", "engine", "window", f"{NATIVE}/document",
                      f"{NATIVE}/raster"],

@@ -1,6 +1,6 @@
 #include "engine/native/fonts/font_library.h"
 #include "engine/native/native_engine.h"
-#include "engine/native/native_pdf_exporter.h"
+#include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/spool/cups/cups_print_server.h"
 #include "pagivo/error.h"

@@ -11,6 +11,7 @@
 #include "engine/native/document/document.h"
 #include "engine/native/document/recorder.h"
 #include "engine/native/page_settings.h"
+#include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/printing/printer_choice.h"
 #include "engine/native/printing/printing_series.h"
 #include "engine/native/text_layout.h"
@@ -55,6 +56,7 @@ struct EngineServices {
 class NativeEngine final : public PrintEngine,
                            public PrintSeries,
                            public PrinterQuestions,
+                           public ExportedDocument,
                            private PreviewSource,
                            public std::enable_shared_from_this<NativeEngine> {
  public:
@@ -67,10 +69,10 @@ class NativeEngine final : public PrintEngine,
   // The pages recorded so far; no pages before the first StartDoc. Replaced by StartDoc.
   const Document& GetDocument() const noexcept override { return *document_; }
   // The document has been ended. A page may be reopened.
-  bool IsComplete() const noexcept;
+  bool IsComplete() const noexcept override;
   // False when memory ran out while the document was composed or drawn over and the statement was
   // lost (values/errors.h), so that something of it is missing.
-  bool IsWhole() const noexcept;
+  bool IsWhole() const noexcept override;
   // Raises ErrorNumber::OutOfMemory when it is not.
   void RequireWhole() const;
   // Shows the document on surfaces. It keeps the engine alive.

@@ -1,7 +1,7 @@
 // A document that lacks something because memory ran out says so wherever it goes.
 #include <new>
 
-#include "engine/native/native_pdf_exporter.h"
+#include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/spool/memory_print_server.h"
 #include "engine/native/view/surface_test.h"
 #include "support/scratch_folder.h"

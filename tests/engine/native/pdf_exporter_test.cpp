@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "engine/native/engine_test.h"
-#include "engine/native/native_pdf_exporter.h"
+#include "engine/native/pdf/pdf_writer.h"
 #include "support/read_file.h"
 
 namespace pagivo::native {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "engine/native/engine_test.h"
-#include "engine/native/native_pdf_exporter.h"
+#include "engine/native/pdf/pdf_writer.h"
 #include "support/read_file.h"
 #include "support/scratch_folder.h"
 #include "values/conversions.h"

@@ -1,22 +1,44 @@
 #include "engine/native/pdf/content_stream.h"
 
-#include <algorithm>
+#include <cassert>
+#include <cmath>
 
 #include "engine/native/document/stroke_style.h"
 
 namespace pagivo::native {
 namespace {
 
+// Readers may refuse strings of 32,768 bytes and arrays of 8,192 elements.
+constexpr std::size_t kLongestString = 8000;
+
 // Three decimals tell the 256 levels apart.
 std::int64_t ThousandthsOf(std::uint8_t level) {
   return (std::int64_t{level} * 1000 + 127) / 255;
 }
 
+std::string_view ByRule(FillRule rule, std::string_view nonZero, std::string_view evenOdd) {
+  return rule == FillRule::NonZero ? nonZero : evenOdd;
+}
+
 }  // namespace
+
+std::string FontName(std::uint16_t number) {
+  return "F" + std::to_string(number);
+}
 
 void ContentStream::Begin() {
   bytes_.clear();
-  state_ = {};
+  mode_ = Mode::Page;
+  styles_ = {};
+  font_ = -1;
+  fontSize_ = 0;
+  outlinesGlyphs_ = false;
+  stringBegin_ = 0;
+}
+
+std::string_view ContentStream::Finish() {
+  EndText();
+  return bytes_;
 }
 
 void ContentStream::AppendPoint(PdfPoint point) {
@@ -25,6 +47,8 @@ void ContentStream::AppendPoint(PdfPoint point) {
   AppendHundredths(bytes_, point.y);
   bytes_.push_back(' ');
 }
+
+// --- Styles -----------------------------------------------------------------------------------
 
 void ContentStream::AppendColor(Color color, std::string_view grayOperator,
                                 std::string_view rgbOperator) {
@@ -40,15 +64,13 @@ void ContentStream::AppendColor(Color color, std::string_view grayOperator,
   bytes_ += gray ? grayOperator : rgbOperator;
 }
 
-void ContentStream::SetFillColor(Color color) {
-  if (state_.fill == color) return;
+void ContentStream::WriteFillColor(Color color) {
   AppendColor(color, "g\n", "rg\n");
-  state_.fill = color;
+  styles_.fill = color;
 }
 
-void ContentStream::SetStroke(const StrokeStyle& style) {
-  const StrokeStyle& old = state_.stroke;
-  if (old == style) return;
+void ContentStream::WriteStroke(const StrokeStyle& style) {
+  const StrokeStyle& old = styles_.stroke;
   if (old.color != style.color) AppendColor(style.color, "G\n", "RG\n");
   if (old.width != style.width) {
     AppendHundredths(bytes_, style.width);
@@ -65,33 +87,51 @@ void ContentStream::SetStroke(const StrokeStyle& style) {
   const bool dashed = !DashMultiples(style.dash).empty();
   const bool wasDashed = !DashMultiples(old.dash).empty();
   const bool measuresDiffer = old.width != style.width || old.dashPhase != style.dashPhase;
-  if (old.dash != style.dash ? dashed || wasDashed : dashed && measuresDiffer) AppendDash(style);
-  state_.stroke = style;
+  if (old.dash != style.dash ? dashed || wasDashed : dashed && measuresDiffer) WriteDash(style);
+  styles_.stroke = style;
 }
 
-void ContentStream::AppendDash(const StrokeStyle& style) {
-  bytes_.push_back('[');
+void ContentStream::WriteDash(const StrokeStyle& style) {
+  PdfArray dashes;
   for (const float multiple : DashMultiples(style.dash)) {
-    AppendHundredths(bytes_, static_cast<Hundredths>(multiple * static_cast<float>(style.width)));
-    bytes_.push_back(' ');
+    dashes.Add(PdfDecimal{static_cast<Hundredths>(multiple * static_cast<float>(style.width))});
   }
-  if (bytes_.back() == ' ') bytes_.pop_back();
-  bytes_.push_back(']');
+  AppendObject(bytes_, dashes);
   AppendHundredths(bytes_, style.dashPhase);
   bytes_ += " d\n";
 }
 
+void ContentStream::SetFillColor(Color color) {
+  EndText();
+  if (styles_.fill != color) WriteFillColor(color);
+}
+
+void ContentStream::SetStroke(const StrokeStyle& style) {
+  EndText();
+  if (styles_.stroke != style) WriteStroke(style);
+}
+
+// --- Figures ----------------------------------------------------------------------------------
+
+void ContentStream::BeginPath() {
+  EndText();
+  mode_ = Mode::Path;
+}
+
 void ContentStream::MoveTo(PdfPoint point) {
+  if (mode_ != Mode::Path) BeginPath();
   AppendPoint(point);
   bytes_ += "m\n";
 }
 
 void ContentStream::LineTo(PdfPoint point) {
+  assert(mode_ == Mode::Path);
   AppendPoint(point);
   bytes_ += "l\n";
 }
 
 void ContentStream::CurveTo(PdfPoint control1, PdfPoint control2, PdfPoint end) {
+  assert(mode_ == Mode::Path);
   AppendPoint(control1);
   AppendPoint(control2);
   AppendPoint(end);
@@ -99,54 +139,181 @@ void ContentStream::CurveTo(PdfPoint control1, PdfPoint control2, PdfPoint end) 
 }
 
 void ContentStream::AddRectangle(PdfPoint corner, Hundredths width, Hundredths height) {
+  if (mode_ != Mode::Path) BeginPath();
   AppendPoint(corner);
   AppendPoint({width, height});
   bytes_ += "re\n";
 }
 
 void ContentStream::ClosePath() {
+  assert(mode_ == Mode::Path);
   bytes_ += "h\n";
 }
 
-void ContentStream::Stroke() {
-  bytes_ += "S\n";
+void ContentStream::PaintPath(std::string_view paintOperator) {
+  assert(mode_ == Mode::Path);
+  bytes_ += paintOperator;
+  mode_ = Mode::Page;
 }
 
-void ContentStream::PaintWith(std::string_view nonZero, std::string_view evenOdd, FillRule rule) {
-  bytes_ += rule == FillRule::NonZero ? nonZero : evenOdd;
+void ContentStream::Stroke() {
+  PaintPath("S\n");
 }
 
 void ContentStream::Fill(FillRule rule) {
-  PaintWith("f\n", "f*\n", rule);
+  PaintPath(ByRule(rule, "f\n", "f*\n"));
 }
 
 void ContentStream::FillAndStroke(FillRule rule) {
-  PaintWith("B\n", "B*\n", rule);
+  PaintPath(ByRule(rule, "B\n", "B*\n"));
 }
 
 void ContentStream::SaveState() {
+  EndText();
   bytes_ += "q\n";
-  saved_ = state_;
+  savedStyles_ = styles_;
 }
 
 void ContentStream::Clip(FillRule rule) {
-  PaintWith("W n\n", "W* n\n", rule);
+  PaintPath(ByRule(rule, "W n\n", "W* n\n"));
 }
 
+// No glyph is drawn between the two, so the styles of glyphs stay as they are.
 void ContentStream::RestoreState() {
+  assert(mode_ == Mode::Page);
   bytes_ += "Q\n";
-  state_ = saved_;
+  styles_ = savedStyles_;
 }
 
 void ContentStream::DrawImage(std::string_view name, PdfPoint origin, Hundredths width,
                               Hundredths height) {
+  EndText();
   bytes_ += "q ";
   AppendHundredths(bytes_, width);
   bytes_ += " 0 0 ";
   AppendHundredths(bytes_, height);
   bytes_.push_back(' ');
   AppendPoint(origin);
-  bytes_.append("cm/").append(name).append(" Do Q\n");
+  bytes_ += "cm";
+  AppendObject(bytes_, PdfName{name});
+  bytes_ += " Do Q\n";
+}
+
+// --- Text -------------------------------------------------------------------------------------
+
+void ContentStream::EndText() {
+  assert(mode_ != Mode::Path && !inActualText_);
+  if (mode_ == Mode::Page) return;
+  EndString();
+  bytes_ += "ET\n";
+  mode_ = Mode::Page;
+}
+
+void ContentStream::SetTextColor(Color color) {
+  if (styles_.fill == color) return;
+  EndString();
+  WriteFillColor(color);
+}
+
+void ContentStream::OutlineGlyphs(const StrokeStyle& style) {
+  if (outlinesGlyphs_ && styles_.stroke == style) return;
+  EndString();
+  if (!outlinesGlyphs_) bytes_ += "2 Tr\n";
+  outlinesGlyphs_ = true;
+  WriteStroke(style);
+}
+
+void ContentStream::FillGlyphs() {
+  if (!outlinesGlyphs_) return;
+  EndString();
+  bytes_ += "0 Tr\n";
+  outlinesGlyphs_ = false;
+}
+
+void ContentStream::WriteFont(std::uint16_t number, std::int64_t size) {
+  EndString();
+  AppendObject(bytes_, PdfName{FontName(number)});
+  AppendObject(bytes_, PdfDecimal{size, 3});
+  bytes_ += " Tf\n";
+  font_ = number;
+  fontSize_ = size;
+}
+
+// Td keeps the slant and moves along it, so slanted lines are placed by the whole matrix.
+void ContentStream::StartLine(PdfPoint start, double slant) {
+  assert(mode_ != Mode::Path);
+  EndString();
+  if (mode_ == Mode::Page) {
+    bytes_ += "BT\n";
+    mode_ = Mode::Text;
+    lineStart_ = {};
+    lineSlant_ = 0;
+  }
+  if (slant == 0 && lineSlant_ == 0) {
+    AppendPoint({start.x - lineStart_.x, start.y - lineStart_.y});
+    bytes_ += "Td\n";
+  } else {
+    bytes_ += "1 0 ";
+    AppendHundredths(bytes_, std::llround(slant * 100));
+    bytes_ += " 1 ";
+    AppendPoint(start);
+    bytes_ += "Tm\n";
+  }
+  lineStart_ = start;
+  lineSlant_ = slant;
+}
+
+void ContentStream::MovePenBack(std::int64_t distance, int decimals) {
+  if (mode_ == Mode::String) {
+    bytes_.push_back(')');
+  } else {
+    bytes_.push_back('[');
+    stringBegin_ = bytes_.size();
+    mode_ = Mode::String;
+  }
+  AppendDecimal(bytes_, distance, decimals);
+  bytes_.push_back('(');
+}
+
+void ContentStream::OpenString() {
+  assert(mode_ == Mode::Text);
+  bytes_ += "[(";
+  stringBegin_ = bytes_.size();
+  mode_ = Mode::String;
+}
+
+void ContentStream::EndString() {
+  if (mode_ != Mode::String) return;
+  bytes_ += ")]TJ\n";
+  mode_ = Mode::Text;
+}
+
+std::size_t ContentStream::RoomInString() const noexcept {
+  const std::size_t length = bytes_.size() - stringBegin_;
+  return length <= kLongestString ? kLongestString + 1 - length : 0;
+}
+
+void ContentStream::AddCode(std::uint16_t code, int bytes) {
+  if (RoomInString() == 0) EndString();
+  if (mode_ != Mode::String) OpenString();
+  if (bytes == 2) bytes_.push_back(static_cast<char>(code >> 8));
+  bytes_.push_back(static_cast<char>(code));
+}
+
+void ContentStream::BeginActualText(std::string_view text) {
+  EndString();
+  assert(mode_ == Mode::Text && !inActualText_);
+  AppendObject(bytes_, PdfName{"Span"});
+  AppendObject(bytes_, PdfDictionary().Put("ActualText", PdfText{text}));
+  bytes_ += "BDC\n";
+  inActualText_ = true;
+}
+
+void ContentStream::EndActualText() {
+  assert(inActualText_);
+  EndString();
+  bytes_ += "EMC\n";
+  inActualText_ = false;
 }
 
 }  // namespace pagivo::native

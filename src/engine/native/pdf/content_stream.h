@@ -3,13 +3,12 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "engine/native/document/display_list.h"
 #include "engine/native/document/geometry.h"
-#include "engine/native/pdf/number_format.h"
+#include "engine/native/pdf/pdf_syntax.h"
 
 namespace pagivo::native {
 
@@ -29,15 +28,24 @@ struct StrokeStyle {
   friend bool operator==(const StrokeStyle&, const StrokeStyle&) = default;
 };
 
-// Styles are written only where they change. The bytes are kept from page to page as storage.
+// The name of a font resource: F and its number.
+std::string FontName(std::uint16_t number);
+
+// Knows what is open: a string of glyphs within a text object, or a path. Whoever draws a figure or
+// text says so and no more; what has to be ended or begun for it is written here, and styles are
+// written only where they change. The bytes are kept from page to page as storage.
 class ContentStream {
  public:
   // Empties the stream and forgets the styles.
   void Begin();
-  std::string_view Bytes() const noexcept { return bytes_; }
+
+  // Ends what is open and gives all bytes, which stay until the next Begin.
+  std::string_view Finish();
+
+  // --- Figures: a path is begun with MoveTo or AddRectangle, after its styles have been set, and
+  // ends when it is drawn or clips. The text object ends before.
 
   void SetFillColor(Color color);
-  Color FillColor() const noexcept { return state_.fill; }
   void SetStroke(const StrokeStyle& style);
 
   void MoveTo(PdfPoint point);
@@ -58,23 +66,76 @@ class ContentStream {
   // Draws an image resource into the parallelogram that the unit square is mapped to.
   void DrawImage(std::string_view name, PdfPoint origin, Hundredths width, Hundredths height);
 
-  // For operators that are written elsewhere.
-  std::string& Raw() noexcept { return bytes_; }
-  void AppendPoint(PdfPoint point);
+  // --- Text: glyphs go to the open string, which is begun where there is none and ends when a
+  // style or a line does.
+
+  void SetTextColor(Color color);
+  // Thickens glyphs by outlining them with this stroke, until FillGlyphs.
+  void OutlineGlyphs(const StrokeStyle& style);
+  void FillGlyphs();
+  // The size is in thousandths of a unit.
+  void SelectFont(std::uint16_t number, std::int64_t size) {
+    if (number != font_ || size != fontSize_) WriteFont(number, size);
+  }
+  bool HasFont(std::uint16_t number) const noexcept { return number == font_; }
+
+  // Whether the next glyph would stand on such a line.
+  bool IsOnLine(Hundredths baseline, double slant) const noexcept {
+    return mode_ >= Mode::Text && lineStart_.y == baseline && lineSlant_ == slant;
+  }
+  // Puts the pen at the start of a line. The slant is the tangent of its angle.
+  void StartLine(PdfPoint start, double slant);
+  // Moves the pen back within the line: thousandths of the em with that many decimals.
+  void MovePenBack(std::int64_t distance, int decimals);
+
+  bool IsInString() const noexcept { return mode_ == Mode::String; }
+  void EndString();
+  // How many bytes the open string takes until it has to end for its length.
+  std::size_t RoomInString() const noexcept;
+  // A glyph's code, of one byte or two.
+  void AddCode(std::uint16_t code, int bytes);
+  // More codes for the open string, which has the room.
+  void AddCodes(std::string_view codes) { bytes_ += codes; }
+
+  // The glyphs up to EndActualText stand for this text, UTF-8. There must be a line.
+  void BeginActualText(std::string_view text);
+  void EndActualText();
 
  private:
-  struct State {
+  // What is open. A string is within a text object.
+  enum class Mode : std::uint8_t { Page, Path, Text, String };
+
+  struct Styles {
     Color fill = 0;
     StrokeStyle stroke;
   };
 
+  void EndText();
+  void BeginPath();
+  void PaintPath(std::string_view paintOperator);
+  void AppendPoint(PdfPoint point);
   void AppendColor(Color color, std::string_view grayOperator, std::string_view rgbOperator);
-  void AppendDash(const StrokeStyle& style);
-  void PaintWith(std::string_view nonZero, std::string_view evenOdd, FillRule rule);
+  void WriteFillColor(Color color);
+  void WriteStroke(const StrokeStyle& style);
+  void WriteDash(const StrokeStyle& style);
+  void WriteFont(std::uint16_t number, std::int64_t size);
+  void OpenString();
 
   std::string bytes_;
-  State state_;
-  State saved_;
+  Mode mode_ = Mode::Page;
+  Styles styles_;
+  Styles savedStyles_;
+
+  // How glyphs are drawn until told otherwise.
+  std::int32_t font_ = -1;
+  std::int64_t fontSize_ = 0;
+  bool outlinesGlyphs_ = false;
+
+  // Of the text object that is open.
+  PdfPoint lineStart_;
+  double lineSlant_ = 0;
+  std::size_t stringBegin_ = 0;
+  bool inActualText_ = false;
 };
 
 }  // namespace pagivo::native

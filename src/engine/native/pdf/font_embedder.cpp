@@ -7,10 +7,8 @@
 #include <map>
 #include <vector>
 
-#include "engine/native/pdf/character_maps.h"
+#include "engine/native/pdf/content_stream.h"
 #include "engine/native/pdf/font_program.h"
-#include "engine/native/pdf/number_format.h"
-#include "engine/native/pdf/text_string.h"
 
 namespace pagivo::native {
 namespace {
@@ -23,6 +21,9 @@ constexpr int kItalic = 1 << 6;
 // Readers use it for fonts that are not embedded only, but it has to be there.
 constexpr int kStemWidth = 80;
 constexpr int kBoldStemWidth = 140;
+
+// Of the characters of every font: they are the program's own.
+constexpr std::string_view kOrdering = "Identity";
 
 std::uint64_t HashOf(std::string_view bytes) {
   std::uint64_t hash = 0xCBF29CE484222325;
@@ -57,32 +58,28 @@ class FontWriter {
         face_(face),
         fonts_(fonts),
         glyphs_(GlyphsOf(fonts)),
-        program_(MakeFontProgram(face_, glyphs_)) {
-    AppendName(baseName_, SubsetTag(program_) + face_.PostScriptName());
-  }
+        program_(MakeFontProgram(face_, glyphs_)),
+        baseName_(SubsetTag(program_) + face_.PostScriptName()) {}
 
-  void Write(std::string& resources) {
+  void Write(PdfDictionary& resources) {
     descriptor_ = WriteDescriptor();
-    for (const CodedFont& font : fonts_) {
-      AppendFontName(resources.append("/"), font.number);
-      resources.push_back(' ');
-      AppendReference(resources, WriteFont(font));
-    }
+    for (const CodedFont& font : fonts_) resources.Put(FontName(font.number), WriteFont(font));
   }
 
  private:
   bool IsTrueType() const { return program_.format == OutlineFormat::TrueType; }
-  ObjectNumber WriteStream(std::string_view entries, std::string_view data);
-  ObjectNumber WriteObject(std::string_view value);
-  ObjectNumber WriteProgram();
-  ObjectNumber WriteDescriptor();
-  ObjectNumber WriteDescendant(const CodedFont& font);
-  ObjectNumber WriteGlyphMap(const CodedFont& font);
-  ObjectNumber WriteFont(const CodedFont& font);
-  ObjectNumber WriteEncoding(int codeBytes, std::span<const CodeMapping> mappings);
+  PdfReference WriteStream(PdfDictionary dictionary, std::string_view data);
+  PdfReference WriteObject(const PdfDictionary& dictionary);
+  PdfReference WriteProgram();
+  PdfReference WriteDescriptor();
+  PdfReference WriteDescendant(const CodedFont& font);
+  PdfReference WriteGlyphMap(const CodedFont& font);
+  PdfReference WriteFont(const CodedFont& font);
+  PdfReference WriteEncoding(int codeBytes, std::span<const CodeMapping> mappings);
   std::vector<CodeMapping> MappingsOf(const CodedFont& font) const;
-  void AppendWidths(std::string& out, const CodedFont& font) const;
-  void AppendThousandths(std::string& out, std::string_view key, double units) const;
+  PdfArray WidthsOf(const CodedFont& font) const;
+  PdfArray BoundingBox() const;
+  std::int64_t Thousandths(double units) const;
 
   // Of the glyph in the program.
   std::uint32_t ProgramCharacter(std::uint32_t glyph) const {
@@ -101,86 +98,87 @@ class FontWriter {
   std::vector<std::uint32_t> glyphs_;  // rising
   FontProgram program_;
   std::string baseName_;
-  ObjectNumber descriptor_ = 0;
+  PdfReference descriptor_;
 };
 
-ObjectNumber FontWriter::WriteStream(std::string_view entries, std::string_view data) {
-  const ObjectNumber number = file_.Reserve();
-  file_.WriteStream(number, entries, data);
-  return number;
+PdfReference FontWriter::WriteStream(PdfDictionary dictionary, std::string_view data) {
+  const PdfReference stream = file_.Reserve();
+  file_.WriteStream(stream, std::move(dictionary), data);
+  return stream;
 }
 
-ObjectNumber FontWriter::WriteObject(std::string_view value) {
-  const ObjectNumber number = file_.Reserve();
-  file_.WriteObject(number, value);
-  return number;
+PdfReference FontWriter::WriteObject(const PdfDictionary& dictionary) {
+  const PdfReference object = file_.Reserve();
+  file_.WriteObject(object, dictionary);
+  return object;
 }
 
-ObjectNumber FontWriter::WriteProgram() {
-  std::string entries = "/Subtype/CIDFontType0C";
+PdfReference FontWriter::WriteProgram() {
+  PdfDictionary dictionary;
   if (IsTrueType()) {
-    entries = "/Length1 ";
-    AppendInteger(entries, static_cast<std::int64_t>(program_.bytes.size()));
+    dictionary.Put("Length1", program_.bytes.size());
+  } else {
+    dictionary.Put("Subtype", PdfName{"CIDFontType0C"});
   }
-  return WriteStream(entries, program_.bytes);
+  return WriteStream(std::move(dictionary), program_.bytes);
 }
 
-void FontWriter::AppendThousandths(std::string& out, std::string_view key, double units) const {
-  out += key;
-  AppendInteger(out, std::lround(units * 1000 / face_.UnitsPerEm()));
+std::int64_t FontWriter::Thousandths(double units) const {
+  return std::lround(units * 1000 / face_.UnitsPerEm());
 }
 
-ObjectNumber FontWriter::WriteDescriptor() {
+PdfArray FontWriter::BoundingBox() const {
+  PdfArray box;
+  const FT_BBox& units = face_.FreeType()->bbox;
+  for (const FT_Pos side : {units.xMin, units.yMin, units.xMax, units.yMax}) {
+    box.Add(Thousandths(static_cast<double>(side)));
+  }
+  return box;
+}
+
+PdfReference FontWriter::WriteDescriptor() {
   FT_Face face = face_.FreeType();
   const auto* header = static_cast<TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
   const auto* postScript = static_cast<TT_Postscript*>(FT_Get_Sfnt_Table(face, FT_SFNT_POST));
   const bool hasCapHeight = header != nullptr && header->version >= 2 && header->version != 0xFFFF;
   const bool bold = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0;
   const bool italic = (face->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
+  const auto angle = postScript == nullptr ? 0 : postScript->italicAngle * 100 / 65536;
 
-  std::string value = "<</Type/FontDescriptor/FontName" + baseName_ + "/Flags ";
-  AppendInteger(value,
-                kSymbolic | (FT_IS_FIXED_WIDTH(face) ? kFixedPitch : 0) | (italic ? kItalic : 0));
-  AppendThousandths(value, "/FontBBox[", static_cast<double>(face->bbox.xMin));
-  AppendThousandths(value, " ", static_cast<double>(face->bbox.yMin));
-  AppendThousandths(value, " ", static_cast<double>(face->bbox.xMax));
-  AppendThousandths(value, " ", static_cast<double>(face->bbox.yMax));
-  value += "]/ItalicAngle ";
-  AppendDecimal(value, postScript == nullptr ? 0 : postScript->italicAngle * 100 / 65536, 2);
-  AppendThousandths(value, "/Ascent ", face->ascender);
-  AppendThousandths(value, "/Descent ", face->descender);
-  AppendThousandths(value, "/CapHeight ", hasCapHeight ? header->sCapHeight : face->ascender);
-  value += "/StemV ";
-  AppendInteger(value, bold ? kBoldStemWidth : kStemWidth);
-  value += IsTrueType() ? "/FontFile2 " : "/FontFile3 ";
-  AppendReference(value, WriteProgram());
-  return WriteObject(value += ">>");
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"FontDescriptor"}).Put("FontName", PdfName{baseName_});
+  dictionary.Put("Flags",
+                 kSymbolic | (FT_IS_FIXED_WIDTH(face) ? kFixedPitch : 0) | (italic ? kItalic : 0));
+  dictionary.Put("FontBBox", BoundingBox()).Put("ItalicAngle", PdfDecimal{angle});
+  dictionary.Put("Ascent", Thousandths(face->ascender));
+  dictionary.Put("Descent", Thousandths(face->descender));
+  dictionary.Put("CapHeight", Thousandths(hasCapHeight ? header->sCapHeight : face->ascender));
+  dictionary.Put("StemV", bold ? kBoldStemWidth : kStemWidth);
+  dictionary.Put(IsTrueType() ? "FontFile2" : "FontFile3", WriteProgram());
+  return WriteObject(dictionary);
 }
 
 // Neighbouring characters share one list.
-void FontWriter::AppendWidths(std::string& out, const CodedFont& font) const {
+PdfArray FontWriter::WidthsOf(const CodedFont& font) const {
   std::map<std::uint32_t, std::int16_t> widths;
   for (const CodeUse& use : font.uses) {
     widths.emplace(CharacterOf(use), AdvanceInThousandths(face_, use.glyph));
   }
-  out += "/W[";
-  std::int64_t previous = -2;
-  for (const auto& [character, width] : widths) {
-    if (character != previous + 1) {
-      if (previous >= 0) out.push_back(']');
-      AppendInteger(out, character);
-      out.push_back('[');
-    } else {
-      out.push_back(' ');
+  PdfArray lists;
+  for (auto place = widths.begin(); place != widths.end();) {
+    std::uint32_t character = place->first;
+    lists.Add(character);
+    PdfArray list;
+    for (; place != widths.end() && place->first == character; ++place, ++character) {
+      list.Add(place->second);
     }
-    AppendInteger(out, width);
-    previous = character;
+    lists.Add(list);
   }
-  out += "]]";
+  return lists;
 }
 
 // The program's glyph of every character number, two bytes each.
-ObjectNumber FontWriter::WriteGlyphMap(const CodedFont& font) {
+PdfReference FontWriter::WriteGlyphMap(const CodedFont& font) {
   std::string map;
   for (const CodeUse& use : font.uses) {
     const std::size_t position = std::size_t{use.code} * 2;
@@ -192,17 +190,17 @@ ObjectNumber FontWriter::WriteGlyphMap(const CodedFont& font) {
   return WriteStream({}, map);
 }
 
-ObjectNumber FontWriter::WriteDescendant(const CodedFont& font) {
-  std::string value = "<</Type/Font/BaseFont" + baseName_ + "/CIDSystemInfo";
-  value.append(kCharacterCollection).append("/FontDescriptor ");
-  AppendReference(value, descriptor_);
-  AppendWidths(value, font);
+PdfReference FontWriter::WriteDescendant(const CodedFont& font) {
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"Font"}).Put("BaseFont", PdfName{baseName_});
+  dictionary.Put("CIDSystemInfo", CharacterCollection(kOrdering));
+  dictionary.Put("FontDescriptor", descriptor_).Put("W", WidthsOf(font));
   if (IsTrueType()) {
-    AppendReference(value += "/Subtype/CIDFontType2/CIDToGIDMap ", WriteGlyphMap(font));
+    dictionary.Put("Subtype", PdfName{"CIDFontType2"}).Put("CIDToGIDMap", WriteGlyphMap(font));
   } else {
-    value += "/Subtype/CIDFontType0";
+    dictionary.Put("Subtype", PdfName{"CIDFontType0"});
   }
-  return WriteObject(value += ">>");
+  return WriteObject(dictionary);
 }
 
 std::vector<CodeMapping> FontWriter::MappingsOf(const CodedFont& font) const {
@@ -212,25 +210,27 @@ std::vector<CodeMapping> FontWriter::MappingsOf(const CodedFont& font) const {
   return mappings;
 }
 
-ObjectNumber FontWriter::WriteEncoding(int codeBytes, std::span<const CodeMapping> mappings) {
-  std::string entries = "/Type/CMap/CMapName/";
-  entries.append(EncodingName(codeBytes)).append("/CIDSystemInfo").append(kCharacterCollection);
-  return WriteStream(entries, MakeEncoding(codeBytes, mappings));
+PdfReference FontWriter::WriteEncoding(int codeBytes, std::span<const CodeMapping> mappings) {
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"CMap"}).Put("CMapName", PdfName{EncodingName(codeBytes)});
+  dictionary.Put("CIDSystemInfo", CharacterCollection(kOrdering));
+  return WriteStream(std::move(dictionary), MakeEncoding(codeBytes, mappings));
 }
 
-ObjectNumber FontWriter::WriteFont(const CodedFont& font) {
+PdfReference FontWriter::WriteFont(const CodedFont& font) {
   const std::vector<CodeMapping> mappings = MappingsOf(font);
-  std::string value = "<</Type/Font/Subtype/Type0/BaseFont" + baseName_ + "/Encoding ";
-  AppendReference(value, WriteEncoding(font.codeBytes, mappings));
-  AppendReference(value += "/DescendantFonts[", WriteDescendant(font));
-  AppendReference(value += "]/ToUnicode ",
-                  WriteStream({}, MakeToUnicode(font.codeBytes, mappings)));
-  return WriteObject(value += ">>");
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"Font"}).Put("Subtype", PdfName{"Type0"});
+  dictionary.Put("BaseFont", PdfName{baseName_});
+  dictionary.Put("Encoding", WriteEncoding(font.codeBytes, mappings));
+  dictionary.Put("DescendantFonts", PdfArray().Add(WriteDescendant(font)));
+  dictionary.Put("ToUnicode", WriteStream({}, MakeToUnicode(font.codeBytes, mappings)));
+  return WriteObject(dictionary);
 }
 
 // One program serves all fonts of a face with TrueType outlines; with CFF outlines each font has
 // its own, so that its characters keep small numbers.
-void WriteFace(PdfFile& file, const GlyphCodes& codes, std::string& resources) {
+void WriteFace(PdfFile& file, const GlyphCodes& codes, PdfDictionary& resources) {
   const std::span<const CodedFont> fonts = codes.Fonts();
   const std::size_t together = codes.HasTrueTypeOutlines() ? fonts.size() : 1;
   for (std::size_t i = 0; i < fonts.size(); i += together) {
@@ -240,19 +240,14 @@ void WriteFace(PdfFile& file, const GlyphCodes& codes, std::string& resources) {
 
 }  // namespace
 
-void AppendFontName(std::string& out, std::uint16_t number) {
-  out.push_back('F');
-  AppendInteger(out, number);
-}
-
 GlyphCodes& FontEmbedder::CodesOf(const Face& face) {
   GlyphCodes*& codes = byFace_[&face];
   if (codes == nullptr) codes = &faces_.emplace_back(face, fontCount_);
   return *codes;
 }
 
-std::string FontEmbedder::WriteFonts(PdfFile& file) const {
-  std::string resources;
+PdfDictionary FontEmbedder::WriteFonts(PdfFile& file) const {
+  PdfDictionary resources;
   for (const GlyphCodes& codes : faces_) WriteFace(file, codes, resources);
   return resources;
 }

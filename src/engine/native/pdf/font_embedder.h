@@ -11,17 +11,15 @@
 
 namespace pagivo::native {
 
-// The name of a font resource: F and its number.
-void AppendFontName(std::string& out, std::uint16_t number);
-
-// Hands out codes while pages are written; the fonts follow when all their glyphs are known.
+// It hands out codes while pages are written. The fonts themselves follow when all their glyphs are
+// known.
 class FontEmbedder {
  public:
   // The reference holds as long as the embedder.
   GlyphCodes& CodesOf(const Face& face);
 
-  // Writes the fonts and gives the entries of the font resource dictionary.
-  std::string WriteFonts(PdfFile& file) const;
+  // Writes the fonts and gives the resource dictionary that names them.
+  PdfDictionary WriteFonts(PdfFile& file) const;
 
  private:
   std::uint16_t fontCount_ = 0;

@@ -1,11 +1,10 @@
 #include "engine/native/pdf/font_program.h"
 
 #include <hb-subset.h>
+#include FT_CID_H
 
 #include <algorithm>
 #include <memory>
-
-#include "engine/native/pdf/cff_characters.h"
 
 namespace pagivo::native {
 namespace {
@@ -86,13 +85,12 @@ void SetBytes(hb_face_t* face, FontProgram& program) {
   if (program.bytes.empty()) program.bytes = BytesOf(Blob(hb_face_reference_blob(face)));
 }
 
-// From the program's glyphs to what its charset calls them.
-void NameCharacters(FontProgram& program) {
-  if (program.format != OutlineFormat::Cff) return;
-  const std::vector<std::uint32_t> characters = CffCharacters(program.bytes);
-  for (std::uint32_t& character : program.characters) {
-    if (character < characters.size()) character = characters[character];
-  }
+// What readers call a glyph: a CID-keyed program numbers its characters, and its subset keeps these
+// numbers; in any other program the glyph's own number is that of the character.
+std::uint32_t CharacterOf(const Face& face, std::uint32_t glyph, std::uint32_t programGlyph) {
+  FT_UInt character = 0;
+  const FT_Error error = FT_Get_CID_From_Glyph_Index(face.FreeType(), glyph, &character);
+  return error == 0 ? character : programGlyph;
 }
 
 }  // namespace
@@ -107,9 +105,9 @@ FontProgram MakeFontProgram(const Face& face, std::span<const std::uint32_t> gly
   const hb_map_t* newGlyphs = hb_subset_plan_old_to_new_glyph_mapping(plan.get());
   for (const std::uint32_t glyph : glyphs) {
     // A glyph that the face does not have is drawn as the missing one.
-    program.characters.push_back(hb_map_has(newGlyphs, glyph) ? hb_map_get(newGlyphs, glyph) : 0);
+    const std::uint32_t newGlyph = hb_map_has(newGlyphs, glyph) ? hb_map_get(newGlyphs, glyph) : 0;
+    program.characters.push_back(CharacterOf(face, glyph, newGlyph));
   }
-  NameCharacters(program);
   return program;
 }
 
@@ -117,8 +115,9 @@ FontProgram MakeWholeFontProgram(const Face& face, std::span<const std::uint32_t
   FontProgram program;
   program.subset = false;
   SetBytes(KeepOutlineTables(face.HarfBuzz()).get(), program);
-  program.characters.assign(glyphs.begin(), glyphs.end());
-  NameCharacters(program);
+  for (const std::uint32_t glyph : glyphs) {
+    program.characters.push_back(CharacterOf(face, glyph, glyph));
+  }
   return program;
 }
 

@@ -1,4 +1,5 @@
-// Codes that content streams use for a face's glyphs.
+// Codes that content streams use for a face's glyphs, and the maps that tell readers what they
+// mean.
 #pragma once
 
 #include <array>
@@ -7,23 +8,25 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "engine/native/fonts/face.h"
+#include "engine/native/pdf/pdf_syntax.h"
 
 namespace pagivo::native {
 
-// How far a reader's pen moves on for a glyph, in whole thousandths of the em: there are readers
-// that round. What is lost that way the text writer makes good before it can be seen.
+// How far a reader's pen moves on for a glyph. The number is whole because some readers round it;
+// the text writer makes good what is lost before it can be seen.
 std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph);
 
-// How a content stream shows a glyph.
+// How a content stream names a glyph.
 struct GlyphCode {
   std::uint16_t font = 0;  // number of the font resource
-  std::uint16_t code = 0;  // in one byte or two, none of which a string has to escape
+  std::uint16_t code = 0;  // no string has to escape its bytes
   std::uint8_t bytes = 1;
   std::int16_t advance = 0;  // thousandths of the em
 };
@@ -42,16 +45,16 @@ struct CodedFont {
   std::vector<CodeUse> uses;
 };
 
-// Gives every pair of a glyph and the text that it stands for a code of its own, in order of first
+// Every pair of a glyph and the text that it stands for gets a code of its own, in order of first
 // use: a hyphen and a soft hyphen may share a glyph and are still copied as what they were.
 //
-// Most documents use few glyphs of a face, so codes have one byte until these are used up; fonts
-// with two-byte codes follow.
+// Most documents use few glyphs of a face, so codes have one byte until these are used up; then a
+// font with two-byte codes follows.
 //
-// There are readers that know texts by character number, and only as many as codes have bytes for.
+// Some readers look texts up by character number, and take no larger number than a code can hold.
 // With TrueType outlines the code is the character number. With CFF outlines the program numbers
-// its characters: there, a glyph's second text goes to another series of fonts, and programs with
-// large numbers of their own get two-byte codes at once.
+// its characters, so a glyph's second text goes to another series of fonts, and a CID-keyed
+// program, whose numbers may be large, gets two-byte codes at once.
 class GlyphCodes {
  public:
   // `fontCount` is shared by all faces of a file and numbers its fonts.
@@ -63,7 +66,8 @@ class GlyphCodes {
     return known != nullptr ? *known : FindOrAdd(glyph, text, ShortKey(text));
   }
 
-  // The same for pairs that are found at once; null for others, which may have a code, too.
+  // The code of a pair that can be found without hashing; null for other pairs, which may have a
+  // code nevertheless.
   const GlyphCode* Find(std::uint32_t glyph, std::string_view text) const {
     const std::uint32_t key = ShortKey(text);
     const bool found = key != 0 && glyph < entries_.size() && entries_[glyph].key == key;
@@ -75,7 +79,7 @@ class GlyphCodes {
   const std::vector<CodedFont>& Fonts() const noexcept { return fonts_; }
 
  private:
-  // The first text of a glyph that is short is found without hashing.
+  // The first short text of a glyph, which is found without hashing.
   struct Entry {
     std::uint32_t key = 0;
     GlyphCode code;
@@ -108,7 +112,7 @@ class GlyphCodes {
   void OpenFont(Series& series);
   std::uint16_t NextCode(Series& series, std::string_view text) const;
 
-  std::shared_ptr<const Face> face_;  // held, the document may need more faces than stay open
+  std::shared_ptr<const Face> face_;  // held, for it might be closed before its fonts are written
   std::uint16_t& fontCount_;
   bool trueType_;
   std::vector<CodedFont> fonts_;
@@ -116,5 +120,24 @@ class GlyphCodes {
   std::vector<Entry> entries_;                         // by glyph
   std::unordered_map<std::string, GlyphCode> others_;  // by glyph number and text
 };
+
+// What a code means to a reader.
+struct CodeMapping {
+  std::uint16_t code = 0;
+  std::uint32_t character = 0;  // in the font program
+  std::string_view text;        // UTF-8
+};
+
+// Names a character collection of our own making, as fonts and their maps must.
+PdfDictionary CharacterCollection(std::string_view ordering);
+
+// The name that an encoding's stream dictionary must repeat.
+std::string_view EncodingName(int codeBytes);
+
+// From codes to characters of the font program.
+std::string MakeEncoding(int codeBytes, std::span<const CodeMapping> mappings);
+
+// From codes to text.
+std::string MakeToUnicode(int codeBytes, std::span<const CodeMapping> mappings);
 
 }  // namespace pagivo::native

@@ -2,22 +2,30 @@
 
 #include "engine/native/pdf/image_samples.h"
 #include "engine/native/pdf/jpeg_frame.h"
-#include "engine/native/pdf/number_format.h"
 
 namespace pagivo::native {
 namespace {
 
-void AppendEntry(std::string& out, std::string_view key, std::int64_t value) {
-  out += key;
-  AppendInteger(out, value);
+PdfName DeviceColorSpace(int components) {
+  return {components == 1 ? "DeviceGray" : "DeviceRGB"};
 }
 
-std::string ImageEntries(std::int32_t width, std::int32_t height, std::string_view colorSpace) {
-  std::string entries = "/Type/XObject/Subtype/Image";
-  AppendEntry(entries, "/Width ", width);
-  AppendEntry(entries, "/Height ", height);
-  entries.append("/BitsPerComponent 8/ColorSpace").append(colorSpace);
-  return entries;
+PdfArray TableColorSpace(std::span<const std::uint32_t> table) {
+  std::string bytes;
+  for (const std::uint32_t color : table) {
+    for (const int shift : {16, 8, 0}) bytes.push_back(static_cast<char>(color >> shift));
+  }
+  PdfArray space;
+  space.Add(PdfName{"Indexed"}).Add(PdfName{"DeviceRGB"});
+  space.Add(table.size() - 1).Add(PdfBytes{bytes});
+  return space;
+}
+
+PdfDictionary ImageDictionary(std::int32_t width, std::int32_t height) {
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"XObject"}).Put("Subtype", PdfName{"Image"});
+  dictionary.Put("Width", width).Put("Height", height).Put("BitsPerComponent", 8);
+  return dictionary;
 }
 
 // Large files are decoded to a half, a quarter or an eighth of their sides.
@@ -43,59 +51,63 @@ std::string ImageEmbedder::NameOf(const PictureImage& picture) {
   return ImageName(place->second);
 }
 
-std::string ImageEmbedder::Resources() const {
-  std::string resources;
-  for (std::size_t i = 0; i < images_.size(); ++i) {
-    resources.append("/").append(ImageName(i)).append(" ");
-    AppendReference(resources, images_[i]);
-  }
+PdfDictionary ImageEmbedder::Resources() const {
+  PdfDictionary resources;
+  for (std::size_t i = 0; i < images_.size(); ++i) resources.Put(ImageName(i), images_[i]);
   return resources;
 }
 
-ObjectNumber ImageEmbedder::Write(const PictureImage& picture) {
-  const ObjectNumber number = file_.Reserve();
-  if (WriteJpeg(number, picture)) return number;
+PdfReference ImageEmbedder::Write(const PictureImage& picture) {
+  const PdfReference image = file_.Reserve();
+  if (WriteJpeg(image, picture)) return image;
 
-  std::string moreEntries;
+  PdfReference mask;
   if (const ImageSamples alpha = MakeAlphaSamples(picture.GetPixels()); !alpha.bytes.empty()) {
-    const ObjectNumber mask = file_.Reserve();
+    mask = file_.Reserve();
     WriteSamples(mask, alpha, {});
-    moreEntries = "/SMask ";
-    AppendReference(moreEntries, mask);
   }
-  WriteSamples(number, MakeColorSamples(picture.GetPixels()), moreEntries);
-  return number;
+  WriteSamples(image, MakeColorSamples(picture.GetPixels()), mask);
+  return image;
 }
 
 // False when there is no JPEG file, or one that is not this picture.
-bool ImageEmbedder::WriteJpeg(ObjectNumber number, const PictureImage& picture) {
+bool ImageEmbedder::WriteJpeg(PdfReference image, const PictureImage& picture) {
   const std::optional<JpegFrame> frame = ReadJpegFrame(picture.Jpeg());
   if (!frame || !IsDecodedFrom(picture.GetPixels(), *frame) ||
       (frame->components != 1 && frame->components != 3)) {
     return false;
   }
-  std::string entries = ImageEntries(frame->width, frame->height,
-                                     frame->components == 1 ? "/DeviceGray" : "/DeviceRGB");
-  entries += "/Filter/DCTDecode";
+  PdfDictionary dictionary = ImageDictionary(frame->width, frame->height);
+  dictionary.Put("ColorSpace", DeviceColorSpace(frame->components));
+  dictionary.Put("Filter", PdfName{"DCTDecode"});
   const auto* bytes = reinterpret_cast<const char*>(picture.Jpeg().data());
-  file_.WriteEncodedStream(number, entries, {bytes, picture.Jpeg().size()});
+  file_.WriteEncodedStream(image, std::move(dictionary), {bytes, picture.Jpeg().size()});
   return true;
 }
 
 // Prediction makes photographs smaller and drawings larger, so both are tried.
-void ImageEmbedder::WriteSamples(ObjectNumber number, const ImageSamples& samples,
-                                 std::string_view moreEntries) {
-  std::string entries = ImageEntries(samples.width, samples.height, samples.colorSpace);
-  entries.append(moreEntries).append("/Filter/FlateDecode");
+void ImageEmbedder::WriteSamples(PdfReference image, const ImageSamples& samples,
+                                 PdfReference mask) {
+  PdfDictionary dictionary = ImageDictionary(samples.width, samples.height);
+  if (samples.table.empty()) {
+    dictionary.Put("ColorSpace", DeviceColorSpace(samples.samplesPerPixel));
+  } else {
+    dictionary.Put("ColorSpace", TableColorSpace(samples.table));
+  }
+  if (mask.number != 0) dictionary.Put("SMask", mask);
+  dictionary.Put("Filter", PdfName{"FlateDecode"});
+
   const std::string plain(file_.Compressor().Compress(samples.bytes));
   const std::string_view predicted = file_.Compressor().Compress(PredictRows(samples));
   if (plain.size() <= predicted.size()) {
-    file_.WriteEncodedStream(number, entries, plain);
+    file_.WriteEncodedStream(image, std::move(dictionary), plain);
     return;
   }
-  AppendEntry(entries, "/DecodeParms<</Predictor 15/Colors ", samples.samplesPerPixel);
-  AppendEntry(entries, "/Columns ", samples.width);
-  file_.WriteEncodedStream(number, entries += ">>", predicted);
+  PdfDictionary prediction;
+  prediction.Put("Predictor", 15).Put("Colors", samples.samplesPerPixel);
+  prediction.Put("Columns", samples.width);
+  dictionary.Put("DecodeParms", prediction);
+  file_.WriteEncodedStream(image, std::move(dictionary), predicted);
 }
 
 }  // namespace pagivo::native

@@ -23,17 +23,18 @@ class ImageEmbedder {
   // as the embedder.
   std::string NameOf(const PictureImage& picture);
 
-  // The entries of the resource dictionary for external objects.
-  std::string Resources() const;
+  // The resource dictionary that names the pictures.
+  PdfDictionary Resources() const;
 
  private:
-  ObjectNumber Write(const PictureImage& picture);
-  bool WriteJpeg(ObjectNumber number, const PictureImage& picture);
-  void WriteSamples(ObjectNumber number, const ImageSamples& samples, std::string_view moreEntries);
+  PdfReference Write(const PictureImage& picture);
+  bool WriteJpeg(PdfReference image, const PictureImage& picture);
+  // `mask` says how opaque the samples are; number 0: all are.
+  void WriteSamples(PdfReference image, const ImageSamples& samples, PdfReference mask);
 
   PdfFile& file_;
   std::unordered_map<const PictureImage*, std::size_t> indexes_;  // into images_
-  std::vector<ObjectNumber> images_;
+  std::vector<PdfReference> images_;
 };
 
 }  // namespace pagivo::native

@@ -5,10 +5,6 @@
 #include <cstdlib>
 #include <optional>
 #include <unordered_map>
-#include <vector>
-
-#include "engine/native/pdf/number_format.h"
-#include "engine/native/pdf/text_string.h"
 
 namespace pagivo::native {
 namespace {
@@ -19,9 +15,8 @@ std::size_t PixelSize(const PictureImage::Pixels& pixels) {
   return pixels.hasAlpha ? 4 : 3;
 }
 
-ImageSamples EmptySamples(const PictureImage::Pixels& pixels, int samplesPerPixel,
-                          std::string colorSpace) {
-  ImageSamples samples{pixels.width, pixels.height, samplesPerPixel, std::move(colorSpace), {}};
+ImageSamples EmptySamples(const PictureImage::Pixels& pixels, int samplesPerPixel) {
+  ImageSamples samples{pixels.width, pixels.height, samplesPerPixel, {}, {}};
   samples.bytes.reserve(pixels.data.size() / PixelSize(pixels) *
                         static_cast<std::size_t>(samplesPerPixel));
   return samples;
@@ -63,18 +58,6 @@ std::optional<ColorTable> MakeColorTable(const PictureImage::Pixels& pixels) {
     table.colors.push_back(color);
   }
   return table;
-}
-
-std::string TableColorSpace(const ColorTable& table) {
-  std::string space = "[/Indexed/DeviceRGB ";
-  AppendInteger(space, static_cast<std::int64_t>(table.colors.size()) - 1);
-  space.push_back('<');
-  for (const std::uint32_t color : table.colors) {
-    AppendHexByte(space, color >> 16);
-    AppendHexByte(space, color >> 8 & 0xFF);
-    AppendHexByte(space, color & 0xFF);
-  }
-  return space + ">]";
 }
 
 int Paeth(int left, int above, int aboveLeft) {
@@ -121,20 +104,21 @@ std::int64_t CostOf(std::string_view predicted) {
 
 ImageSamples MakeColorSamples(const PictureImage::Pixels& pixels) {
   if (IsGray(pixels)) {
-    ImageSamples samples = EmptySamples(pixels, 1, "/DeviceGray");
+    ImageSamples samples = EmptySamples(pixels, 1);
     ForEachPixel(pixels, [&samples](const std::uint8_t* pixel) {
       samples.bytes.push_back(static_cast<char>(pixel[0]));
     });
     return samples;
   }
   if (const std::optional<ColorTable> table = MakeColorTable(pixels)) {
-    ImageSamples samples = EmptySamples(pixels, 1, TableColorSpace(*table));
+    ImageSamples samples = EmptySamples(pixels, 1);
+    samples.table = table->colors;
     ForEachPixel(pixels, [&](const std::uint8_t* pixel) {
       samples.bytes.push_back(static_cast<char>(table->indexes.at(ColorOf(pixel))));
     });
     return samples;
   }
-  ImageSamples samples = EmptySamples(pixels, 3, "/DeviceRGB");
+  ImageSamples samples = EmptySamples(pixels, 3);
   ForEachPixel(pixels, [&samples](const std::uint8_t* pixel) {
     for (int i = 0; i < 3; ++i) samples.bytes.push_back(static_cast<char>(pixel[i]));
   });
@@ -143,7 +127,7 @@ ImageSamples MakeColorSamples(const PictureImage::Pixels& pixels) {
 
 ImageSamples MakeAlphaSamples(const PictureImage::Pixels& pixels) {
   if (!pixels.hasAlpha) return {};
-  ImageSamples samples = EmptySamples(pixels, 1, "/DeviceGray");
+  ImageSamples samples = EmptySamples(pixels, 1);
   ForEachPixel(pixels, [&samples](const std::uint8_t* pixel) {
     samples.bytes.push_back(static_cast<char>(pixel[3]));
   });

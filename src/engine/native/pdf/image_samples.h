@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/native/pictures/picture_image.h"
 
@@ -14,7 +15,7 @@ struct ImageSamples {
   std::int32_t width = 0;
   std::int32_t height = 0;
   int samplesPerPixel = 1;
-  std::string colorSpace;  // the PDF object
+  std::vector<std::uint32_t> table;  // the colours 0xRRGGBB that samples count; empty: none
   std::string bytes;
 };
 

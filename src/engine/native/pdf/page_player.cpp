@@ -14,6 +14,15 @@
 namespace pagivo::native {
 namespace {
 
+// The side of a page in its own units that every reader takes.
+constexpr double kMostUnits = 14400;
+
+constexpr double kFarthest = 1e9;  // hundredths
+
+// Twips: a point, and three times the largest paper that there is.
+constexpr float kSmallestPage = 20;
+constexpr float kLargestPage = 1e6;
+
 // Larger sizes than any paper's help nobody, and readers' numbers end somewhere.
 constexpr float kLargestFontSize = 100000;
 
@@ -26,6 +35,10 @@ constexpr double kCurveSweep = std::numbers::pi / 2;
 template <typename... Numbers>
 bool AreFinite(Numbers... numbers) {
   return (std::isfinite(numbers) && ...);
+}
+
+float SaneSide(float length) {
+  return std::isfinite(length) ? std::clamp(length, kSmallestPage, kLargestPage) : kSmallestPage;
 }
 
 bool AreFinite(std::span<const Point> points) {
@@ -74,14 +87,28 @@ std::vector<ExactPoint> OutlineOf(const Arc& arc, double turn) {
 
 }  // namespace
 
+PdfGeometry::PdfGeometry(const PageGeometry& page)
+    : paper_{SaneSide(page.width), SaneSide(page.height)} {
+  const double points = std::max(paper_.width, paper_.height) / kTwipsPerPoint;
+  userUnit_ = static_cast<int>(std::ceil(points / kMostUnits));
+  unitsPerTwip_ = 1 / (kTwipsPerPoint * userUnit_);
+  size_ = {Length(paper_.width), Length(paper_.height)};
+}
+
+Hundredths PdfGeometry::Length(double twips) const {
+  return std::llround(std::clamp(twips * unitsPerTwip_ * 100, -kFarthest, kFarthest));
+}
+
+PdfPoint PdfGeometry::At(double x, double y) const {
+  return {Length(x), Length(paper_.height - y)};
+}
+
 std::string_view PagePlayer::Play(const Document& document, std::int32_t page,
                                   const PdfGeometry& geometry) {
   geometry_ = &geometry;
   stream_.Begin();
-  text_.BeginPage();
   document.Play(page, *this);
-  text_.End();
-  return stream_.Bytes();
+  return stream_.Finish();
 }
 
 void PagePlayer::SetFont(const FontDescription& font) {
@@ -108,7 +135,6 @@ void PagePlayer::DrawText(Point position, std::string_view text) {
 }
 
 void PagePlayer::Underline(double from, double to, double baseline) {
-  text_.End();
   const FontMetrics& metrics = font_->Metrics();
   const double em = geometry_->InUnits(fontDescription_.size * kTwipsPerPoint);
   const double thickness = metrics.underlineThickness * em;
@@ -153,7 +179,6 @@ void PagePlayer::DrawLine(Point from, Point to) {
 
 void PagePlayer::DrawPolyline(std::span<const Point> points) {
   if (points.size() < 2 || !AreFinite(points) || !DrawsLines(pen_)) return;
-  text_.End();
   if (!IsWithinReach(BoundsOf(points), pen_)) return StrokeParts(OutlineOf(points), pen_);
   UsePen(pen_);
   AddPoints(points);
@@ -250,7 +275,6 @@ void PagePlayer::AddArc(const Arc& arc, double sweep) {
 
 template <typename AddPath>
 void PagePlayer::FillFigure(const Figure& figure, AddPath addPath) {
-  text_.End();
   if (IsHatched(brush_.style)) {
     stream_.SaveState();
     addPath();
@@ -274,7 +298,6 @@ void PagePlayer::DrawFigure(const Figure& figure, AddPath addPath, Outline outli
   if (!atOnce) FillFigure(figure, addPath);
   if (!strokes) return;
   if (!isWithinReach) return StrokeParts(outline(), figure.pen);
-  text_.End();
   if (atOnce) stream_.SetFillColor(brush_.color);
   UsePen(figure.pen);
   addPath();
@@ -303,7 +326,6 @@ void PagePlayer::DrawPicture(const Rectangle& rectangle, const PictureImageRef& 
   const PdfPoint first = geometry_->At(x1, y1);
   const PdfPoint second = geometry_->At(x2, y2);
   if (first.x == second.x || first.y == second.y) return;
-  text_.End();
   // Exchanged edges give negative sizes, which mirror.
   stream_.DrawImage(images_.NameOf(*picture), {first.x, second.y}, second.x - first.x,
                     first.y - second.y);

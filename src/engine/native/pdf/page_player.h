@@ -11,12 +11,41 @@
 #include "engine/native/pdf/content_stream.h"
 #include "engine/native/pdf/font_embedder.h"
 #include "engine/native/pdf/image_embedder.h"
-#include "engine/native/pdf/page_geometry.h"
 #include "engine/native/pdf/text_writer.h"
 
 namespace pagivo::native {
 
-// What has a coordinate that is no number is not drawn.
+// The coordinates of a PDF page. They count upwards from the lower left corner in units of 1/72
+// inch, of which readers take at most 14,400 a side; on larger pages the unit is larger.
+class PdfGeometry {
+ public:
+  explicit PdfGeometry(const PageGeometry& page);
+
+  // Points in one unit of this page, at least 1.
+  int UserUnit() const noexcept { return userUnit_; }
+  PdfPoint Size() const noexcept { return size_; }
+  // In twips, and within the limits of a page whatever the record says.
+  const PageGeometry& Paper() const noexcept { return paper_; }
+
+  // From twips. Positions far beyond the paper are moved to the largest distance that every reader
+  // can count.
+  Hundredths Length(double twips) const;
+  PdfPoint At(double x, double y) const;
+  PdfPoint At(Point point) const { return At(point.x, point.y); }
+
+  // The same unrounded, in units.
+  double XInUnits(double x) const { return x * unitsPerTwip_; }
+  double YInUnits(double y) const { return (paper_.height - y) * unitsPerTwip_; }
+  double InUnits(double twips) const { return twips * unitsPerTwip_; }
+
+ private:
+  PageGeometry paper_;
+  int userUnit_;
+  double unitsPerTwip_;
+  PdfPoint size_;
+};
+
+// It leaves out what has a coordinate that is no number.
 class PagePlayer final : public Player {
  public:
   PagePlayer(FontEmbedder& fonts, ImageEmbedder& images) : images_(images), text_(stream_, fonts) {}

@@ -2,8 +2,7 @@
 
 #include <bit>
 #include <cassert>
-
-#include "engine/native/pdf/number_format.h"
+#include <new>
 
 namespace pagivo::native {
 namespace {
@@ -16,6 +15,9 @@ constexpr std::uint32_t kObjectsPerStream = 200;
 constexpr std::uint64_t kNotWritten = UINT64_MAX;
 constexpr std::uint64_t kPacked = std::uint64_t{1} << 63;
 constexpr unsigned kPackedIndexBits = 8;
+
+// The most kids of a node in the tree of pages.
+constexpr std::size_t kKids = 32;
 
 // The second line tells programs that the file is no text.
 constexpr std::string_view kHeader = "%PDF-1.7\n%\xE2\xE3\xCF\xD3\n";
@@ -41,89 +43,97 @@ void AppendBigEndian(std::string& out, std::uint64_t value, int bytes) {
 
 }  // namespace
 
-void AppendReference(std::string& out, ObjectNumber number) {
-  AppendInteger(out, number);
-  out += " 0 R";
+Deflater::Deflater(Effort effort)
+    : compressor_(libdeflate_alloc_compressor(static_cast<int>(effort))) {
+  if (!compressor_) throw std::bad_alloc();
+}
+
+std::string_view Deflater::Compress(std::string_view bytes) {
+  const std::size_t bound = libdeflate_zlib_compress_bound(compressor_.get(), bytes.size());
+  if (buffer_.size() < bound) buffer_.resize(bound);
+  const std::size_t size = libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(),
+                                                    buffer_.data(), buffer_.size());
+  return {buffer_.data(), size};
 }
 
 PdfFile::PdfFile(const ByteSink& sink) : sink_(sink) {
   Emit(kHeader);
 }
 
-ObjectNumber PdfFile::Reserve() {
+PdfReference PdfFile::Reserve() {
   entries_.push_back(kNotWritten);
-  return static_cast<ObjectNumber>(entries_.size());
+  return {static_cast<std::uint32_t>(entries_.size())};
 }
 
-void PdfFile::SetEntry(ObjectNumber number, std::uint64_t entry) {
-  assert(number >= 1 && entries_[number - 1] == kNotWritten);
-  entries_[number - 1] = entry;
+void PdfFile::SetEntry(PdfReference object, std::uint64_t entry) {
+  assert(object.number >= 1 && entries_[object.number - 1] == kNotWritten);
+  entries_[object.number - 1] = entry;
 }
 
-void PdfFile::WriteObject(ObjectNumber number, std::string_view value) {
-  if (packedStream_ == 0) packedStream_ = Reserve();
-  SetEntry(number, kPacked | std::uint64_t{packedStream_} << kPackedIndexBits | packedCount_);
-  AppendInteger(packedIndex_, number);
+void PdfFile::WriteObject(PdfReference object, const PdfDictionary& dictionary) {
+  if (packedStream_.number == 0) packedStream_ = Reserve();
+  SetEntry(object, kPacked | std::uint64_t{packedStream_.number} << kPackedIndexBits |
+                       std::uint64_t{packedCount_});
+  AppendInteger(packedIndex_, object.number);
   packedIndex_.push_back(' ');
   AppendInteger(packedIndex_, static_cast<std::int64_t>(packedObjects_.size()));
   packedIndex_.push_back(' ');
-  packedObjects_.append(value).push_back('\n');
+  AppendObject(packedObjects_, dictionary);
+  packedObjects_.push_back('\n');
   if (++packedCount_ == kObjectsPerStream) FlushObjectStream();
 }
 
 void PdfFile::FlushObjectStream() {
-  if (packedStream_ == 0) return;
-  std::string entries = "/Type/ObjStm/N ";
-  AppendInteger(entries, packedCount_);
-  entries += "/First ";
-  AppendInteger(entries, static_cast<std::int64_t>(packedIndex_.size()));
-  WriteStream(packedStream_, entries, packedIndex_ + packedObjects_);
-  packedStream_ = 0;
+  if (packedStream_.number == 0) return;
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"ObjStm"});
+  dictionary.Put("N", packedCount_).Put("First", packedIndex_.size());
+  WriteStream(packedStream_, std::move(dictionary), packedIndex_ + packedObjects_);
+  packedStream_ = {};
   packedCount_ = 0;
   packedIndex_.clear();
   packedObjects_.clear();
 }
 
-void PdfFile::WriteStream(ObjectNumber number, std::string_view entries, std::string_view data) {
-  std::string all(entries);
-  all += "/Filter/FlateDecode";
-  WriteEncodedStream(number, all, deflater_.Compress(data));
+void PdfFile::WriteStream(PdfReference stream, PdfDictionary dictionary, std::string_view data) {
+  dictionary.Put("Filter", PdfName{"FlateDecode"});
+  WriteEncodedStream(stream, std::move(dictionary), deflater_.Compress(data));
 }
 
-void PdfFile::WriteEncodedStream(ObjectNumber number, std::string_view entries,
+void PdfFile::WriteEncodedStream(PdfReference stream, PdfDictionary dictionary,
                                  std::string_view data) {
-  SetEntry(number, offset_);
+  SetEntry(stream, offset_);
+  dictionary.Put("Length", data.size());
   std::string head;
-  AppendInteger(head, number);
-  head.append(" 0 obj\n<<").append(entries).append("/Length ");
-  AppendInteger(head, static_cast<std::int64_t>(data.size()));
-  head += ">>stream\n";
+  AppendInteger(head, stream.number);
+  head += " 0 obj\n";
+  AppendObject(head, dictionary);
+  head += "stream\n";
   Emit(head);
   Emit(data);
   Emit("\nendstream\nendobj\n");
 }
 
-void PdfFile::Finish(std::string_view trailerEntries) {
+void PdfFile::Finish(PdfReference catalog, PdfReference information) {
   FlushObjectStream();
-  const ObjectNumber table = Reserve();
+  const PdfReference table = Reserve();
   const std::uint64_t tableOffset = offset_;
   // Both the largest offset and the largest object number must fit the second field.
   const int bits = static_cast<int>(std::bit_width(tableOffset | entries_.size()));
   const int offsetBytes = (bits + 7) / 8;
+  const int rowBytes = offsetBytes + 2;
 
-  std::string entries = "/Type/XRef/Size ";
-  AppendInteger(entries, static_cast<std::int64_t>(entries_.size() + 1));
-  entries += "/W[1 ";
-  AppendInteger(entries, offsetBytes);
-  entries += " 1]/DecodeParms<</Predictor 12/Columns ";
-  AppendInteger(entries, offsetBytes + 2);
-  entries.append(">>").append(trailerEntries);
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"XRef"}).Put("Size", entries_.size() + 1);
+  dictionary.Put("W", PdfArray().Add(1).Add(offsetBytes).Add(1));
+  dictionary.Put("DecodeParms", PdfDictionary().Put("Predictor", 12).Put("Columns", rowBytes));
+  dictionary.Put("Root", catalog).Put("Info", information);
 
   // The table lists itself, too.
-  entries_[table - 1] = tableOffset;
+  entries_[table.number - 1] = tableOffset;
   const std::string rows = CrossReferenceRows(offsetBytes);
-  entries_[table - 1] = kNotWritten;
-  WriteStream(table, entries, PredictUp(rows, static_cast<std::size_t>(offsetBytes) + 2));
+  entries_[table.number - 1] = kNotWritten;
+  WriteStream(table, std::move(dictionary), PredictUp(rows, static_cast<std::size_t>(rowBytes)));
 
   std::string tail = "startxref\n";
   AppendInteger(tail, static_cast<std::int64_t>(tableOffset));
@@ -160,6 +170,49 @@ void PdfFile::Emit(std::string_view bytes) {
 void PdfFile::FlushOutput() {
   sink_({reinterpret_cast<const std::uint8_t*>(output_.data()), output_.size()});
   output_.clear();
+}
+
+// A full node is closed only when the next kid arrives, so that the last one can become the root.
+PageTree::Node& PageTree::OpenNode(std::size_t level) {
+  if (level == levels_.size()) levels_.push_back({file_.Reserve(), 0, {}});
+  if (levels_[level].kids.size() == kKids) {
+    Close(level);
+    levels_[level] = {file_.Reserve(), 0, {}};
+  }
+  return levels_[level];
+}
+
+void PageTree::Close(std::size_t level) {
+  Node& parent = OpenNode(level + 1);
+  const Node& node = levels_[level];
+  parent.kids.push_back(node.object);
+  parent.pages += node.pages;
+  Write(node, parent.object, {});
+}
+
+PdfReference PageTree::Add(PdfReference page) {
+  Node& leaf = OpenNode(0);
+  leaf.kids.push_back(page);
+  ++leaf.pages;
+  pages_.push_back(page);
+  return leaf.object;
+}
+
+PdfReference PageTree::Finish(const PdfDictionary& inherited) {
+  assert(!levels_.empty());
+  for (std::size_t level = 0; level + 1 < levels_.size(); ++level) Close(level);
+  Write(levels_.back(), {}, inherited);
+  return levels_.back().object;
+}
+
+void PageTree::Write(const Node& node, PdfReference parent, const PdfDictionary& inherited) {
+  PdfArray kids;
+  for (const PdfReference kid : node.kids) kids.Add(kid);
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"Pages"});
+  if (parent.number != 0) dictionary.Put("Parent", parent);
+  dictionary.Put("Count", node.pages).Put("Kids", kids).PutAll(inherited);
+  file_.WriteObject(node.object, dictionary);
 }
 
 }  // namespace pagivo::native

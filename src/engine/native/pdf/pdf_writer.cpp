@@ -5,12 +5,7 @@
 
 #include "engine/native/pdf/font_embedder.h"
 #include "engine/native/pdf/image_embedder.h"
-#include "engine/native/pdf/number_format.h"
-#include "engine/native/pdf/page_geometry.h"
 #include "engine/native/pdf/page_player.h"
-#include "engine/native/pdf/page_tree.h"
-#include "engine/native/pdf/pdf_file.h"
-#include "engine/native/pdf/text_string.h"
 #include "files/file_failures.h"
 #include "files/file_replacement.h"
 #include "pagivo/error.h"
@@ -19,36 +14,43 @@ namespace pagivo::native {
 namespace {
 
 // Why these pages cannot be written; empty when they can.
-std::string RangeFault(const Document& document, std::int32_t firstPage, std::int32_t lastPage) {
+std::string RangeFault(const Document& document, const PdfOptions& options) {
   const std::int32_t count = document.PageCount();
+  const auto& [first, last, title] = options;
   if (count == 0) return "het document heeft geen pagina's";
-  if (firstPage >= 1 && firstPage <= lastPage && lastPage <= count) return {};
-  return "pagina " + std::to_string(firstPage) + " tot en met " + std::to_string(lastPage) +
+  if (first >= 1 && first <= last && last <= count) return {};
+  return "pagina " + std::to_string(first) + " tot en met " + std::to_string(last) +
          " is geen deel van een document van " + std::to_string(count) + " pagina's";
 }
 
-std::string MediaBox(const PdfGeometry& geometry) {
-  std::string box = "/MediaBox[0 0 ";
-  AppendHundredths(box, geometry.Size().x);
-  box.push_back(' ');
-  AppendHundredths(box, geometry.Size().y);
-  return box + "]";
+PdfArray MediaBox(const PdfGeometry& geometry) {
+  const auto [width, height] = geometry.Size();
+  return PdfArray().Add(0).Add(0).Add(PdfDecimal{width}).Add(PdfDecimal{height});
+}
+
+[[noreturn]] void Refuse(ErrorNumber number, const std::string& fileName,
+                         const std::string& cause) {
+  throw Error(number, "Het bestand \"" + fileName + "\" kan niet worden geschreven: " + cause);
 }
 
 }  // namespace
 
 class PdfWriter::Parts {
  public:
-  Parts(const Document& document, ByteSink sink) : document_(document), sink_(std::move(sink)) {}
+  Parts(const Document& document, std::string title, ByteSink sink)
+      : document_(document), title_(std::move(title)), sink_(std::move(sink)) {}
 
   void WritePage(std::int32_t page);
-  void Finish() { WriteTrailer(tree_.Finish(InheritedEntries())); }
+  void Finish();
 
  private:
-  std::string InheritedEntries();
-  void WriteTrailer(ObjectNumber pages);
+  PdfReference WriteContent(std::string_view content);
+  PdfDictionary InheritedEntries();
+  PdfReference WriteCatalog(PdfReference pages);
+  PdfReference WriteInformation();
 
   const Document& document_;
+  std::string title_;
   ByteSink sink_;
   PdfFile file_{sink_};
   Deflater contentDeflater_{Effort::Fast};
@@ -66,51 +68,59 @@ void PdfWriter::Parts::WritePage(std::int32_t page) {
   const PdfGeometry geometry(paper);
   const std::string_view content = player_.Play(document_, page, geometry);
 
-  const ObjectNumber number = file_.Reserve();
-  std::string value = "<</Type/Page/Parent ";
-  AppendReference(value, tree_.Add(number));
-  if (paper != usualSize_) value += MediaBox(geometry);
-  if (geometry.UserUnit() != 1) {
-    value += "/UserUnit ";
-    AppendInteger(value, geometry.UserUnit());
-  }
-  if (!content.empty()) {
-    const ObjectNumber stream = file_.Reserve();
-    file_.WriteEncodedStream(stream, "/Filter/FlateDecode", contentDeflater_.Compress(content));
-    value += "/Contents ";
-    AppendReference(value, stream);
-  }
-  file_.WriteObject(number, value += ">>");
+  const PdfReference object = file_.Reserve();
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"Page"}).Put("Parent", tree_.Add(object));
+  if (paper != usualSize_) dictionary.Put("MediaBox", MediaBox(geometry));
+  if (geometry.UserUnit() != 1) dictionary.Put("UserUnit", geometry.UserUnit());
+  if (!content.empty()) dictionary.Put("Contents", WriteContent(content));
+  file_.WriteObject(object, dictionary);
+}
+
+PdfReference PdfWriter::Parts::WriteContent(std::string_view content) {
+  const PdfReference stream = file_.Reserve();
+  file_.WriteEncodedStream(stream, PdfDictionary().Put("Filter", PdfName{"FlateDecode"}),
+                           contentDeflater_.Compress(content));
+  return stream;
 }
 
 // What all pages have in common. Fonts are complete only when all pages are written.
-std::string PdfWriter::Parts::InheritedEntries() {
-  std::string entries = MediaBox(PdfGeometry(*usualSize_));
-  entries += "/Resources<</Font<<" + fonts_.WriteFonts(file_) + ">>";
-  entries += "/XObject<<" + images_.Resources() + ">>>>";
+PdfDictionary PdfWriter::Parts::InheritedEntries() {
+  PdfDictionary resources;
+  resources.Put("Font", fonts_.WriteFonts(file_)).Put("XObject", images_.Resources());
+  PdfDictionary entries;
+  entries.Put("MediaBox", MediaBox(PdfGeometry(*usualSize_))).Put("Resources", resources);
   return entries;
 }
 
-void PdfWriter::Parts::WriteTrailer(ObjectNumber pages) {
-  const ObjectNumber catalog = file_.Reserve();
-  std::string value = "<</Type/Catalog/Pages ";
-  AppendReference(value, pages);
-  if (!document_.Title().empty()) value += "/ViewerPreferences<</DisplayDocTitle true>>";
-  file_.WriteObject(catalog, value += ">>");
-
-  const ObjectNumber information = file_.Reserve();
-  value = "<</Producer(Pagivo)";
-  if (!document_.Title().empty()) AppendTextString(value += "/Title", document_.Title());
-  file_.WriteObject(information, value += ">>");
-
-  std::string trailer = "/Root ";
-  AppendReference(trailer, catalog);
-  AppendReference(trailer += "/Info ", information);
-  file_.Finish(trailer);
+PdfReference PdfWriter::Parts::WriteCatalog(PdfReference pages) {
+  PdfDictionary dictionary;
+  dictionary.Put("Type", PdfName{"Catalog"}).Put("Pages", pages);
+  if (!title_.empty()) {
+    dictionary.Put("ViewerPreferences", PdfDictionary().Put("DisplayDocTitle", true));
+  }
+  const PdfReference catalog = file_.Reserve();
+  file_.WriteObject(catalog, dictionary);
+  return catalog;
 }
 
-PdfWriter::PdfWriter(const Document& document, ByteSink sink)
-    : parts_(std::make_unique<Parts>(document, std::move(sink))) {}
+PdfReference PdfWriter::Parts::WriteInformation() {
+  PdfDictionary dictionary;
+  dictionary.Put("Producer", PdfText{"Pagivo"});
+  if (!title_.empty()) dictionary.Put("Title", PdfText{title_});
+  const PdfReference information = file_.Reserve();
+  file_.WriteObject(information, dictionary);
+  return information;
+}
+
+void PdfWriter::Parts::Finish() {
+  const PdfReference pages = tree_.Finish(InheritedEntries());
+  const PdfReference catalog = WriteCatalog(pages);
+  file_.Finish(catalog, WriteInformation());
+}
+
+PdfWriter::PdfWriter(const Document& document, std::string title, ByteSink sink)
+    : parts_(std::make_unique<Parts>(document, std::move(title), std::move(sink))) {}
 
 PdfWriter::~PdfWriter() = default;
 
@@ -122,27 +132,56 @@ void PdfWriter::Finish() {
   parts_->Finish();
 }
 
-void WritePdf(const Document& document, std::int32_t firstPage, std::int32_t lastPage,
-              const ByteSink& sink) {
-  const std::string fault = RangeFault(document, firstPage, lastPage);
+PdfOptions WholeDocument(const Document& document) {
+  return {.firstPage = 1, .lastPage = document.PageCount(), .title = document.Title()};
+}
+
+void WritePdf(const Document& document, const PdfOptions& options, const ByteSink& sink) {
+  const std::string fault = RangeFault(document, options);
   if (!fault.empty()) {
     throw Error(ErrorNumber::PageOutOfRange, "De PDF kan niet worden geschreven: " + fault);
   }
-  PdfWriter writer(document, sink);
-  for (std::int32_t page = firstPage; page <= lastPage; ++page) writer.WritePage(page);
+  PdfWriter writer(document, options.title, sink);
+  for (std::int32_t page = options.firstPage; page <= options.lastPage; ++page) {
+    writer.WritePage(page);
+  }
   writer.Finish();
 }
 
-void WritePdfFile(const Document& document, std::int32_t firstPage, std::int32_t lastPage,
+void WritePdfFile(const Document& document, const PdfOptions& options,
                   const std::string& fileName) {
-  const std::string fault = RangeFault(document, firstPage, lastPage);
+  const std::string fault = RangeFault(document, options);
   if (!fault.empty()) {
     throw Error(ErrorNumber::PageOutOfRange, DescribeWriteFailure(fileName, fault));
   }
   FileReplacement file(fileName);
-  WritePdf(document, firstPage, lastPage,
-           [&file](std::span<const std::uint8_t> bytes) { file.Write(bytes); });
+  WritePdf(document, options, [&file](std::span<const std::uint8_t> bytes) { file.Write(bytes); });
   file.Commit();
+}
+
+void NativePdfExporter::ExportPdf(const ObjectRef& engine, const std::string& fileName,
+                                  std::int16_t firstPage, std::int16_t lastPage) {
+  const auto* exported = dynamic_cast<const ExportedDocument*>(engine.get());
+  if (exported == nullptr) {
+    Refuse(ErrorNumber::InvalidArgument, fileName,
+           "het document is niet met deze component opgemaakt");
+  }
+  if (!exported->IsComplete()) {
+    Refuse(ErrorNumber::NoDocument, fileName, "er is geen afgesloten document");
+  }
+  if (!exported->IsWhole()) {
+    Refuse(ErrorNumber::OutOfMemory, fileName,
+           "het document is niet volledig, want er was te weinig geheugen om het op te maken");
+  }
+  if (lastPage < 1) Refuse(ErrorNumber::PageOutOfRange, fileName, "er zijn geen pagina's");
+  const Document& document = exported->GetDocument();
+  if (firstPage < 1 || firstPage > lastPage || lastPage > document.PageCount()) {
+    Refuse(ErrorNumber::PageOutOfRange, fileName,
+           "het document heeft geen pagina's " + std::to_string(firstPage) + " tot en met " +
+               std::to_string(lastPage));
+  }
+  WritePdfFile(document, {.firstPage = firstPage, .lastPage = lastPage, .title = document.Title()},
+               fileName);
 }
 
 }  // namespace pagivo::native

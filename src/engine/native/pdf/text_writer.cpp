@@ -4,20 +4,13 @@
 #include <array>
 #include <cmath>
 
-#include "engine/native/pdf/text_string.h"
 #include "values/utf8.h"
 
 namespace pagivo::native {
 namespace {
 
-// Readers may refuse strings of 32,768 bytes and arrays of 8,192 elements.
-constexpr std::size_t kLongestString = 8000;
-
 // Numbers in a string of glyphs are thousandths of the em. From this size on, they get a decimal.
 constexpr double kLargeSize = 15;
-
-constexpr std::string_view kBeginText = "BT\n";
-constexpr std::string_view kEndText = "ET\n";
 
 // The part of a line's text that a glyph stands for.
 std::string_view TextOf(const ShapedGlyph& glyph, std::string_view text) {
@@ -42,41 +35,17 @@ std::size_t CountCodePoints(std::string_view text) {
   return count;
 }
 
-void BeginActualText(std::string& out, std::string_view text) {
-  out += "/Span<</ActualText<FEFF";
-  AppendUtf16Hex(out, DecodeText(text));
-  out += ">>>BDC\n";
-}
-
 }  // namespace
-
-void TextWriter::BeginPage() {
-  font_ = -1;
-  fontSize_ = 0;
-  emboldened_ = false;
-  inText_ = false;
-  inString_ = false;
-}
-
-void TextWriter::End() {
-  if (!inText_) return;
-  CloseString();
-  stream_.Raw() += kEndText;
-  inText_ = false;
-}
 
 void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
   const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
-  if (font_ != code.font || fontSize_ != size_) SelectFont(code.font);
+  stream_.SelectFont(code.font, size_);
   if (glyph.xOffset != 0) pen.x += glyph.xOffset * unitsToPage_;
   if (glyph.yOffset != 0) pen.y += glyph.yOffset * unitsToPage_;
-  const bool inPlace = inString_ && pen.y == penY_ && std::abs(pen.x - readerPen_) <= kTolerance;
+  const bool inPlace =
+      stream_.IsInString() && pen.y == penY_ && std::abs(pen.x - readerPen_) <= kTolerance;
   if (!inPlace) PlacePen(pen);
-  std::string& out = stream_.Raw();
-  if (inString_ && out.size() - stringBegin_ > kLongestString) CloseString();
-  if (!inString_) OpenString();
-  if (code.bytes == 2) out.push_back(static_cast<char>(code.code >> 8));
-  out.push_back(static_cast<char>(code.code));
+  stream_.AddCode(code.code, code.bytes);
   readerPen_ += code.advance * thousandthToPage_;
 }
 
@@ -130,7 +99,7 @@ double TextWriter::DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string
   for (std::size_t i = 0; i < glyphs.size();) {
     DrawGlyph(glyphs[i], TextOf(glyphs[i], text), {x, start.y});
     const std::size_t stop =
-        std::min(glyphs.size(), i + std::min(string.size(), RoomInString()) + 1);
+        std::min(glyphs.size(), i + std::min(string.size(), stream_.RoomInString()) + 1);
     char* end = string.data();
     double readerPen = readerPen_;
     for (;;) {
@@ -138,21 +107,15 @@ double TextWriter::DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string
       x = start.x + static_cast<double>(advances) * unitsToPage;
       if (++i == stop) break;
       const GlyphCode* code = codes_->Find(glyphs[i].glyph, TextOf(glyphs[i], text));
-      if (code == nullptr || code->font != font_ || code->bytes != 1) break;
+      if (code == nullptr || !stream_.HasFont(code->font) || code->bytes != 1) break;
       if (std::abs(x - readerPen) > kTolerance) break;
       *end++ = static_cast<char>(code->code);
       readerPen += code->advance * thousandthToPage;
     }
-    stream_.Raw().append(string.data(), end);
+    stream_.AddCodes({string.data(), end});
     readerPen_ = readerPen;
   }
   return x;
-}
-
-// How many bytes the open string takes until it is closed for its length.
-std::size_t TextWriter::RoomInString() {
-  const std::size_t length = stream_.Raw().size() - stringBegin_;
-  return length <= kLongestString ? kLongestString + 1 - length : 0;
 }
 
 double TextWriter::DrawClusters(const ShapedLine& line, std::string_view text,
@@ -181,16 +144,23 @@ double TextWriter::DrawClusters(const ShapedLine& line, std::string_view text,
 }
 
 void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) {
-  if (emboldened_ || run.emboldened) SetEmboldened(run.emboldened, placement);
-  if (stream_.FillColor() != placement.color) {
-    CloseString();
-    stream_.SetFillColor(placement.color);
+  if (run.emboldened) {
+    Embolden(placement);
+  } else {
+    stream_.FillGlyphs();
   }
+  stream_.SetTextColor(placement.color);
   if (const double slant = run.slanted ? kSlant : 0; slant != slant_) {
-    CloseString();
+    stream_.EndString();
     slant_ = slant;
   }
   if (run.face != face_ || placement.size != exactSize_) SetFont(*run.face, placement.size);
+}
+
+// A face that lacks bold is thickened by a stroke around its glyphs.
+void TextWriter::Embolden(const TextPlacement& placement) {
+  const Hundredths width = std::llround(kEmboldenStroke * placement.size * 100);
+  stream_.OutlineGlyphs({.color = placement.color, .width = width, .join = 1});
 }
 
 void TextWriter::SetFont(const Face& face, double size) {
@@ -202,28 +172,6 @@ void TextWriter::SetFont(const Face& face, double size) {
   thousandthToPage_ = static_cast<double>(size_) / 1e6;
 }
 
-// Thickens by filling and stroking; otherwise text is filled alone.
-void TextWriter::SetEmboldened(bool emboldened, const TextPlacement& placement) {
-  CloseString();
-  if (emboldened_ != emboldened) stream_.Raw() += emboldened ? "2 Tr\n" : "0 Tr\n";
-  emboldened_ = emboldened;
-  if (!emboldened) return;
-  const Hundredths width = std::llround(kEmboldenStroke * placement.size * 100);
-  stream_.SetStroke({.color = placement.color, .width = width, .join = 1});
-}
-
-void TextWriter::SelectFont(std::uint16_t font) {
-  CloseString();
-  std::string& out = stream_.Raw();
-  out.push_back('/');
-  AppendFontName(out, font);
-  out.push_back(' ');
-  AppendDecimal(out, size_, 3);
-  out += " Tf\n";
-  font_ = font;
-  fontSize_ = size_;
-}
-
 // The text of a cluster is told as a whole: a glyph without a code point of its own has none to
 // give, and there are readers that take a mark's glyph for the end of a word. Those readers turn
 // texts that run from right to left around, so there glyphs that have code points speak for
@@ -233,11 +181,9 @@ void TextWriter::DrawCluster(const Cluster& cluster, std::string_view text, Pen 
     return DrawGlyphs(cluster, text, pen);
   }
   PlacePen(pen);
-  CloseString();
-  BeginActualText(stream_.Raw(), text);
+  stream_.BeginActualText(text);
   DrawGlyphs(cluster, text, pen);
-  CloseString();
-  stream_.Raw() += "EMC\n";
+  stream_.EndActualText();
 }
 
 // In the text's order each glyph stands for one code point and the last for what is left, so that
@@ -263,63 +209,19 @@ void TextWriter::PlacePen(Pen pen) {
     penY_ = pen.y;
     baseline_ = std::llround(pen.y * 100);
   }
-  if (!inText_ || baseline_ != lineStart_.y || slant_ != lineSlant_) {
-    StartLine({std::llround(pen.x * 100), baseline_}, slant_);
+  if (!stream_.IsOnLine(baseline_, slant_)) {
+    const Hundredths start = std::llround(pen.x * 100);
+    stream_.StartLine({start, baseline_}, slant_);
+    readerPen_ = static_cast<double>(start) / 100;
   }
   const double gap = pen.x - readerPen_;
   if (std::abs(gap) <= kTolerance) return;
 
-  std::string& out = stream_.Raw();
-  if (inString_) {
-    out.push_back(')');
-  } else {
-    out.push_back('[');
-    stringBegin_ = out.size();
-  }
   const int decimals = static_cast<double>(size_) < kLargeSize * 1000 ? 0 : 1;
   const double steps = decimals == 0 ? 1 : 10;
-  const std::int64_t adjustment = std::llround(-gap / thousandthToPage_ * steps);
-  AppendDecimal(out, adjustment, decimals);
-  out.push_back('(');
-  inString_ = true;
-  readerPen_ -= static_cast<double>(adjustment) / steps * thousandthToPage_;
-}
-
-// Td keeps the slant and moves along it, so slanted lines are placed by the whole matrix.
-void TextWriter::StartLine(PdfPoint start, double slant) {
-  CloseString();
-  std::string& out = stream_.Raw();
-  if (!inText_) {
-    out += kBeginText;
-    lineStart_ = {};
-    lineSlant_ = 0;
-  }
-  if (slant == 0 && lineSlant_ == 0) {
-    stream_.AppendPoint({start.x - lineStart_.x, start.y - lineStart_.y});
-    out += "Td\n";
-  } else {
-    out += "1 0 ";
-    AppendHundredths(out, std::llround(slant * 100));
-    out += " 1 ";
-    stream_.AppendPoint(start);
-    out += "Tm\n";
-  }
-  inText_ = true;
-  lineStart_ = start;
-  lineSlant_ = slant;
-  readerPen_ = static_cast<double>(start.x) / 100;
-}
-
-void TextWriter::OpenString() {
-  stream_.Raw() += "[(";
-  stringBegin_ = stream_.Raw().size();
-  inString_ = true;
-}
-
-void TextWriter::CloseString() {
-  if (!inString_) return;
-  stream_.Raw() += ")]TJ\n";
-  inString_ = false;
+  const std::int64_t distance = std::llround(-gap / thousandthToPage_ * steps);
+  stream_.MovePenBack(distance, decimals);
+  readerPen_ -= static_cast<double>(distance) / steps * thousandthToPage_;
 }
 
 }  // namespace pagivo::native

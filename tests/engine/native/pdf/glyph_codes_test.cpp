@@ -5,7 +5,6 @@
 #include <set>
 
 #include "engine/native/fonts/font_library.h"
-#include "engine/native/pdf/character_maps.h"
 
 namespace pagivo::native {
 namespace {

@@ -5,9 +5,6 @@
 
 #include "engine/native/document/page_shapes.h"
 #include "engine/native/document/recorder.h"
-#include "engine/native/fonts/font_library.h"
-#include "engine/native/pdf/cff_characters.h"
-#include "engine/native/pdf/font_program.h"
 #include "engine/native/pdf/pdf_readers.h"
 #include "engine/native/pdf/pdf_writer.h"
 
@@ -91,7 +88,7 @@ TEST_F(PdfDocument, ALargePageHasALargerUnit) {
 TEST_F(PdfDocument, OnlyTheChosenPagesAreWritten) {
   AddPages(9);
   const ScratchFolder folder;
-  WritePdfFile(document_, 3, 5, folder.File("a.pdf"));
+  WritePdfFile(document_, {.firstPage = 3, .lastPage = 5}, folder.File("a.pdf"));
   const std::string text = OutputOf("pdftotext '" + folder.File("a.pdf") + "' -");
   EXPECT_EQ(CountOf("Blad", text), 3);
   EXPECT_THAT(text, StartsWith("Blad 3"));
@@ -133,6 +130,21 @@ TEST_F(PdfDocument, EveryPageIsFoundInTheTree) {
   }
 }
 
+TEST(PdfPageTree, RemembersItsPages) {
+  const ByteSink sink = [](std::span<const std::uint8_t>) {};
+  PdfFile file(sink);
+  PageTree tree(file);
+  std::vector<std::uint32_t> added;
+  for (int page = 0; page < 70; ++page) {
+    const PdfReference object = file.Reserve();
+    added.push_back(object.number);
+    tree.Add(object);
+  }
+  std::vector<std::uint32_t> found;
+  for (const PdfReference page : tree.Pages()) found.push_back(page.number);
+  EXPECT_EQ(found, added);
+}
+
 TEST_F(PdfDocument, TheLargestDocumentIsWrittenAsItGoes) {
   for (int page = 0; page < 32767; ++page) recorder_.BeginPage(kA4);
   recorder_.DrawText({720, 720}, "laatste");
@@ -153,7 +165,7 @@ TEST_F(PdfDocument, BytesReachTheSinkWhilePagesAreWritten) {
   }
   std::size_t largest = 0;
   std::size_t total = 0;
-  PdfWriter writer(document_, [&](std::span<const std::uint8_t> part) {
+  PdfWriter writer(document_, "Rapport", [&](std::span<const std::uint8_t> part) {
     largest = std::max(largest, part.size());
     total += part.size();
   });
@@ -193,88 +205,6 @@ TEST_F(PdfDocument, AnythingAtAllGivesASoundFile) {
   }
   const PdfOnDisk pdf(document_);
   OutputOf("mutool draw -q -r 8 -o '" + pdf.Folder().File("p%d.png") + "' '" + pdf.Path() + "'");
-}
-
-const Face& FaceOf(const char* name, ShapedLine& line, const char* text) {
-  FontLibrary::Instance().Find(name, false, false).Shape(text, line);
-  return *line.runs.at(0).face;
-}
-
-TEST(FontProgram, HoldsTheWantedGlyphsOnly) {
-  for (const char* name : {"Arial", "Nimbus Roman"}) {
-    ShapedLine line;
-    const Face& face = FaceOf(name, line, "abc");
-    std::vector<std::uint32_t> glyphs;
-    for (const ShapedGlyph& glyph : line.glyphs) glyphs.push_back(glyph.glyph);
-    const FontProgram part = MakeFontProgram(face, glyphs);
-    const FontProgram whole = MakeWholeFontProgram(face, glyphs);
-    EXPECT_TRUE(part.subset);
-    EXPECT_FALSE(whole.subset);
-    EXPECT_LT(part.bytes.size(), 5000U) << name;
-    EXPECT_GT(whole.bytes.size(), 20000U) << name;
-    EXPECT_EQ(part.characters, (std::vector<std::uint32_t>{1, 2, 3})) << name;
-    EXPECT_EQ(whole.characters, glyphs) << name;
-  }
-}
-
-TEST(FontProgram, AGlyphThatTheFaceDoesNotHaveIsTheMissingOne) {
-  ShapedLine line;
-  const Face& face = FaceOf("Arial", line, "a");
-  const std::uint32_t glyphs[] = {line.glyphs.at(0).glyph, 65000};
-  EXPECT_EQ(MakeFontProgram(face, glyphs).characters.at(1), 0U);
-}
-
-// A number in a CFF dictionary, in its three-byte form.
-std::string CffNumber(std::size_t number) {
-  return {'\x1C', static_cast<char>(number >> 8), static_cast<char>(number)};
-}
-
-// An index of one element.
-std::string CffIndex(const std::string& element) {
-  using namespace std::string_literals;
-  return "\x00\x01\x01\x01"s + static_cast<char>(element.size() + 1) + element;
-}
-
-// A CID-keyed CFF table, as small as can be: three glyphs, the last two of them characters 17 and
-// 18.
-std::string CidKeyedCff() {
-  using namespace std::string_literals;
-  const std::string begin = "\x01\x00\x04\x01"s + CffIndex("x");
-  const std::string noStringsNorSubroutines(4, '\0');
-  const std::string charset = "\x02\x00\x11\x00\x01"s;  // from 17 on one more
-  const std::string glyphs = "\x00\x03\x01\x01\x02\x03\x04\x0E\x0E\x0E"s;
-  const auto dictionary = [](std::size_t charsetAt, std::size_t glyphsAt) {
-    return CffNumber(391) + CffNumber(392) + "\x8B\x0C\x1E" + CffNumber(charsetAt) + "\x0F" +
-           CffNumber(glyphsAt) + "\x11";
-  };
-  const std::size_t charsetAt =
-      begin.size() + CffIndex(dictionary(0, 0)).size() + noStringsNorSubroutines.size();
-  return begin + CffIndex(dictionary(charsetAt, charsetAt + charset.size())) +
-         noStringsNorSubroutines + charset + glyphs;
-}
-
-TEST(CffCharacters, FollowTheCharsetOfACidKeyedProgram) {
-  EXPECT_EQ(CffCharacters(CidKeyedCff()), (std::vector<std::uint32_t>{0, 17, 18}));
-}
-
-TEST(CffCharacters, AreNoneForOtherPrograms) {
-  ShapedLine line;
-  const Face& face = FaceOf("Nimbus Roman", line, "a");
-  const std::uint32_t glyph[] = {1};
-  EXPECT_TRUE(CffCharacters(MakeFontProgram(face, glyph).bytes).empty());
-}
-
-TEST(CffCharacters, DamagedBytesAreNoneAtAll) {
-  const std::string cff = CidKeyedCff();
-  for (std::size_t size = 0; size <= cff.size(); ++size) {
-    EXPECT_LE(CffCharacters(cff.substr(0, size)).size(), 3U);
-  }
-  std::mt19937 random(3);
-  for (int i = 0; i < 20000; ++i) {
-    std::string damaged = cff;
-    for (int k = 0; k < 3; ++k) damaged[random() % damaged.size()] = static_cast<char>(random());
-    EXPECT_LE(CffCharacters(damaged).size(), 65536U);
-  }
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ class WritePdfFileTest : public ::testing::Test {
   std::string FailureOf(const std::string& fileName, ErrorNumber number = ErrorNumber::FileAccess,
                         std::int32_t first = 1, std::int32_t last = 3) {
     try {
-      WritePdfFile(document_, first, last, fileName);
+      WritePdfFile(document_, {.firstPage = first, .lastPage = last}, fileName);
     } catch (const Error& error) {
       EXPECT_EQ(error.Number(), number);
       EXPECT_THAT(error.what(), HasSubstr(fileName.substr(0, fileName.find('\0'))))
@@ -276,7 +276,7 @@ TEST_F(WritePdfFileTest, PagesThatDoNotExistAreRefused) {
 TEST_F(WritePdfFileTest, ADocumentWithoutPagesIsRefused) {
   const Document empty;
   try {
-    WritePdfFile(empty, 1, 1, folder_.File("a.pdf"));
+    WritePdfFile(empty, {}, folder_.File("a.pdf"));
     FAIL();
   } catch (const Error& error) {
     EXPECT_EQ(error.Number(), ErrorNumber::PageOutOfRange);
@@ -288,7 +288,7 @@ TEST_F(WritePdfFileTest, ASinkThatFailsEndsTheWriting) {
   const ByteSink sink = [](std::span<const std::uint8_t>) {
     throw Error(ErrorNumber::FileAccess, "vol");
   };
-  EXPECT_THROW(WritePdf(document_, 1, 3, sink), Error);
+  EXPECT_THROW(WritePdf(document_, {.firstPage = 1, .lastPage = 3}, sink), Error);
 }
 
 }  // namespace

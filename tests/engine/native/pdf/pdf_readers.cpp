@@ -74,14 +74,14 @@ void WriteFile(const std::string& path, std::string_view bytes) {
 
 std::string PdfBytes(const Document& document) {
   std::string bytes;
-  WritePdf(document, 1, document.PageCount(), [&bytes](std::span<const std::uint8_t> part) {
+  WritePdf(document, WholeDocument(document), [&bytes](std::span<const std::uint8_t> part) {
     bytes.append(reinterpret_cast<const char*>(part.data()), part.size());
   });
   return bytes;
 }
 
 PdfOnDisk::PdfOnDisk(const Document& document) : path_(folder_.File("document.pdf")) {
-  WritePdfFile(document, 1, document.PageCount(), path_);
+  WritePdfFile(document, WholeDocument(document), path_);
   const std::string verdict = OutputOf("qpdf --check '" + path_ + "'");
   EXPECT_NE(verdict.find("No syntax or stream encoding errors found"), std::string::npos)
       << verdict;

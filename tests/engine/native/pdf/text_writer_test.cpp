@@ -57,11 +57,9 @@ class TextWays : public ::testing::TestWithParam<PlainText> {
     FontEmbedder fonts;
     TextWriter writer(stream, fonts);
     stream.Begin();
-    writer.BeginPage();
     const double end = writer.Draw(line, text, {12.345, 700.01, GetParam().size, 0});
     EXPECT_GT(end, 12.345);
-    writer.End();
-    return std::string(stream.Bytes());
+    return std::string(stream.Finish());
   }
 };
 

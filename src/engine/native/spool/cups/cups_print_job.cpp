@@ -114,7 +114,8 @@ void CupsPrintJob::Send(std::span<const std::uint8_t> bytes) {
 
 void CupsPrintJob::PrintPage(const Document& document, std::int32_t page) {
   if (!file_) {
-    file_.emplace(document, [this](std::span<const std::uint8_t> bytes) { Send(bytes); });
+    file_.emplace(document, document.Title(),
+                  [this](std::span<const std::uint8_t> bytes) { Send(bytes); });
   }
   file_->WritePage(page);
 }

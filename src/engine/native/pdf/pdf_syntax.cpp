@@ -1,0 +1,157 @@
+#include "engine/native/pdf/pdf_syntax.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+
+#include "values/utf8.h"
+
+namespace pagivo::native {
+namespace {
+
+constexpr std::string_view kDelimiters = "()<>[]{}/%";
+
+bool IsPrintableAscii(char character) {
+  return character >= ' ' && character <= '~';
+}
+
+bool IsRegular(char character) {
+  return character > ' ' && kDelimiters.find(character) == std::string_view::npos;
+}
+
+// Keeps what begins with a regular character apart from what ends with one.
+void Separate(std::string& out) {
+  if (!out.empty() && IsRegular(out.back())) out.push_back(' ');
+}
+
+void AppendUtf16Unit(std::string& out, char32_t unit) {
+  AppendHexByte(out, static_cast<unsigned>(unit >> 8));
+  AppendHexByte(out, static_cast<unsigned>(unit & 0xFF));
+}
+
+void AppendLetters(std::string& out, std::string_view text) {
+  out.push_back('(');
+  for (const char character : text) {
+    if (character == '(' || character == ')' || character == '\\') out.push_back('\\');
+    out.push_back(character);
+  }
+  out.push_back(')');
+}
+
+}  // namespace
+
+void AppendInteger(std::string& out, std::int64_t number) {
+  AppendDecimal(out, number, 0);
+}
+
+// From the last digit to the first, for that is how they come out of a number.
+void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
+  assert(decimals >= 0 && decimals <= 9);
+  std::uint64_t rest =
+      value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+  for (; decimals > 0 && rest % 10 == 0; rest /= 10) --decimals;
+
+  std::array<char, 24> characters;
+  char* const end = characters.data() + characters.size();
+  char* begin = end;
+  const auto putDigit = [&] {
+    *--begin = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  };
+  if (decimals > 0) {
+    for (; decimals > 0; --decimals) putDigit();
+    *--begin = '.';
+  } else {
+    putDigit();
+  }
+  while (rest != 0) putDigit();
+  if (value < 0) *--begin = '-';
+  out.append(begin, end);
+}
+
+std::u32string DecodeText(std::string_view text) {
+  std::u32string codePoints;
+  for (std::size_t i = 0; i < text.size();) {
+    const DecodedCodePoint decoded = DecodeUtf8(text, i);
+    codePoints.push_back(decoded.codePoint);
+    i += decoded.length;
+  }
+  return codePoints;
+}
+
+void AppendHexByte(std::string& out, unsigned value) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  out.push_back(kDigits[value >> 4 & 0xF]);
+  out.push_back(kDigits[value & 0xF]);
+}
+
+void AppendUtf16Hex(std::string& out, std::u32string_view text) {
+  for (const char32_t codePoint : text) {
+    if (codePoint < 0x10000) {
+      AppendUtf16Unit(out, codePoint);
+    } else {
+      AppendUtf16Unit(out, 0xD800 + ((codePoint - 0x10000) >> 10));
+      AppendUtf16Unit(out, 0xDC00 + ((codePoint - 0x10000) & 0x3FF));
+    }
+  }
+}
+
+void AppendObject(std::string& out, PdfName name) {
+  out.push_back('/');
+  for (const char character : name.text) {
+    if (IsRegular(character) && IsPrintableAscii(character) && character != '#') {
+      out.push_back(character);
+    } else if (character != '\0') {
+      out.push_back('#');
+      AppendHexByte(out, static_cast<unsigned char>(character));
+    }
+  }
+}
+
+void AppendObject(std::string& out, PdfReference reference) {
+  AppendObject(out, std::int64_t{reference.number});
+  out += " 0 R";
+}
+
+void AppendObject(std::string& out, PdfDecimal decimal) {
+  Separate(out);
+  AppendDecimal(out, decimal.value, decimal.decimals);
+}
+
+void AppendObject(std::string& out, PdfText text) {
+  if (std::ranges::all_of(text.text, IsPrintableAscii)) return AppendLetters(out, text.text);
+  out += "<FEFF";
+  AppendUtf16Hex(out, DecodeText(text.text));
+  out.push_back('>');
+}
+
+void AppendObject(std::string& out, PdfBytes bytes) {
+  out.push_back('<');
+  for (const char byte : bytes.bytes) AppendHexByte(out, static_cast<unsigned char>(byte));
+  out.push_back('>');
+}
+
+void AppendObject(std::string& out, const PdfArray& array) {
+  out.append(array.bytes_).push_back(']');
+}
+
+void AppendObject(std::string& out, const PdfDictionary& dictionary) {
+  out.append(dictionary.bytes_).append(">>");
+}
+
+void AppendObject(std::string& out, bool value) {
+  Separate(out);
+  out += value ? "true" : "false";
+}
+
+void AppendObject(std::string& out, std::int64_t number) {
+  Separate(out);
+  AppendInteger(out, number);
+}
+
+PdfDictionary& PdfDictionary::PutAll(const PdfDictionary& entries) {
+  bytes_ += std::string_view(entries.bytes_).substr(2);  // without its opening brackets
+  return *this;
+}
+
+}  // namespace pagivo::native
