@@ -43,6 +43,7 @@ endif()
 option(PAGIVO_FUZZ "Build the fuzzers' programs (needs clang and PAGIVO_SANITIZE)" OFF)
 if(PAGIVO_FUZZ)
   target_compile_options(pagivo_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_definitions(pagivo_options INTERFACE FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION)
 endif()
 
 option(PAGIVO_ODR "Look at link time for names that are defined differently in two sources" OFF)

@@ -13,15 +13,24 @@ namespace pagivo::native {
 // Files larger than this are refused before they are read.
 inline constexpr std::uint64_t kMaximumPictureFileBytes = std::uint64_t{3} << 26;
 
-// Pictures of more pixels than this are refused before they are decoded.
+// Pictures of more pixels than this are refused before they are decoded. A fuzzer, which is built
+// with this macro as libFuzzer's users agree on, tries many small ones instead of a few large ones.
+#ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
+inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 18;
+#else
 inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 27;
+#endif
 
 // So are those for which the decoder needs more memory than this.
 inline constexpr std::int64_t kMaximumDecoderBytes = std::int64_t{3} << 26;
 
 // A picture of more pixels is made smaller by the least whole number that brings it below: an A4
 // sheet at 508 dots an inch, more than an output can tell apart.
+#ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
+inline constexpr std::int64_t kMaximumKeptPixels = 1 << 14;
+#else
 inline constexpr std::int64_t kMaximumKeptPixels = 3 << 23;
+#endif
 
 // An SVG becomes pixels when it is loaded: its own size at this resolution, made smaller or larger
 // until its longer side lies within the bounds, and smaller again, not below the lower bound, where
