@@ -1,13 +1,12 @@
 // The host's units.
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
+#include "values/measures.h"
 
 namespace pagivo {
 
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
-constexpr double kTwipsPerInch = 1440;
 constexpr double kMillimetresPerTenthOfInch = 2.54;
 constexpr double kCentimetresPerInch = 2.54;
 

@@ -33,7 +33,7 @@ void RequirePage(const native::Document& document, std::int32_t page) {
 constexpr double kMaximumImagePixels = 1 << 28;
 
 void RequireResolution(const native::PageGeometry& paper, double dotsPerInch) {
-  const double scale = dotsPerInch / native::kTwipsPerInch;
+  const double scale = dotsPerInch / kTwipsPerInch;
   const bool isPossible = dotsPerInch >= kMinimumDotsPerInch &&
                           dotsPerInch <= kMaximumDotsPerInch &&
                           (paper.width * scale) * (paper.height * scale) <= kMaximumImagePixels;

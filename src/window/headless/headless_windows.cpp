@@ -1,6 +1,7 @@
 #include "window/headless/headless_windows.h"
 
 #include "pagivo/error.h"
+#include "values/measures.h"
 #include "window/form.h"
 #include "window/surface.h"
 
@@ -29,8 +30,6 @@ class HeadlessSurface : public HeadlessControl {
     return {.width = static_cast<std::int32_t>(surface_.Width() / kTwipsPerPixel),
             .height = static_cast<std::int32_t>(surface_.Height() / kTwipsPerPixel)};
   }
-
-  static constexpr float kTwipsPerPixel = 15;  // 96 dots an inch
 
   Surface& surface_;
 };

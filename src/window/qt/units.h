@@ -6,14 +6,10 @@
 #include <QSize>
 #include <cmath>
 
+#include "values/measures.h"
 #include "window/control_design.h"
 
 namespace pagivo::qt {
-
-// A logical pixel is a 96th of an inch whatever the screen says of itself; what it takes in device
-// pixels is Qt's own matter.
-inline constexpr float kTwipsPerPixel = 15;
-inline constexpr double kPixelsPerInch = 96;
 
 // Kept within what windows take, so that no host's number is too large for them.
 inline int ToPixels(float twips) {

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "values/measures.h"
+
 namespace pagivo::native {
 
 struct Point {
@@ -34,8 +36,5 @@ struct Rectangle {
 
 // What lies inside an outline that crosses itself.
 enum class FillRule : std::uint8_t { NonZero, EvenOdd };
-
-inline constexpr double kTwipsPerInch = 1440.0;
-inline constexpr double kTwipsPerPoint = 20.0;
 
 }  // namespace pagivo::native

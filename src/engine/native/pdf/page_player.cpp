@@ -6,7 +6,7 @@
 #include <iterator>
 #include <numbers>
 
-#include "engine/native/document/arc_points.h"
+#include "engine/native/document/arcs.h"
 #include "engine/native/document/hatch.h"
 #include "engine/native/document/line_cutting.h"
 #include "engine/native/document/stroke_style.h"

@@ -18,7 +18,7 @@ struct Bitmap {
 
 // Which part of a page to draw, and how large.
 struct PageView {
-  double pixelsPerTwip = 96.0 / 1440;
+  double pixelsPerTwip = 1.0 / kTwipsPerPixel;
   // The page's pixel that becomes the bitmap's upper left one.
   std::int32_t left = 0;
   std::int32_t top = 0;

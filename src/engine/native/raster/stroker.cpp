@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "engine/native/document/arc_points.h"
+#include "engine/native/document/arcs.h"
 
 namespace pagivo::native {
 namespace {

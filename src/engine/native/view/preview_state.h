@@ -6,6 +6,7 @@
 
 #include "engine/native/document/document.h"
 #include "engine/print_engine.h"
+#include "values/measures.h"
 #include "window/surface.h"
 
 namespace pagivo::native {
@@ -14,7 +15,6 @@ namespace pagivo::native {
 
 // A 96th of an inch, which is a pixel of a screen of 96 dots an inch. At 100 percent a page twip is
 // a twip of the screen.
-inline constexpr double kTwipsPerPixel = 15;
 
 // What Zoom can be, percent; fitting keeps within it too.
 inline constexpr double kMinimumZoom = 5;

@@ -5,6 +5,7 @@
 
 #include "engine/native/document/recorder.h"
 #include "engine/native/raster/bitmap_player.h"
+#include "values/measures.h"
 
 namespace pagivo::native {
 namespace {
@@ -59,8 +60,8 @@ void PaintShadow(const SurfaceBox& paper, double scale, const SurfaceBitmap& sur
   }
 }
 
-constexpr double kPixelsPerTwip = 96.0 / 1440;  // at scale 1
-constexpr float kNoticeHeight = 330;            // twips, of a line in the font below and its edges
+constexpr double kPixelsPerTwip = 1.0 / kTwipsPerPixel;  // at scale 1
+constexpr float kNoticeHeight = 330;  // twips, of a line in the font below and its edges
 constexpr Point kNoticeStart{120, 45};
 constexpr Color kNoticeGround = 0x0000C0;
 constexpr Color kNoticeLetters = 0xFFFFFF;

@@ -1,4 +1,4 @@
-#include "engine/native/document/arc_points.h"
+#include "engine/native/document/arcs.h"
 
 #include <gtest/gtest.h>
 

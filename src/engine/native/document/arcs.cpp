@@ -1,11 +1,13 @@
-#include "engine/native/arc_angles.h"
+#include "engine/native/document/arcs.h"
 
+#include <algorithm>
 #include <cmath>
-
-#include "engine/native/document/arc_points.h"
 
 namespace pagivo::native {
 namespace {
+
+// Shorter chords would only cost time: the largest circle leaves one by a tenth of a pixel.
+constexpr double kSmallestChordAngle = 1e-4;
 
 // Angles closer than this are the same: a full turn given as a Single misses 2 pi by 2e-7.
 constexpr double kSameAngle = 1e-6;
@@ -39,6 +41,20 @@ Turn ArcAngles::GetTurn() const noexcept {
 Point PointOnCircle(Point center, double radius, double angle) noexcept {
   return {static_cast<float>(center.x + radius * std::cos(angle)),
           static_cast<float>(center.y - radius * std::sin(angle))};
+}
+
+double ChordAngle(double radius, double tolerance) {
+  const double cosine = radius > 0 ? std::max(0.5, 1 - tolerance / radius) : 0.5;
+  return std::max(2 * std::acos(cosine), kSmallestChordAngle);
+}
+
+void AddArc(std::vector<ExactPoint>& points, const ExactPoint& center, double radius, double start,
+            double turn, double tolerance) {
+  const double steps = std::ceil(turn / ChordAngle(radius, tolerance));
+  for (double step = 0; step <= steps; ++step) {
+    const double angle = start + turn * step / steps;
+    points.push_back({center.x + radius * std::cos(angle), center.y - radius * std::sin(angle)});
+  }
 }
 
 }  // namespace pagivo::native
