@@ -1,51 +1,19 @@
 // Margins, orientation, paper and page.
-#include <array>
-#include <string_view>
-
 #include "api/engine_access.h"
+#include "engine/papers.h"
 #include "pagivo/pg_print.h"
 
 namespace pagivo {
 
 namespace {
 
-struct PaperName {
-  std::int16_t code;
-  std::string_view name;
-};
-
-// The papers that are reported, in this order. Codes 19 to 38 have no name and are never reported.
-constexpr std::array<PaperName, 22> kPaperNames{{
-    {1, "Letter 8 1/2 x 11 inch"},
-    {2, "Letter Small 8 1/2 x 11 inch"},
-    {3, "Tabloid 11 x 17 inch"},
-    {4, "Ledger 17 x 11 inch"},
-    {5, "Legal 8 1/2 x 14 inch"},
-    {6, "Statement 5 1/2 x 8 1/2 inch"},
-    {7, "Executive 7 1/2 x 10 1/2 inch"},
-    {8, "A3 297 x 420 mm"},
-    {9, "A4 210 x 297 mm"},
-    {10, "A4 Small 210 x 297 mm"},
-    {11, "A5 148 x 210 mm"},
-    {12, "B4 250 x 354 mm"},
-    {13, "B5 182 x 257 mm"},
-    {14, "Folio 8 1/2 x 13 inch"},
-    {15, "Quarto 215 x 275 mm"},
-    {16, "10 x 14 inch"},
-    {17, "10 x 17 inch"},
-    {18, "Note 8 1/2 x 11 inch"},
-    {39, "U.S. Standard Fanfold 14 7/8 x 11 inch"},
-    {40, "German Standard Fanfold 8 1/2 x 12 inch"},
-    {41, "German Legal Fanfold 8 1/2 x 13 inch"},
-    {256, "Door de gebruiker gedefinieerd formaat"},
-}};
-
 // What the arrays are given room for while papers are being found.
-constexpr std::int32_t kPaperRoom = 41;
+constexpr std::int32_t kPaperRoom = kLastPaper;
 
 // A printer that fails to answer does not have the paper.
-bool PrinterSupports(std::int16_t code) {
-  return ReadOrZero([&] { return Engine().GetPaperSizes(code); });
+bool IsReported(const Paper& paper) {
+  return !paper.reportedName.empty() &&
+         ReadOrZero([&] { return Engine().GetPaperSizes(paper.code); });
 }
 
 }  // namespace
@@ -144,12 +112,14 @@ std::int16_t PgPrint::VsPPGetPaperSizes(Array<std::string>& sPaperSizes,
   IgnoringErrors([&] { sPaperSizes.RedimPreserve(0, kPaperRoom); });
   IgnoringErrors([&] { nPaperSizes.RedimPreserve(0, kPaperRoom); });
   std::int16_t count = 0;
-  for (const PaperName& paper : kPaperNames) {
-    if (!PrinterSupports(paper.code)) continue;
+  const auto report = [&](const Paper& paper) {
+    if (!IsReported(paper)) return;
     ++count;
-    IgnoringErrors([&] { sPaperSizes(count) = paper.name; });
-    IgnoringErrors([&] { nPaperSizes(count) = paper.code; });
-  }
+    IgnoringErrors([&] { sPaperSizes(count) = paper.reportedName; });
+    IgnoringErrors([&] { nPaperSizes(count) = static_cast<std::int16_t>(paper.code); });
+  };
+  for (std::int32_t code = 1; code <= kLastPaper; ++code) report(*FindPaper(code));
+  report(kUserDefinedPaper);
   IgnoringErrors([&] { sPaperSizes.RedimPreserve(0, count); });
   IgnoringErrors([&] { nPaperSizes.RedimPreserve(0, count); });
   return count;

@@ -1,5 +1,4 @@
-// What an engine may offer beside the contract: a print command as one whole, and questions about
-// printers that it does not print on.
+// What an engine may offer beside the contract: a print command as one whole.
 #pragma once
 
 #include <cstdint>
@@ -29,21 +28,6 @@ class PrintSeries {
 
  protected:
   ~PrintSeries() = default;
-};
-
-// What is known of a printer by its name among Devices. Asking changes nothing of the engine, the
-// current Device least of all.
-class PrinterQuestions {
- public:
-  // What Port would be. Raises ErrorNumber::PrinterFailure for a printer that does not exist.
-  virtual std::string PortOf(const std::string& printer) = 0;
-  // What PaperSizes would be: a printer of which nothing is known takes every paper there is.
-  virtual bool TakesPaper(const std::string& printer, std::int32_t code) = 0;
-  // What keeps it from printing: a sentence in Dutch, empty when all is well or nothing is known.
-  virtual std::string ConditionOf(const std::string& printer) = 0;
-
- protected:
-  ~PrinterQuestions() = default;
 };
 
 }  // namespace pagivo

@@ -140,7 +140,7 @@ TEST_F(NativeDocumentTest, EveryPaperIsTheSameWithAWatermarkWhichFitsIt) {
   const auto sizes = PageSizesWithWatermark(print, 0);
   ASSERT_EQ(sizes.size(), 82U);
   for (std::size_t i = 0; i < sizes.size(); i += 2) {
-    const native::PaperSize& paper = native::KnownPaperSizes()[i / 2];
+    const Paper& paper = *FindPaper(static_cast<std::int32_t>(i / 2 + 1));
     EXPECT_EQ(sizes[i].width, paper.width);
     EXPECT_EQ(sizes[i].height, paper.height);
     EXPECT_EQ(sizes[i + 1], (native::PageGeometry{sizes[i].height, sizes[i].width}));

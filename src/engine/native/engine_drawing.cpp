@@ -1,8 +1,8 @@
 // NativeEngine's pen, brush, figures and pictures.
-#include "engine/native/arc_angles.h"
-#include "engine/native/checked_values.h"
+#include "engine/native/document/arcs.h"
 #include "engine/native/document/point_list.h"
 #include "engine/native/native_engine.h"
+#include "engine/native/settings/checked_values.h"
 #include "pagivo/error.h"
 #include "values/conversions.h"
 

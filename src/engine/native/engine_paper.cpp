@@ -1,40 +1,76 @@
-// NativeEngine's paper and margins.
-#include "engine/native/checked_values.h"
+// NativeEngine's page setup: paper, margins and what follows from the printer.
 #include "engine/native/native_engine.h"
+#include "engine/native/settings/checked_values.h"
 
 namespace pagivo::native {
 
+// What may fail comes before anything is changed.
+void NativeEngine::Apply(const PageSetup& setup) {
+  PrinterChoice printers = printers_;
+  if (setup.printer) printers.Choose(*setup.printer);
+  if (setup.paper != setup_.paper) ApplyPaper(setup.paper.Geometry());
+  setup_.paper = setup.paper;
+  setup_.margins = setup.margins;
+  printers_ = std::move(printers);
+  if (setup.printer) ReadPrintableArea();
+}
+
 // Pictures do not fix the page's paper, for a watermark is the first thing on a page.
-void NativeEngine::ApplyPaper() {
+void NativeEngine::ApplyPaper(const PageGeometry& geometry) {
   if (stage_ != Stage::Composing || !recorder_->HasOnlyPictures()) return;
-  const PageGeometry geometry = pageSettings_.Geometry();
   recorder_->ChangePaper(geometry, OriginOn(geometry));
   preview_.PageChanged(document_->PageCount());
 }
 
+// Read once, as pages must not wait for a print server.
+void NativeEngine::ReadPrintableArea() {
+  printerMedia_ = isPhysicalPage_ ? PrinterMedia() : printers_.Media();
+  ApplyOrigin();
+}
+
+Point NativeEngine::OriginOn(const PageGeometry& page) const {
+  if (isPhysicalPage_) return {};
+  const auto [x, y] = PrintableCornerOf(printerMedia_, page.width, page.height);
+  return {static_cast<float>(x), static_cast<float>(y)};
+}
+
+// Of the page that is drawn on.
+void NativeEngine::ApplyOrigin() {
+  if (stage_ == Stage::None) return;
+  recorder_->SetOrigin(OriginOn(document_->GeometryOf(GetCurrentPage())));
+}
+
+// Every setter of the page setup changes a copy, which is applied if the value was a possible one.
+template <typename Change>
+void NativeEngine::ChangeSetup(Change change) {
+  PageSetup setup = setup_;
+  change(setup);
+  Apply(setup);
+}
+
+void NativeEngine::PutDevice(const std::string& name) {
+  ChangeSetup([&](PageSetup& setup) { setup.printer = name; });
+}
+
 std::int32_t NativeEngine::GetOrientation() {
-  return pageSettings_.IsLandscape() ? 1 : 0;
+  return setup_.paper.IsLandscape() ? 1 : 0;
 }
 
 void NativeEngine::PutOrientation(std::int32_t orientation) {
   if (orientation != 0 && orientation != 1) ThrowInvalidPropertyValue("Orientation");
-  pageSettings_.PutLandscape(orientation == 1);
-  ApplyPaper();
+  ChangeSetup([&](PageSetup& setup) { setup.paper.PutLandscape(orientation == 1); });
 }
 
 void NativeEngine::PutPaperWidth(float width) {
-  pageSettings_.PutPaperWidth(width);
-  ApplyPaper();
+  ChangeSetup([&](PageSetup& setup) { setup.paper.PutPaperWidth(width); });
 }
 
 void NativeEngine::PutPaperHeight(float height) {
-  pageSettings_.PutPaperHeight(height);
-  ApplyPaper();
+  ChangeSetup([&](PageSetup& setup) { setup.paper.PutPaperHeight(height); });
 }
 
 void NativeEngine::PutPaperSize(std::int32_t code) {
-  pageSettings_.PutPaperSize(code);
-  ApplyPaper();
+  ChangeSetup([&](PageSetup& setup) { setup.paper.PutCode(code); });
 }
 
 // Without a printer every known size is supported.
@@ -44,22 +80,20 @@ bool NativeEngine::GetPaperSizes(std::int32_t code) {
 
 Variant NativeEngine::GetPageWidth() {
   if (stage_ == Stage::Overlay) return double{document_->GeometryOf(overlayPage_).width};
-  return pageSettings_.PageWidth();
+  return setup_.paper.PageWidth();
 }
 
 void NativeEngine::PutPageWidth(double width) {
-  pageSettings_.PutPageWidth(width);
-  ApplyPaper();
+  ChangeSetup([&](PageSetup& setup) { setup.paper.PutPageWidth(width); });
 }
 
 Variant NativeEngine::GetPageHeight() {
   if (stage_ == Stage::Overlay) return double{document_->GeometryOf(overlayPage_).height};
-  return pageSettings_.PageHeight();
+  return setup_.paper.PageHeight();
 }
 
 void NativeEngine::PutPageHeight(double height) {
-  pageSettings_.PutPageHeight(height);
-  ApplyPaper();
+  ChangeSetup([&](PageSetup& setup) { setup.paper.PutPageHeight(height); });
 }
 
 void NativeEngine::PutPhysicalPage(const bool& physical) {
@@ -68,19 +102,21 @@ void NativeEngine::PutPhysicalPage(const bool& physical) {
 }
 
 void NativeEngine::PutMarginLeft(const Variant& margin) {
-  margins_.left = CheckedLength("MarginLeft", margin);
+  ChangeSetup([&](PageSetup& setup) { setup.margins.left = CheckedLength("MarginLeft", margin); });
 }
 
 void NativeEngine::PutMarginTop(const Variant& margin) {
-  margins_.top = CheckedLength("MarginTop", margin);
+  ChangeSetup([&](PageSetup& setup) { setup.margins.top = CheckedLength("MarginTop", margin); });
 }
 
 void NativeEngine::PutMarginRight(const Variant& margin) {
-  margins_.right = CheckedLength("MarginRight", margin);
+  ChangeSetup(
+      [&](PageSetup& setup) { setup.margins.right = CheckedLength("MarginRight", margin); });
 }
 
 void NativeEngine::PutMarginBottom(const Variant& margin) {
-  margins_.bottom = CheckedLength("MarginBottom", margin);
+  ChangeSetup(
+      [&](PageSetup& setup) { setup.margins.bottom = CheckedLength("MarginBottom", margin); });
 }
 
 }  // namespace pagivo::native

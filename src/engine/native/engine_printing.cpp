@@ -21,17 +21,8 @@ std::string NativeEngine::GetDevice() {
   return printers_.Current();
 }
 
-void NativeEngine::PutDevice(const std::string& name) {
-  printers_.Choose(name);
-  if (!isPhysicalPage_) ReadPrintableArea();
-}
-
 std::string NativeEngine::GetPort() {
   return printers_.Port();
-}
-
-bool NativeEngine::TakesPaper(const std::string& printer, std::int32_t code) {
-  return SupportsPaper(printers_.MediaOf(printer), code);
 }
 
 void NativeEngine::PutCopies(std::int16_t copies) {
@@ -100,24 +91,6 @@ SentJobs NativeEngine::SendPages(const PrintRequest& request, const PrintWatcher
     stage_ = before;
     throw;
   }
-}
-
-// Read once, as pages must not wait for a print server.
-void NativeEngine::ReadPrintableArea() {
-  printerMedia_ = isPhysicalPage_ ? PrinterMedia() : printers_.Media();
-  ApplyOrigin();
-}
-
-Point NativeEngine::OriginOn(const PageGeometry& page) const {
-  if (isPhysicalPage_) return {};
-  const auto [x, y] = PrintableCornerOf(printerMedia_, page.width, page.height);
-  return {static_cast<float>(x), static_cast<float>(y)};
-}
-
-// Of the page that is drawn on.
-void NativeEngine::ApplyOrigin() {
-  if (stage_ == Stage::None) return;
-  recorder_->SetOrigin(OriginOn(document_->GeometryOf(GetCurrentPage())));
 }
 
 }  // namespace pagivo::native

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <utility>
 
-#include "engine/native/checked_values.h"
 #include "engine/native/fonts/font_library.h"
 #include "engine/native/native_engine.h"
+#include "engine/native/settings/checked_values.h"
 
 namespace pagivo::native {
 namespace {
@@ -82,7 +82,7 @@ void NativeEngine::PutCurrentY(const Variant& y) {
 
 // Ends the last piece in the font that it was printed in, whatever has been put since.
 NativeEngine::Place NativeEngine::SettlePrintPosition() {
-  Place place{position_.x.value_or(margins_.left), position_.y.value_or(margins_.top)};
+  Place place{position_.x.value_or(setup_.margins.left), position_.y.value_or(setup_.margins.top)};
   const auto& [text, font] = position_.lastPiece;
   if (!text.empty()) place.x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
   position_ = {place.x, place.y, {}};

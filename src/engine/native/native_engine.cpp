@@ -47,7 +47,7 @@ void NativeEngine::StartDoc() {
   auto recorder = std::make_unique<Recorder>(*document);
   document->SetTitle(documentName_);
   SetStyles(*recorder);
-  recorder->BeginPage(pageSettings_.Geometry());
+  recorder->BeginPage(setup_.paper.Geometry());
   recorder_ = std::move(recorder);
   document_ = std::move(document);
   stage_ = Stage::Composing;
@@ -77,7 +77,7 @@ void NativeEngine::NewPage() {
         ErrorNumber::DocumentFull,
         "Een document kan niet meer dan " + std::to_string(kMaximumPages) + " pagina's bevatten");
   }
-  recorder_->BeginPage(pageSettings_.Geometry());
+  recorder_->BeginPage(setup_.paper.Geometry());
   ApplyOrigin();
   position_ = {};
   preview_.PageChanged(document_->PageCount() - 1);

@@ -7,16 +7,16 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "engine/native/document/document.h"
 #include "engine/native/document/recorder.h"
-#include "engine/native/page_settings.h"
+#include "engine/native/fonts/text_layout.h"
 #include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/printing/printer_choice.h"
 #include "engine/native/printing/printing_series.h"
-#include "engine/native/text_layout.h"
+#include "engine/native/settings/page_setup.h"
 #include "engine/native/view/preview.h"
-#include "engine/native/window_pictures.h"
 #include "engine/print_engine.h"
 #include "engine/print_series.h"
 #include "window/window_system.h"
@@ -55,7 +55,7 @@ struct EngineServices {
 // as watermarks do, is fitted to its new size.
 class NativeEngine final : public PrintEngine,
                            public PrintSeries,
-                           public PrinterQuestions,
+                           public PageSetupOwner,
                            public ExportedDocument,
                            private PreviewSource,
                            public std::enable_shared_from_this<NativeEngine> {
@@ -107,12 +107,16 @@ class NativeEngine final : public PrintEngine,
   double GetTextWidth(const std::string& text) override;
   double GetTextHeight(const std::string& text) override;
 
-  // --- Paper and margins (engine_paper.cpp) -----------------------------------------------
+  // --- The page setup (engine_paper.cpp) --------------------------------------------------
+  const PageSetup& Setup() const noexcept override { return setup_; }
+  void Apply(const PageSetup& setup) override;
+  PrinterChoice& Printers() noexcept override { return printers_; }
+  bool HasDocument() const noexcept override { return document_->PageCount() > 0; }
   std::int32_t GetOrientation() override;
   void PutOrientation(std::int32_t orientation) override;
   void PutPaperWidth(float width) override;
   void PutPaperHeight(float height) override;
-  std::int32_t GetPaperSize() override { return pageSettings_.PaperSize(); }
+  std::int32_t GetPaperSize() override { return setup_.paper.Code(); }
   void PutPaperSize(std::int32_t code) override;
   bool GetPaperSizes(std::int32_t code) override;
   // A Double: the settings in force; while a page is reopened, that page's own.
@@ -123,13 +127,13 @@ class NativeEngine final : public PrintEngine,
   // False: positions count from the printable area's corner, as the current printer has it now.
   // What is drawn already stays where it is.
   void PutPhysicalPage(const bool& physical) override;
-  Variant GetMarginLeft() override { return margins_.left; }
+  Variant GetMarginLeft() override { return setup_.margins.left; }
   void PutMarginLeft(const Variant& margin) override;
-  Variant GetMarginTop() override { return margins_.top; }
+  Variant GetMarginTop() override { return setup_.margins.top; }
   void PutMarginTop(const Variant& margin) override;
-  Variant GetMarginRight() override { return margins_.right; }
+  Variant GetMarginRight() override { return setup_.margins.right; }
   void PutMarginRight(const Variant& margin) override;
-  Variant GetMarginBottom() override { return margins_.bottom; }
+  Variant GetMarginBottom() override { return setup_.margins.bottom; }
   void PutMarginBottom(const Variant& margin) override;
 
   // --- Drawing (engine_drawing.cpp) -------------------------------------------------------
@@ -169,11 +173,6 @@ class NativeEngine final : public PrintEngine,
   // A PrintDoc outside a series is a series of its own.
   void BeginSeries(std::int32_t copies) override;
   PrintCommandOutcome EndSeries() override;
-  std::string PortOf(const std::string& printer) override { return printers_.PortOf(printer); }
-  bool TakesPaper(const std::string& printer, std::int32_t code) override;
-  std::string ConditionOf(const std::string& printer) override {
-    return printers_.ConditionOf(printer);
-  }
 
   // --- Windows (engine_windows.cpp) -------------------------------------------------------
   bool GetPrintDialog(std::int32_t dialog) override;
@@ -217,7 +216,9 @@ class NativeEngine final : public PrintEngine,
   void PrintCopy(std::int16_t firstPage, std::int16_t lastPage);
   SentJobs SendCopy(std::int16_t firstPage, std::int16_t lastPage, const PrintWatcher& watcher);
   SentJobs SendPages(const PrintRequest& request, const PrintWatcher& watcher);
-  void ApplyPaper();
+  template <typename Change>
+  void ChangeSetup(Change change);
+  void ApplyPaper(const PageGeometry& geometry);
   void ReadPrintableArea();
   Point OriginOn(const PageGeometry& page) const;
   void ApplyOrigin();
@@ -231,8 +232,9 @@ class NativeEngine final : public PrintEngine,
   void DrawLayout(Place place, const TextLayout& layout);
   void RememberLastPiece(std::string_view piece);
   void SetStyles(Recorder& recorder) const;
+  PictureImageRef PictureOf(const WindowImage& image);
   void DrawArc(Point center, float radius, const ArcAngles& angles);
-  PageGeometry BlankPage() const noexcept override { return pageSettings_.Geometry(); }
+  PageGeometry BlankPage() const noexcept override { return setup_.paper.Geometry(); }
   std::string_view Notice() const noexcept override { return IsWhole() ? "" : kLacksSomething; }
 
   EngineServices services_;
@@ -243,8 +245,7 @@ class NativeEngine final : public PrintEngine,
   bool isWhole_ = true;                  // up to the end of the last drawing
   std::uint32_t lostBeforeDrawing_ = 0;  // statements, for want of memory
   std::string documentName_;
-  PageSettings pageSettings_;
-  Margins margins_;
+  PageSetup setup_;
   FontDescription font_;
   std::shared_ptr<Font> foundFont_;  // the library's for font_, once looked up
   Color textColor_ = 0;
@@ -252,7 +253,7 @@ class NativeEngine final : public PrintEngine,
   Pen pen_;
   std::int32_t penColor_ = 0;
   Brush brush_;
-  WindowPictures windowPictures_;
+  std::vector<std::weak_ptr<const PictureImage>> windowPictures_;
   Rectangle target_;  // X1, Y1, X2, Y2
   std::int16_t copies_ = 1;
   PrinterChoice printers_;

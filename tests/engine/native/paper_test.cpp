@@ -21,19 +21,28 @@ constexpr PageGeometry kA4{11906, 16838};
 constexpr PageGeometry kA4Landscape{16838, 11906};
 
 TEST_F(PaperTest, EveryKnownCodeGivesItsSize) {
-  for (const PaperSize& size : KnownPaperSizes()) {
-    engine->PutPaperSize(size.code);
-    EXPECT_EQ(engine->GetPaperSize(), size.code);
-    ExpectPage(size.width, size.height);
+  for (const Paper& paper : KnownPapers()) {
+    engine->PutPaperSize(paper.code);
+    EXPECT_EQ(engine->GetPaperSize(), paper.code);
+    ExpectPage(paper.width, paper.height);
+  }
+}
+
+TEST_F(PaperTest, EveryKnownSizeLiesWithinTheLimitsOfUserDefinedOnes) {
+  for (const Paper& paper : KnownPapers()) {
+    for (const std::int32_t extent : {paper.width, paper.height}) {
+      EXPECT_GE(extent, kMinimumPaperExtent) << paper.code;
+      EXPECT_LE(extent, kMaximumPaperExtent) << paper.code;
+    }
   }
 }
 
 TEST_F(PaperTest, LandscapeSwapsWidthAndHeightOfEverySize) {
   engine->PutOrientation(1);
   EXPECT_EQ(engine->GetOrientation(), 1);
-  for (const PaperSize& size : KnownPaperSizes()) {
-    engine->PutPaperSize(size.code);
-    ExpectPage(size.height, size.width);
+  for (const Paper& paper : KnownPapers()) {
+    engine->PutPaperSize(paper.code);
+    ExpectPage(paper.height, paper.width);
   }
   engine->PutPaperSize(9);
   engine->PutOrientation(0);

@@ -52,21 +52,22 @@ TEST_F(EnginePrintersTest, WithoutADefaultPrinterItHasTheFirst) {
 TEST_F(EnginePrintersTest, AnyPrinterCanBeAskedAboutAndTheEngineKeepsItsOwn) {
   server->printers.back().acceptsJobs = false;
   server->media["Tekenkamer"].media = {{.size = {42000, 59400}, .margins = {}}};
-  EXPECT_EQ(engine->PortOf("Tekenkamer"), "Tekenkamer!");
-  EXPECT_FALSE(engine->TakesPaper("Tekenkamer", kPaperA4));
-  EXPECT_TRUE(engine->TakesPaper("Balie", kPaperA4));
-  EXPECT_EQ(engine->ConditionOf("Tekenkamer"), "Deze printer neemt geen afdruktaken aan");
-  EXPECT_EQ(engine->ConditionOf("Balie"), "");
+  EXPECT_EQ(engine->Printers().PortOf("Tekenkamer"), "Tekenkamer!");
+  EXPECT_FALSE(SupportsPaper(engine->Printers().MediaOf("Tekenkamer"), kPaperA4));
+  EXPECT_TRUE(SupportsPaper(engine->Printers().MediaOf("Balie"), kPaperA4));
+  EXPECT_EQ(engine->Printers().ConditionOf("Tekenkamer"),
+            "Deze printer neemt geen afdruktaken aan");
+  EXPECT_EQ(engine->Printers().ConditionOf("Balie"), "");
   EXPECT_EQ(engine->GetDevice(), "Balie");
 }
 
 TEST_F(EnginePrintersTest, OfAPrinterThatIsGoneOrCannotBeAskedNothingIsKnown) {
-  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->PortOf("Weg"); });
-  EXPECT_EQ(engine->ConditionOf("Weg"), "");
+  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->Printers().PortOf("Weg"); });
+  EXPECT_EQ(engine->Printers().ConditionOf("Weg"), "");
   server->isAway = true;
-  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->PortOf("Balie"); });
-  EXPECT_TRUE(engine->TakesPaper("Balie", kPaperA4));
-  EXPECT_EQ(engine->ConditionOf("Balie"), "");
+  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->Printers().PortOf("Balie"); });
+  EXPECT_TRUE(SupportsPaper(engine->Printers().MediaOf("Balie"), kPaperA4));
+  EXPECT_EQ(engine->Printers().ConditionOf("Balie"), "");
 }
 
 TEST_F(EnginePrintersTest, ComposingAsksNothing) {

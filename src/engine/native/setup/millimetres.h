@@ -7,8 +7,6 @@
 
 namespace pagivo::native {
 
-inline constexpr double kTwipsPerMillimetre = 1440 / 25.4;
-
 // `25,4`: rounded to one decimal, whatever the regional settings. For 0 and more.
 std::string FormatMillimetres(double millimetres);
 

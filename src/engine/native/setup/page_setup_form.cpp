@@ -4,16 +4,15 @@
 #include <string>
 #include <utility>
 
-#include "engine/native/setup/dialog_controls.h"
 #include "engine/native/setup/millimetres.h"
-#include "values/conversions.h"
+#include "values/measures.h"
 
 namespace pagivo::native {
 namespace {
 
 constexpr float kMarginsTop = kDialogGap + kFrameOfTwoRows + kDialogGap;
 constexpr float kMarginsHeight = 2412;
-constexpr float kClosingTop = kMarginsTop + kMarginsHeight + kDialogGap;
+constexpr float kPageClosingTop = kMarginsTop + kMarginsHeight + kDialogGap;
 
 // Rows count from 0.
 constexpr float RowTop(int row) {
@@ -72,28 +71,27 @@ constexpr std::array<ControlDesign, 15> kMarginControls{{
      .accessibleName = "Voorbeeld van de pagina"},
 }};
 
-constexpr auto kControls =
-    JoinControls(PaperControls(kDialogGap), kMarginControls, ClosingControls(kClosingTop));
+constexpr auto kPageSetupControls =
+    JoinControls(PaperControls(kDialogGap), kMarginControls, ClosingControls(kPageClosingTop));
 
-constexpr FormDesign kDesign{
+constexpr FormDesign kPageSetupDesign{
     .caption = "Pagina instellen",
-    .client = {.width = kDialogWidth, .height = kClosingTop + kClosingHeight},
-    .controls = kControls};
+    .client = {.width = kDialogWidth, .height = kPageClosingTop + kClosingHeight},
+    .controls = kPageSetupControls};
 
-// A margin in the dialog, in messages and in the engine.
+// A margin in the dialog, in messages and in the page setup.
 struct MarginDesign {
   std::string_view box;
   std::string_view name;
-  Variant (PrintEngine::*get)();
-  void (PrintEngine::*put)(const Variant& margin);
+  double Margins::*margin;
 };
 
 // In the order of the sides.
 constexpr std::array<MarginDesign, 4> kMargins{{
-    {"marginLeft", "linkermarge", &PrintEngine::GetMarginLeft, &PrintEngine::PutMarginLeft},
-    {"marginRight", "rechtermarge", &PrintEngine::GetMarginRight, &PrintEngine::PutMarginRight},
-    {"marginTop", "bovenmarge", &PrintEngine::GetMarginTop, &PrintEngine::PutMarginTop},
-    {"marginBottom", "ondermarge", &PrintEngine::GetMarginBottom, &PrintEngine::PutMarginBottom},
+    {"marginLeft", "linkermarge", &Margins::left},
+    {"marginRight", "rechtermarge", &Margins::right},
+    {"marginTop", "bovenmarge", &Margins::top},
+    {"marginBottom", "ondermarge", &Margins::bottom},
 }};
 
 // An entry that is a margin, in millimetres.
@@ -104,8 +102,8 @@ std::optional<double> MarginIn(const TextBox& box) {
 
 }  // namespace
 
-PageSetupForm::PageSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine)
-    : PaperForm(std::move(windows), kDesign, engine) {}
+PageSetupForm::PageSetupForm(std::shared_ptr<WindowSystem> windows, PageSetupOwner& owner)
+    : PaperForm(std::move(windows), kPageSetupDesign, owner) {}
 
 void PageSetupForm::CreateControls() {
   PaperForm::CreateControls();
@@ -118,12 +116,12 @@ void PageSetupForm::CreateControls() {
 }
 
 void PageSetupForm::OnLoad() {
-  if (Engine().GetPageCount() > 0) {
+  if (Owner().HasDocument()) {
     PutRemark("De instellingen gelden voor wat hierna wordt opgemaakt.");
   }
   PaperForm::OnLoad();
   for (std::size_t side = 0; side < kSides; ++side) {
-    const double twips = ToDouble((Engine().*kMargins[side].get)());
+    const double twips = Before().margins.*kMargins[side].margin;
     BoxOf(side).PutText(FormatMillimetres(twips / kTwipsPerMillimetre));
     margins_[side].shown = margins_[side].entered;
   }
@@ -166,19 +164,12 @@ void PageSetupForm::Refuse(std::size_t side, std::string message) {
   ShowMessage(std::move(message));
 }
 
-void PageSetupForm::AddChanges(EngineChanges& changes) {
-  PaperForm::AddChanges(changes);
-  for (std::size_t side = 0; side < kSides; ++side) AddMarginChange(changes, side);
-}
-
-void PageSetupForm::AddMarginChange(EngineChanges& changes, std::size_t side) {
-  const Margin& margin = margins_[side];
-  if (margin.entered == margin.shown) return;
-  const auto put = kMargins[side].put;
-  const double twips = margin.entered * kTwipsPerMillimetre;
-  const Variant before = (Engine().*kMargins[side].get)();
-  changes.Add([this, put, twips] { (Engine().*put)(twips); },
-              [this, put, before] { (Engine().*put)(before); });
+void PageSetupForm::PutChanges(PageSetup& setup) {
+  PaperForm::PutChanges(setup);
+  for (std::size_t side = 0; side < kSides; ++side) {
+    const auto& [shown, entered] = margins_[side];
+    if (entered != shown) setup.margins.*kMargins[side].margin = entered * kTwipsPerMillimetre;
+  }
 }
 
 TextBox& PageSetupForm::BoxOf(std::size_t side) {

@@ -1,4 +1,4 @@
-// The engine's page setup: the paper, its orientation and the margins, with a picture of the page.
+// The page setup dialog: the paper, its orientation and the margins, with a picture of the page.
 #pragma once
 
 #include <array>
@@ -16,14 +16,14 @@ namespace pagivo::native {
 // The picture follows every choice and every entry that is a margin.
 class PageSetupForm final : public PaperForm {
  public:
-  PageSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine);
+  PageSetupForm(std::shared_ptr<WindowSystem> windows, PageSetupOwner& owner);
 
  private:
   enum Side : std::size_t { LeftSide, RightSide, TopSide, BottomSide };
   static constexpr std::size_t kSides = 4;
 
   // Millimetres.
-  struct Margin {
+  struct MarginEntry {
     double shown = 0;    // when the dialog was loaded
     double entered = 0;  // the last entry that was a margin
   };
@@ -32,17 +32,16 @@ class PageSetupForm final : public PaperForm {
   void OnLoad() override;
   void OnPaperChosen() override { ShowPicture(); }
   bool EntriesAreValid() override;
-  void AddChanges(EngineChanges& changes) override;
+  void PutChanges(PageSetup& setup) override;
 
   TextBox& BoxOf(std::size_t side);
   void margin_Change(std::size_t side);
-  void AddMarginChange(EngineChanges& changes, std::size_t side);
   bool EntryIsValid(std::size_t side);
   bool LeavesRoom(Side first, Side second, double extent, std::string_view message);
   void Refuse(std::size_t side, std::string message);
   void ShowPicture();
 
-  std::array<Margin, kSides> margins_;
+  std::array<MarginEntry, kSides> margins_;
   std::shared_ptr<PagePicture> picture_ = std::make_shared<PagePicture>();
 };
 

@@ -1,29 +1,14 @@
 #include "engine/native/setup/paper_form.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <utility>
 
-#include "engine/native/document/paper_sizes.h"
-#include "engine/native/setup/millimetres.h"
-#include "engine/native/setup/paper_titles.h"
-#include "values/conversions.h"
-#include "values/errors.h"
+#include "engine/native/printing/printer_choice.h"
+#include "engine/papers.h"
+#include "values/measures.h"
 
 namespace pagivo::native {
 namespace {
-
-Extent Turned(const Extent& size, bool isTurned) {
-  return isTurned ? Extent{size.height, size.width} : size;
-}
-
-// A paper that the printer cannot be asked about is one that it does not take.
-bool IsSupported(PrintEngine& engine, std::int32_t code) {
-  bool isSupported = false;
-  IgnoringErrors([&] { isSupported = engine.GetPaperSizes(code); });
-  return isSupported;
-}
 
 // Whichever way they are fed. A printer takes a medium that differs by a millimetre for either.
 bool IsSameSheet(const Extent& one, const Extent& other) {
@@ -36,14 +21,26 @@ bool IsSameSheet(const Extent& one, const Extent& other) {
 
 // A size of the host's own stands last.
 std::ptrdiff_t PlaceInList(std::int32_t code) {
-  return std::ranges::find(PaperNames(), code, &PaperName::code) - PaperNames().begin();
+  return std::ranges::find(KnownPapers(), code, &Paper::code) - KnownPapers().begin();
+}
+
+std::string WholeMillimetres(float twips) {
+  return std::to_string(std::lround(twips / kTwipsPerMillimetre));
+}
+
+// `A4 (210 × 297 mm)`.
+std::string TitleOf(std::int32_t code, const Extent& size) {
+  const Paper* known = FindPaper(code);
+  const std::string title(known == nullptr ? kUserDefinedPaper.title : known->title);
+  return title + " (" + WholeMillimetres(size.width) + " × " + WholeMillimetres(size.height) +
+         " mm)";
 }
 
 }  // namespace
 
 PaperForm::PaperForm(std::shared_ptr<WindowSystem> windows, const FormDesign& design,
-                     PrintEngine& engine)
-    : Form(std::move(windows), design), engine_(engine) {}
+                     PageSetupOwner& owner)
+    : Form(std::move(windows), design), owner_(owner) {}
 
 void PaperForm::CreateControls() {
   paper().WhenClicked([this] { Attempt([this] { paper_Click(); }); });
@@ -55,18 +52,17 @@ void PaperForm::CreateControls() {
 }
 
 void PaperForm::OnLoad() {
-  enginePaper_ = engine_.GetPaperSize();
-  engineIsLandscape_ = engine_.GetOrientation() == 1;
-  enginePage_ = {ToSingle(engine_.GetPageWidth()), ToSingle(engine_.GetPageHeight())};
-  chosenPaper_ = enginePaper_;
-  Get<OptionButton>(engineIsLandscape_ ? "landscape" : "portrait").PutValue(true);
-  ListPapers();
+  before_ = owner_.Setup();
+  chosenPaper_ = before_.paper.Code();
+  Get<OptionButton>(before_.paper.IsLandscape() ? "landscape" : "portrait").PutValue(true);
+  ListPapers(owner_.Printers().Media());
 }
 
-void PaperForm::ListPapers() {
+void PaperForm::ListPapers(PrinterMedia media) {
+  media_ = std::move(media);
   papers_ = PapersToList();
   paper().Clear();
-  for (const std::int32_t code : papers_) paper().AddItem(PaperTitle(code, SizeOf(code)));
+  for (const std::int32_t code : papers_) paper().AddItem(TitleOf(code, SizeOf(code)));
   const auto chosen = std::ranges::find(papers_, chosenPaper_) - papers_.begin();
   paper().PutListIndex(static_cast<std::int32_t>(chosen));
 }
@@ -81,52 +77,33 @@ std::vector<std::int32_t> PaperForm::PapersToList() const {
         codes, [&](std::int32_t other) { return IsSameSheet(SizeOf(code), SizeOf(other)); });
     if (!isListed) codes.push_back(code);
   };
-  list(enginePaper_);
+  list(before_.paper.Code());
   list(chosenPaper_);
-  for (const auto& [code, name] : PaperNames()) {
-    if (IsSupported(engine_, code)) list(code);
+  for (const Paper& paper : KnownPapers()) {
+    if (SupportsPaper(media_, paper.code)) list(paper.code);
   }
   std::ranges::sort(codes, {}, PlaceInList);
   return codes;
 }
 
-bool PaperForm::ChosenPaperIsSupported() const {
-  return IsSupported(engine_, chosenPaper_);
-}
-
 Extent PaperForm::SizeOf(std::int32_t code) const {
-  const PaperSize* known = FindPaperSize(code);
-  if (known == nullptr) return Turned(enginePage_, engineIsLandscape_);
-  return {static_cast<float>(known->width), static_cast<float>(known->height)};
+  const Paper* known = FindPaper(code);
+  if (known != nullptr) {
+    return {static_cast<float>(known->width), static_cast<float>(known->height)};
+  }
+  return {static_cast<float>(before_.paper.PaperWidth()),
+          static_cast<float>(before_.paper.PaperHeight())};
 }
 
 Extent PaperForm::ChosenPage() {
-  return Turned(SizeOf(chosenPaper_), landscape().Value());
+  const auto [width, height] = SizeOf(chosenPaper_);
+  return landscape().Value() ? Extent{height, width} : Extent{width, height};
 }
 
-void PaperForm::AddChanges(EngineChanges& changes) {
-  AddPaperChange(changes);
-  AddOrientationChange(changes);
-}
-
-// A size of the host's own is taken back by its measures, for its code keeps the size in force.
-void PaperForm::AddPaperChange(EngineChanges& changes) {
-  if (chosenPaper_ == enginePaper_) return;
-  changes.Add([this] { engine_.PutPaperSize(chosenPaper_); },
-              [this] {
-                if (FindPaperSize(enginePaper_) != nullptr) {
-                  return engine_.PutPaperSize(enginePaper_);
-                }
-                engine_.PutPageWidth(enginePage_.width);
-                engine_.PutPageHeight(enginePage_.height);
-              });
-}
-
-void PaperForm::AddOrientationChange(EngineChanges& changes) {
+void PaperForm::PutChanges(PageSetup& setup) {
   const bool isLandscape = landscape().Value();
-  if (isLandscape == engineIsLandscape_) return;
-  changes.Add([this, isLandscape] { engine_.PutOrientation(isLandscape ? 1 : 0); },
-              [this] { engine_.PutOrientation(engineIsLandscape_ ? 1 : 0); });
+  if (chosenPaper_ != before_.paper.Code()) setup.paper.PutCode(chosenPaper_);
+  if (isLandscape != before_.paper.IsLandscape()) setup.paper.PutLandscape(isLandscape);
 }
 
 void PaperForm::ShowMessage(std::string message) {
@@ -141,9 +118,9 @@ void PaperForm::paper_Click() {
 void PaperForm::ok_Click() {
   Attempt([this] {
     if (!EntriesAreValid()) return;
-    EngineChanges changes;
-    AddChanges(changes);
-    changes.Make();
+    PageSetup setup = owner_.Setup();
+    PutChanges(setup);
+    owner_.Apply(setup);
     confirmed_ = true;
   });
   if (confirmed_) Unload();

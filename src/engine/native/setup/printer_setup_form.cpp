@@ -3,15 +3,13 @@
 #include <array>
 #include <utility>
 
-#include "engine/native/setup/dialog_controls.h"
-#include "engine/print_series.h"
-#include "values/errors.h"
+#include "engine/native/printing/printer_choice.h"
 
 namespace pagivo::native {
 namespace {
 
 constexpr float kPaperTop = kDialogGap + kFrameOfTwoRows + kDialogGap;
-constexpr float kClosingTop = kPaperTop + kFrameOfTwoRows + kDialogGap;
+constexpr float kPrinterClosingTop = kPaperTop + kFrameOfTwoRows + kDialogGap;
 
 constexpr std::array<ControlDesign, 5> kPrinterControls{{
     {.name = "printerFrame",
@@ -38,39 +36,15 @@ constexpr std::array<ControlDesign, 5> kPrinterControls{{
      .container = "printerFrame"},
 }};
 
-constexpr auto kControls =
-    JoinControls(kPrinterControls, PaperControls(kPaperTop), ClosingControls(kClosingTop));
+constexpr auto kPrinterSetupControls =
+    JoinControls(kPrinterControls, PaperControls(kPaperTop), ClosingControls(kPrinterClosingTop));
 
-constexpr FormDesign kDesign{
+constexpr FormDesign kPrinterSetupDesign{
     .caption = "Printer instellen",
-    .client = {.width = kDialogWidth, .height = kClosingTop + kClosingHeight},
-    .controls = kControls};
-
-// Makes a printer the engine's for as long as this lives, to ask what it can do.
-class BorrowedPrinter {
- public:
-  BorrowedPrinter(PrintEngine& engine, const std::string& printer)
-      : engine_(engine), own_(engine.GetDevice()), isBorrowed_(printer != own_) {
-    if (isBorrowed_) engine_.PutDevice(printer);
-  }
-  ~BorrowedPrinter() {
-    if (isBorrowed_) IgnoringErrors([this] { engine_.PutDevice(own_); });
-  }
-  BorrowedPrinter(const BorrowedPrinter&) = delete;
-  BorrowedPrinter& operator=(const BorrowedPrinter&) = delete;
-
- private:
-  PrintEngine& engine_;
-  std::string own_;
-  bool isBorrowed_;
-};
+    .client = {.width = kDialogWidth, .height = kPrinterClosingTop + kClosingHeight},
+    .controls = kPrinterSetupControls};
 
 constexpr const char* kNoSuchPaper = "Deze printer heeft dit papierformaat niet";
-
-std::string ConditionOf(PrintEngine& engine) {
-  auto* printers = dynamic_cast<PrinterQuestions*>(&engine);
-  return printers == nullptr ? std::string() : printers->ConditionOf(engine.GetDevice());
-}
 
 std::string JoinLines(std::string one, const std::string& other) {
   if (!one.empty() && !other.empty()) one += '\n';
@@ -79,8 +53,8 @@ std::string JoinLines(std::string one, const std::string& other) {
 
 }  // namespace
 
-PrinterSetupForm::PrinterSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine)
-    : PaperForm(std::move(windows), kDesign, engine) {}
+PrinterSetupForm::PrinterSetupForm(std::shared_ptr<WindowSystem> windows, PageSetupOwner& owner)
+    : PaperForm(std::move(windows), kPrinterSetupDesign, owner) {}
 
 void PrinterSetupForm::CreateControls() {
   PaperForm::CreateControls();
@@ -94,40 +68,33 @@ void PrinterSetupForm::OnLoad() {
 }
 
 void PrinterSetupForm::ListPrinters() {
-  const std::int16_t count = Engine().GetNDevices();
+  PrinterChoice& choice = Owner().Printers();
+  const int count = choice.Count();
   printers().PutEnabled(count > 0);
   Get("location").PutCaption(count > 0 ? "" : "Er zijn geen printers geïnstalleerd");
-  for (std::int16_t i = 0; i < count; ++i) printers().AddItem(Engine().GetDevices(i));
-  enginePrinter_ = Engine().GetDevice();
+  for (int i = 0; i < count; ++i) printers().AddItem(choice.Name(i));
+  printerBefore_ = choice.Current();
   SelectPrinter();
 }
 
 void PrinterSetupForm::SelectPrinter() {
   for (std::int32_t i = 0; i < printers().Count(); ++i) {
-    if (printers().Item(i) != enginePrinter_) continue;
-    enginePrinterExists_ = true;
-    return printers().PutListIndex(i);
+    if (printers().Item(i) == printerBefore_) return printers().PutListIndex(i);
   }
 }
 
-// An engine without a printer, or whose own is gone, could not be brought back to that: its picked
-// printer is asked nothing before OK.
 void PrinterSetupForm::printers_Click() {
-  if (!enginePrinterExists_) return;
-  const BorrowedPrinter borrowed(Engine(), printers().Text());
-  Get("location").PutCaption(Engine().GetPort());
-  ListPapers();
-  ShowMessage(JoinLines(ConditionOf(Engine()), ChosenPaperIsSupported() ? "" : kNoSuchPaper));
+  PrinterChoice& choice = Owner().Printers();
+  const std::string printer = printers().Text();
+  Get("location").PutCaption(choice.PortOf(printer));
+  ListPapers(choice.MediaOf(printer));
+  ShowMessage(JoinLines(choice.ConditionOf(printer), ChosenPaperIsSupported() ? "" : kNoSuchPaper));
 }
 
-// First, for the printer decides on the paper.
-void PrinterSetupForm::AddChanges(EngineChanges& changes) {
+void PrinterSetupForm::PutChanges(PageSetup& setup) {
   const std::string& printer = printers().Text();
-  if (!printer.empty() && printer != enginePrinter_) {
-    changes.Add([this, printer] { Engine().PutDevice(printer); },
-                [this] { Engine().PutDevice(enginePrinter_); });
-  }
-  PaperForm::AddChanges(changes);
+  if (!printer.empty() && printer != printerBefore_) setup.printer = printer;
+  PaperForm::PutChanges(setup);
 }
 
 }  // namespace pagivo::native

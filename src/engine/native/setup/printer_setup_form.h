@@ -1,4 +1,4 @@
-// The engine's printer setup: the printer, the paper and its orientation.
+// The printer setup: the printer, the paper and its orientation.
 #pragma once
 
 #include <memory>
@@ -8,16 +8,16 @@
 
 namespace pagivo::native {
 
-// A printer picked in the list becomes the engine's when OK is pressed. Without printers the rest
-// can still be chosen.
+// A printer picked in the list is asked what it can do, and chosen when OK is pressed. Without
+// printers the rest can still be chosen.
 class PrinterSetupForm final : public PaperForm {
  public:
-  PrinterSetupForm(std::shared_ptr<WindowSystem> windows, PrintEngine& engine);
+  PrinterSetupForm(std::shared_ptr<WindowSystem> windows, PageSetupOwner& owner);
 
  private:
   void CreateControls() override;
   void OnLoad() override;
-  void AddChanges(EngineChanges& changes) override;
+  void PutChanges(PageSetup& setup) override;
 
   ComboBox& printers() { return Get<ComboBox>("printers"); }
   void printers_Click();
@@ -25,8 +25,7 @@ class PrinterSetupForm final : public PaperForm {
   void ListPrinters();
   void SelectPrinter();
 
-  std::string enginePrinter_;
-  bool enginePrinterExists_ = false;
+  std::string printerBefore_;
 };
 
 }  // namespace pagivo::native

@@ -4,12 +4,13 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "engine/native/document/paper_sizes.h"
+#include "engine/papers.h"
+#include "values/measures.h"
 
 namespace pagivo::native {
 namespace {
 
-constexpr double kHundredthsPerTwip = 2540.0 / 1440;
+constexpr double kHundredthsPerTwip = 2540 / kTwipsPerInch;
 
 // 210 mm are 11906 twips, which are 210.01 mm: what is whole millimetres but for less than half a
 // twip is meant so.
@@ -66,7 +67,7 @@ std::optional<Medium> FindMedium(const PrinterMedia& printer, double width, doub
 }
 
 bool SupportsPaper(const PrinterMedia& printer, std::int32_t code) {
-  const PaperSize* paper = FindPaperSize(code);
+  const Paper* paper = FindPaper(code);
   if (paper == nullptr && code != kPaperUserDefined) return false;
   if (printer.media.empty() && printer.custom.empty()) return true;
   if (paper == nullptr) return !printer.custom.empty();

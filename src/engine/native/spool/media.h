@@ -56,8 +56,8 @@ MediaSize UprightSize(double width, double height);
 // has no such paper, or does not tell.
 std::optional<Medium> FindMedium(const PrinterMedia& printer, double width, double height);
 
-// Whether a printer takes the paper of a code (see document/paper_sizes.h). It takes a known paper
-// when it has a medium of that size, and kPaperUserDefined when it takes custom sizes.
+// Whether a printer takes the paper of a code (see engine/papers.h). It takes a known paper when it
+// has a medium of that size, and kPaperUserDefined when it takes custom sizes.
 bool SupportsPaper(const PrinterMedia& printer, std::int32_t code);
 
 // The printable area's upper left corner on a page, in twips from the paper's. Which way a

@@ -1,4 +1,4 @@
-// What holds for the layout of every dialog of the engine.
+// What holds for the layout of both setup dialogs.
 #include <set>
 
 #include "engine/native/setup/page_setup_form.h"
@@ -12,9 +12,9 @@ class DialogLayoutTest : public SetupDialogTest, public ::testing::WithParamInte
  protected:
   DialogLayoutTest() {
     if (GetParam()) {
-      form = std::make_shared<PageSetupForm>(windows, engine);
+      form = std::make_shared<PageSetupForm>(windows, *engine);
     } else {
-      form = std::make_shared<PrinterSetupForm>(windows, engine);
+      form = std::make_shared<PrinterSetupForm>(windows, *engine);
     }
     form->Load();
   }

@@ -32,9 +32,5 @@ TEST(Millimetres, OtherTextsAreNoNumber) {
   }
 }
 
-TEST(Millimetres, AnInchIs25Point4) {
-  EXPECT_DOUBLE_EQ(25.4 * kTwipsPerMillimetre, 1440);
-}
-
 }  // namespace
 }  // namespace pagivo::native

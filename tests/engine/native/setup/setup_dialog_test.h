@@ -1,18 +1,19 @@
-// What the tests of the engine's dialogs share: an engine with A4 paper and three printers, and a
+// What the tests of the setup dialogs share: an engine with A4 paper and three printers, and a
 // user.
 #pragma once
 
 #include <gmock/gmock.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "engine/native/setup/engine_dialogs.h"
-#include "support/operation_log.h"
-#include "support/recording_engine.h"
+#include "engine/native/native_engine.h"
+#include "engine/native/setup/setup_dialogs.h"
+#include "engine/native/spool/memory_print_server.h"
 #include "support/trial_windows.h"
 #include "window/combo_box.h"
 #include "window/option_button.h"
@@ -20,8 +21,6 @@
 
 namespace pagivo::native {
 
-using pagivo::testing::OperationLog;
-using pagivo::testing::RecordingEngine;
 using pagivo::testing::TrialWindows;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -29,32 +28,35 @@ using ::testing::IsEmpty;
 class SetupDialogTest : public ::testing::Test {
  protected:
   SetupDialogTest() {
-    engine.Answer("PaperSizes", true);
-    PutPaper(9, 11906, 16838);
-    engine.Answer("Orientation", std::int32_t{0});
-    for (const char* side : {"MarginLeft", "MarginRight", "MarginTop", "MarginBottom"}) {
-      engine.Answer(side, 1440.0);
-    }
-    PutPrinters({"Inkt", "Laser", "Plotter"});
-    engine.Answer("Device", "Laser");
-    engine.Answer("Port", "ipp://laser");
+    AddPrinter("Inkt", "usb://inkt");
+    AddPrinter("Laser", "ipp://laser");
+    AddPrinter("Plotter", "ipp://plotter");
+    server->defaultPrinter = "Laser";
   }
 
-  void PutPaper(std::int32_t code, double pageWidth, double pageHeight) {
-    engine.Answer("PaperSize", code);
-    engine.Answer("PageWidth", pageWidth);
-    engine.Answer("PageHeight", pageHeight);
+  void AddPrinter(std::string name, std::string address) {
+    server->printers.push_back({.name = std::move(name),
+                                .uri = {},
+                                .deviceAddress = std::move(address),
+                                .stateReasons = {}});
   }
-  void PutPrinters(const std::vector<std::string>& names) {
-    engine.Answer("NDevices", static_cast<std::int16_t>(names.size()));
-    std::int16_t index = 0;
-    for (const std::string& name : names) engine.AnswerFor("Devices", index++, name);
+  void RemovePrinter(const std::string& name) {
+    std::erase_if(server->printers, [&](const Printer& printer) { return printer.name == name; });
+  }
+  // The printer takes these papers and no others.
+  void PutPapers(const std::string& printer, std::initializer_list<std::int32_t> codes) {
+    std::vector<Medium>& media = server->media[printer].media;
+    media.clear();
+    for (const std::int32_t code : codes) {
+      const Paper& paper = *FindPaper(code);
+      media.push_back({.size = UprightSize(paper.width, paper.height), .margins = {}});
+    }
   }
 
   // Shows the dialog to a user who does that; whether it was confirmed.
   bool Show(std::int32_t dialog, TrialWindows::Script user) {
     windows->AddScript(std::move(user));
-    return ShowEngineDialog(dialog, engine, windows);
+    return ShowSetupDialog(dialog, *engine, windows);
   }
 
   static std::string Message(Form& form) { return form.Get("message").Caption(); }
@@ -73,11 +75,9 @@ class SetupDialogTest : public ::testing::Test {
     ADD_FAILURE() << "no item " << text;
   }
 
-  // What was put into the engine, in order.
-  std::vector<std::string> Puts() const { return log->LinesBeginning("put "); }
-
-  std::shared_ptr<OperationLog> log = std::make_shared<OperationLog>();
-  RecordingEngine engine{log};
+  std::shared_ptr<MemoryPrintServer> server = std::make_shared<MemoryPrintServer>();
+  std::shared_ptr<NativeEngine> engine =
+      std::make_shared<NativeEngine>(EngineServices{.printers = server});
   std::shared_ptr<TrialWindows> windows = pagivo::testing::MakeTrialWindows();
 };
 

@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/native/document/paper_sizes.h"
+#include "engine/papers.h"
+#include "values/measures.h"
 
 namespace pagivo::native {
 namespace {
-
-constexpr double kTwipsPerMillimetre = 1440 / 25.4;
 
 PrinterMedia Taking(std::vector<MediaSize> sizes) {
   PrinterMedia printer;
@@ -21,7 +20,7 @@ PrinterMedia TakingCustom(MediaSize smallest, MediaSize largest) {
 }
 
 TEST(UprightSize, OfEveryKnownPaperIsThatOfThePaper) {
-  for (const PaperSize& paper : KnownPaperSizes()) {
+  for (const Paper& paper : KnownPapers()) {
     const MediaSize size = UprightSize(paper.width, paper.height);
     EXPECT_LE(size.width, size.height) << paper.code;
     EXPECT_EQ(UprightSize(paper.height, paper.width), size) << paper.code;
@@ -73,14 +72,14 @@ TEST(FindMedium, KeepsCustomSizesWithinTheRange) {
 }
 
 TEST(SupportsPaper, TakesEveryKnownCodeOfAPrinterThatDoesNotTell) {
-  for (const PaperSize& paper : KnownPaperSizes()) EXPECT_TRUE(SupportsPaper({}, paper.code));
+  for (const Paper& paper : KnownPapers()) EXPECT_TRUE(SupportsPaper({}, paper.code));
   EXPECT_TRUE(SupportsPaper({}, kPaperUserDefined));
   for (const int code : {-1, 0, 42, 255, 257}) EXPECT_FALSE(SupportsPaper({}, code)) << code;
 }
 
 TEST(SupportsPaper, GoesByTheSizeOfTheMedia) {
   const PrinterMedia printer = Taking({{21000, 29700}, {27940, 43180}});
-  for (const PaperSize& paper : KnownPaperSizes()) {
+  for (const Paper& paper : KnownPapers()) {
     const int code = paper.code;
     const bool isA4 = code == 9 || code == 10;
     const bool isTabloid = code == 3 || code == 4 || code == 17;

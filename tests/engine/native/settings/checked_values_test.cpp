@@ -1,4 +1,4 @@
-#include "engine/native/system_colors.h"
+#include "engine/native/settings/checked_values.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/native/text_layout.h"
+#include "engine/native/fonts/text_layout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,8 @@
-#include "engine/native/system_colors.h"
+#include "engine/native/settings/checked_values.h"
 
 #include <array>
+
+#include "values/conversions.h"
 
 namespace pagivo::native {
 namespace {
@@ -50,6 +52,16 @@ constexpr std::array<Color, 31> kSystemColors = {
 
 }  // namespace
 
+double CheckedCoordinate(std::string_view property, const Variant& value) {
+  return CheckedCoordinate(property, ToDouble(value));
+}
+
+double CheckedLength(std::string_view property, const Variant& value) {
+  const double length = CheckedCoordinate(property, value);
+  if (length < 0) ThrowInvalidPropertyValue(property);
+  return length;
+}
+
 std::optional<Color> ResolveColor(std::int32_t value) {
   const auto color = static_cast<Color>(value);
   if (color <= 0xFFFFFF) return color;
@@ -57,6 +69,12 @@ std::optional<Color> ResolveColor(std::int32_t value) {
   const bool isSystemColor = color >> 24 == 0x80 && index < kSystemColors.size();
   if (!isSystemColor || index == kUnassigned) return std::nullopt;
   return kSystemColors[index];
+}
+
+Color CheckedColor(std::string_view property, std::int32_t value) {
+  const auto color = ResolveColor(value);
+  if (!color) ThrowInvalidPropertyValue(property);
+  return *color;
 }
 
 }  // namespace pagivo::native
