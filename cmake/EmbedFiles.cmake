@@ -1,5 +1,5 @@
 # Files that travel inside the library: pagivo_embed(preview kWatermarkFiles
-# preview/watermark_files.h FILES preview/watermerk/concept.png ...) adds to the component a source
+# preview/embedded_pictures.h FILES preview/watermerk/concept.png ...) adds to the component a source
 # that defines the array of byte spans that the header declares.
 function(pagivo_embed component name header)
   cmake_parse_arguments(PARSE_ARGV 3 ARG "" "" "FILES")

@@ -19,12 +19,7 @@ inline PrintEngine& Engine() {
   return *PreviewForm().vsPrint();
 }
 
-// The document's last real page: the engine's last one is empty.
-inline std::int16_t LastPage() {
-  return SubtractIntegers(Engine().GetPageCount(), 1);
-}
-
-// A position or length in host units as twips.
+// Each answers in twips a position or length that is in host units.
 inline Variant ScaledX(const Variant& value) {
   return Multiply(value, State().ScaleX);
 }
@@ -32,7 +27,7 @@ inline Variant ScaledY(const Variant& value) {
   return Multiply(value, State().ScaleY);
 }
 
-// The result of a getter: what `read` answers, or the zero value when it fails.
+// Answers as a getter does: what `read` answers, or the zero value when it fails.
 template <typename Read>
 auto ReadOrZero(Read&& read) {
   decltype(read()) value{};

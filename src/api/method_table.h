@@ -6,10 +6,10 @@
 
 namespace pagivo {
 
-// The first method's; the others follow it one by one.
+// The first method's dispatch id; those of the others follow it one by one.
 inline constexpr std::int32_t kFirstDispatchId = 0x60030000;
 
-// All 73, in interface order.
+// Has all 73 methods, in the order of the interface.
 extern const MemberTable<PgPrint> kMethods;
 
 }  // namespace pagivo

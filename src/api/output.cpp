@@ -1,9 +1,12 @@
-// Preview, print, PDF.
+// Preview, print, PDF, and what became of the last print command.
 #include <algorithm>
+#include <array>
 
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
-#include "preview/print_copies.h"
+#include "pagivo/print_outcome.h"
+#include "preview/print_command.h"
+#include "values/late_binding.h"
 
 namespace pagivo {
 
@@ -11,6 +14,10 @@ namespace {
 
 void ShowPage(const std::int16_t& page) {
   IgnoringErrors([&] { Engine().PutPreviewPage(page); });
+}
+
+std::int16_t LastPage() {
+  return LastPageOf(Engine());
 }
 
 PageRange PrintRangeOf(const Variant& from, const Variant& to) {
@@ -23,6 +30,21 @@ PageRange PrintRangeOf(const Variant& from, const Variant& to) {
     IgnoringErrors([&] { range.to = LastPage(); });
   }
   return range;
+}
+
+constexpr std::array kReportRows{
+    BindMember<&PrintReport::PrintOutcome>("PrintOutcome", 1, MemberKind::Get),
+    BindMember<&PrintReport::Description>("Description", 2, MemberKind::Get),
+    BindMember<&PrintReport::Printer>("Printer", 3, MemberKind::Get),
+    BindMember<&PrintReport::Copies>("Copies", 4, MemberKind::Get),
+    BindMember<&PrintReport::PrintedCopies>("PrintedCopies", 5, MemberKind::Get),
+};
+
+constexpr MemberTable<PrintReport> kReportMembers(kReportRows);
+
+// A command is for no more copies than that.
+std::int16_t CountOf(std::int32_t copies) {
+  return static_cast<std::int16_t>(copies);
 }
 
 }  // namespace
@@ -39,7 +61,7 @@ void PgPrint::VsPreviewFile(IntegerVariable Pagina) {
     } else {
       ShowPage(std::min(page, ReadOrZero(LastPage)));
     }
-    IgnoringErrors(ToonVoorbeeld);
+    IgnoringErrors([] { ToonVoorbeeld(State().HostForm); });
   });
 }
 
@@ -51,7 +73,7 @@ void PgPrint::VsPrintFile(const IntegerArgument& AantalExemplaren, const Variant
     IgnoringErrors([] { Engine().PutCopies(1); });
     // Held: a host may discard the preview window while the user follows the printing.
     const std::shared_ptr<PrintEngine> engine = PreviewEngine();
-    PrintCopies(*engine, range, copies == 0 ? 1 : copies);
+    PrintCopies(*engine, range, copies == 0 ? 1 : copies, State().PrintOutcome);
   });
 }
 
@@ -60,6 +82,34 @@ void PgPrint::VSPDF(const TextArgument& Filename) {
     const std::int16_t last = LastPage();
     PreviewForm().Exporter().ExportPdf(PreviewForm().vsPrint(), Filename, 1, last);
   });
+}
+
+std::int16_t PrintReport::PrintOutcome() {
+  return State().PrintOutcome.result;
+}
+
+std::string PrintReport::Description() {
+  return State().PrintOutcome.description;
+}
+
+std::string PrintReport::Printer() {
+  return State().PrintOutcome.printer;
+}
+
+std::int16_t PrintReport::Copies() {
+  return CountOf(State().PrintOutcome.copies);
+}
+
+std::int16_t PrintReport::PrintedCopies() {
+  return CountOf(State().PrintOutcome.printedCopies);
+}
+
+Variant PrintReport::GetMember(std::string_view name) {
+  return kReportMembers.Get(*this, name);
+}
+
+Variant PrintReport::CallMember(std::string_view name, std::span<Variant> arguments) {
+  return kReportMembers.Call(*this, name, arguments);
 }
 
 }  // namespace pagivo

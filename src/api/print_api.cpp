@@ -8,7 +8,7 @@ namespace pagivo {
 namespace {
 
 void ResetState() {
-  State().ContentsCount = 0;
+  State().contents.ContentsCount = 0;
   State().WatermarkOn = 0;
   State().ScaleX = 1;
   State().ScaleY = 1;
@@ -74,10 +74,11 @@ std::string PgPrint::VsPPGetDevice() {
 }
 
 void PgPrint::VsPPZetInhoud(const TextArgument& sOmschrijving) {
-  if (State().ContentsCount >= kMaximumContents) return;
-  const std::int16_t entry = ++State().ContentsCount;
-  IgnoringErrors([&] { State().ContentsTitle(entry) = sOmschrijving; });
-  IgnoringErrors([&] { State().ContentsPage(entry) = Engine().GetCurrentPage(); });
+  ContentsTable& contents = State().contents;
+  if (contents.ContentsCount >= ContentsTable::kMostEntries) return;
+  const std::int16_t entry = ++contents.ContentsCount;
+  IgnoringErrors([&] { contents.ContentsTitle(entry) = sOmschrijving; });
+  IgnoringErrors([&] { contents.ContentsPage(entry) = Engine().GetCurrentPage(); });
 }
 
 void PgPrint::VsPPZetKleur(const std::int32_t& Kleur) {

@@ -17,10 +17,11 @@ bool ShowEngineDialog(std::int32_t dialog) {
   });
 }
 
-void SeedPrintRequest(std::int16_t copies, std::int16_t fromPage, std::int16_t toPage) {
-  State().PrintCopies = std::max<std::int16_t>(copies, 1);
-  State().PrintFromPage = std::max<std::int16_t>(fromPage, 0);
-  State().PrintToPage = std::max<std::int16_t>(toPage, 0);
+void Seed(PrintDialogRequest& request, std::int16_t copies, std::int16_t fromPage,
+          std::int16_t toPage) {
+  request.PrintCopies = std::max<std::int16_t>(copies, 1);
+  request.PrintFromPage = std::max<std::int16_t>(fromPage, 0);
+  request.PrintToPage = std::max<std::int16_t>(toPage, 0);
 }
 
 }  // namespace
@@ -40,13 +41,14 @@ std::int16_t PgPrint::VsPPGetCopies() {
 Variant PgPrint::VsPPPrinterDialog(std::string& DeviceName, IntegerVariable Copies,
                                    IntegerVariable FromPage, IntegerVariable ToPage) {
   return ReadOrZero([&]() -> Variant {
-    SeedPrintRequest(Copies, FromPage, ToPage);
-    IgnoringErrors([] { PrinterSetupDialog(PreviewEngine).ShowModal(); });
-    IgnoringErrors([&] { DeviceName = State().PrintDevice; });
-    Copies = State().PrintCopies;
-    FromPage = State().PrintFromPage;
-    ToPage = State().PrintToPage;
-    return !State().PrintCancelled;
+    PrintDialogRequest& request = State().request;
+    Seed(request, Copies, FromPage, ToPage);
+    IgnoringErrors([&] { PrinterSetupDialog(request, PreviewEngine).ShowModal(); });
+    IgnoringErrors([&] { DeviceName = request.PrintDevice; });
+    Copies = request.PrintCopies;
+    FromPage = request.PrintFromPage;
+    ToPage = request.PrintToPage;
+    return !request.PrintCancelled;
   });
 }
 

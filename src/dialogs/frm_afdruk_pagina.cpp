@@ -6,15 +6,14 @@
 #include <utility>
 
 #include "dialogs/zet_lettertype.h"
-#include "state/module_state.h"
 
 namespace pagivo {
 
 namespace {
 
-constexpr std::int16_t kHighestCopies = 1000;
+constexpr std::int16_t kHighestCopiesInRange = 1000;
 
-constexpr std::array<ControlDesign, 16> kControls{{
+constexpr std::array<ControlDesign, 16> kPrintRangeControls{{
     {.name = "Frame2",
      .kind = ControlKind::Frame,
      .caption = "Afdrukbereik",
@@ -89,7 +88,7 @@ constexpr std::array<ControlDesign, 16> kControls{{
      .container = "Frame3",
      .tabIndex = 12,
      .minimum = 1,
-     .maximum = kHighestCopies,
+     .maximum = kHighestCopiesInRange,
      .accessibleName = "Aantal exemplaren"},
     {.name = "cmdOK",
      .kind = ControlKind::Button,
@@ -110,18 +109,18 @@ constexpr std::array<ControlDesign, 16> kControls{{
      .tabIndex = 15},
 }};
 
-constexpr FormDesign kDesign{
-    .caption = "Afdrukken", .client = {.width = 6510, .height = 2295}, .controls = kControls};
+constexpr FormDesign kPrintRangeDesign{.caption = "Afdrukken",
+                                       .client = {.width = 6510, .height = 2295},
+                                       .controls = kPrintRangeControls};
 
-std::shared_ptr<frmAfdrukPagina>& Instance() {
+std::shared_ptr<frmAfdrukPagina>& PrintRangeInstance() {
   // Never destroyed: its window's toolkit is gone before the process's statics are.
   static auto& instance = *new std::shared_ptr<frmAfdrukPagina>;
   return instance;
 }
 
 // Puts the range of the print request within the document's pages.
-void ValidateRange() {
-  ModuleState& request = State();
+void ValidateRange(PrintDialogRequest& request) {
   const std::int16_t last = request.PrintLastPage;
   if (request.PrintFromPage < 1 || request.PrintFromPage > last) request.PrintFromPage = 1;
   // Long-standing behaviour that hosts know: a last page outside the document moves the first one.
@@ -133,8 +132,10 @@ void ValidateRange() {
 
 }  // namespace
 
-frmAfdrukPagina::frmAfdrukPagina(const Platform& platform, EngineSource engine)
-    : PrintRequestForm(platform.windows, kDesign, kHighestCopies), engine_(std::move(engine)) {}
+frmAfdrukPagina::frmAfdrukPagina(const Platform& platform, PrintDialogRequest& request,
+                                 EngineSource engine)
+    : PrintRequestForm(platform.windows, kPrintRangeDesign, request, kHighestCopiesInRange),
+      engine_(std::move(engine)) {}
 
 void frmAfdrukPagina::CreateControls() {
   PrintRequestForm::CreateControls();
@@ -147,24 +148,24 @@ void frmAfdrukPagina::CreateControls() {
 void frmAfdrukPagina::OnLoad() {
   ZetLettertype(*this);
   ShowRange();
-  if (State().PrintCopies == 0) State().PrintCopies = 1;
-  ShowCopies(State().PrintCopies);
+  if (Request().PrintCopies == 0) Request().PrintCopies = 1;
+  ShowCopies(Request().PrintCopies);
   PlaceButtons();
 }
 
 void frmAfdrukPagina::ShowRange() {
-  if (State().PrintRange == kPrintShownPage) {
+  if (Request().PrintRange == kPrintShownPage) {
     optHuidig().PutValue(true);
-  } else if (State().PrintRange == kPrintPageRange) {
+  } else if (Request().PrintRange == kPrintPageRange) {
     optSelectie().PutValue(true);
   } else {
     optAlles().PutValue(true);
   }
-  txtVan().PutText(std::to_string(State().PrintFromPage));
-  txtTm().PutText(std::to_string(State().PrintToPage));
+  txtVan().PutText(std::to_string(Request().PrintFromPage));
+  txtTm().PutText(std::to_string(Request().PrintToPage));
   // Number and word run together, as users of the dialog know it.
-  if (State().PrintLastPage > 1) {
-    optAlles().PutCaption("Alle " + std::to_string(State().PrintLastPage) + "pagina's");
+  if (Request().PrintLastPage > 1) {
+    optAlles().PutCaption("Alle " + std::to_string(Request().PrintLastPage) + "pagina's");
   }
 }
 
@@ -188,22 +189,22 @@ std::int16_t frmAfdrukPagina::PageIn(const TextBox& box) {
 }
 
 void frmAfdrukPagina::cmdOK_Click() {
-  State().PrintCopies = NumberIn(txtAantal());
-  if (State().PrintCopies == 0) State().PrintCopies = 1;
+  Request().PrintCopies = NumberIn(txtAantal());
+  if (Request().PrintCopies == 0) Request().PrintCopies = 1;
   if (optSelectie().Value()) {
-    State().PrintRange = kPrintPageRange;
+    Request().PrintRange = kPrintPageRange;
   } else {
-    State().PrintRange = optHuidig().Value() ? kPrintShownPage : kPrintAllPages;
+    Request().PrintRange = optHuidig().Value() ? kPrintShownPage : kPrintAllPages;
   }
-  State().PrintFromPage = PageIn(txtVan());
-  State().PrintToPage = PageIn(txtTm());
-  ValidateRange();
-  State().PrintCancelled = false;
+  Request().PrintFromPage = PageIn(txtVan());
+  Request().PrintToPage = PageIn(txtTm());
+  ValidateRange(Request());
+  Request().PrintCancelled = false;
   Unload();
 }
 
 void frmAfdrukPagina::cmdAnnuleren_Click() {
-  State().PrintCancelled = true;
+  Request().PrintCancelled = true;
   Unload();
 }
 
@@ -213,14 +214,14 @@ void frmAfdrukPagina::cmdPrinter_Click() {
   engine->GetPrintDialog(kPageSetupDialog);
 }
 
-frmAfdrukPagina& PrintRangeDialog(const EngineSource& engine) {
-  std::shared_ptr<frmAfdrukPagina>& instance = Instance();
-  if (!instance) instance = std::make_shared<frmAfdrukPagina>(CurrentPlatform(), engine);
+frmAfdrukPagina& PrintRangeDialog(PrintDialogRequest& request, const EngineSource& engine) {
+  std::shared_ptr<frmAfdrukPagina>& instance = PrintRangeInstance();
+  if (!instance) instance = std::make_shared<frmAfdrukPagina>(CurrentPlatform(), request, engine);
   return *instance;
 }
 
 void ReleasePrintRangeDialog() {
-  Instance().reset();
+  PrintRangeInstance().reset();
 }
 
 }  // namespace pagivo

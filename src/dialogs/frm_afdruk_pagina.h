@@ -1,17 +1,16 @@
 // The print range dialog of the preview window.
 #pragma once
 
-#include "dialogs/engine_source.h"
 #include "dialogs/print_request_form.h"
 #include "platform/platform.h"
 
 namespace pagivo {
 
-// Reads the print request when it is loaded and leaves the user's choices there. Closing it by its
-// close box runs no handler: PrintCancelled keeps the value of the use before.
+// Leaves the user's choices in the print request. Closing it by its close box runs no handler:
+// PrintCancelled keeps the value of the use before.
 class frmAfdrukPagina : public PrintRequestForm {
  public:
-  frmAfdrukPagina(const Platform& platform, EngineSource engine);
+  frmAfdrukPagina(const Platform& platform, PrintDialogRequest& request, EngineSource engine);
 
  private:
   void CreateControls() override;
@@ -29,9 +28,9 @@ class frmAfdrukPagina : public PrintRequestForm {
   EngineSource engine_;
 };
 
-// The shared instance, created on first use; `engine` serves it as long as it lives. Whoever showed
-// it releases it, so that each showing starts fresh.
-frmAfdrukPagina& PrintRangeDialog(const EngineSource& engine);
+// The shared instance, created on first use; `request` and `engine` serve it as long as it lives.
+// Whoever showed it releases it, so that each showing starts fresh.
+frmAfdrukPagina& PrintRangeDialog(PrintDialogRequest& request, const EngineSource& engine);
 void ReleasePrintRangeDialog();
 
 }  // namespace pagivo

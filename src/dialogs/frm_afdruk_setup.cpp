@@ -6,17 +6,16 @@
 
 #include "dialogs/zet_lettertype.h"
 #include "pagivo/error.h"
-#include "state/module_state.h"
 
 namespace pagivo {
 
 namespace {
 
 // Copies that the box takes, and that OK takes: more falls back to 1.
-constexpr std::int16_t kHighestCopies = 999;
+constexpr std::int16_t kHighestCopiesInSetup = 999;
 constexpr std::int16_t kHighestConfirmedCopies = 99;
 
-constexpr std::array<ControlDesign, 24> kControls{{
+constexpr std::array<ControlDesign, 24> kPrinterSetupControls{{
     {.name = "Frame1",
      .kind = ControlKind::Frame,
      .caption = "Printer",
@@ -139,7 +138,7 @@ constexpr std::array<ControlDesign, 24> kControls{{
      .container = "Frame3",
      .tabIndex = 21,
      .minimum = 1,
-     .maximum = kHighestCopies,
+     .maximum = kHighestCopiesInSetup,
      .accessibleName = "Aantal exemplaren"},
     {.name = "cmdOK",
      .kind = ControlKind::Button,
@@ -155,11 +154,11 @@ constexpr std::array<ControlDesign, 24> kControls{{
      .role = ButtonRole::Cancel},
 }};
 
-constexpr FormDesign kDesign{.caption = "Printerinstelling",
-                             .client = {.width = 6645, .height = 3975},
-                             .controls = kControls};
+constexpr FormDesign kPrinterSetupDesign{.caption = "Printerinstelling",
+                                         .client = {.width = 6645, .height = 3975},
+                                         .controls = kPrinterSetupControls};
 
-std::shared_ptr<frmAfdrukSetup>& Instance() {
+std::shared_ptr<frmAfdrukSetup>& PrinterSetupInstance() {
   // Never destroyed: its window's toolkit is gone before the process's statics are.
   static auto& instance = *new std::shared_ptr<frmAfdrukSetup>;
   return instance;
@@ -167,8 +166,9 @@ std::shared_ptr<frmAfdrukSetup>& Instance() {
 
 }  // namespace
 
-frmAfdrukSetup::frmAfdrukSetup(const Platform& platform, EngineSource engine)
-    : PrintRequestForm(platform.windows, kDesign, kHighestCopies),
+frmAfdrukSetup::frmAfdrukSetup(const Platform& platform, PrintDialogRequest& request,
+                               EngineSource engine)
+    : PrintRequestForm(platform.windows, kPrinterSetupDesign, request, kHighestCopiesInSetup),
       engine_(std::move(engine)),
       defaultPrinter_(platform.defaultPrinter) {}
 
@@ -184,7 +184,7 @@ void frmAfdrukSetup::OnLoad() {
   ListPrinters();
   SelectCurrentPrinter();
   ShowRange();
-  ShowCopies(State().PrintCopies);
+  ShowCopies(Request().PrintCopies);
   PlaceButtons();
 }
 
@@ -207,7 +207,7 @@ void frmAfdrukSetup::SelectCurrentPrinter() {
 }
 
 void frmAfdrukSetup::ShowRange() {
-  const bool whole = State().PrintFromPage < 1;
+  const bool whole = Request().PrintFromPage < 1;
   if (whole) {
     optSelectie().PutValue(false);
     optAlles().PutValue(true);
@@ -215,9 +215,9 @@ void frmAfdrukSetup::ShowRange() {
     optSelectie().PutValue(true);
     optAlles().PutValue(false);
   }
-  const bool hasEnd = !whole && State().PrintToPage >= 1;
-  txtVan().PutText(whole ? "1" : std::to_string(State().PrintFromPage));
-  txtTm().PutText(hasEnd ? std::to_string(State().PrintToPage) : "");
+  const bool hasEnd = !whole && Request().PrintToPage >= 1;
+  txtVan().PutText(whole ? "1" : std::to_string(Request().PrintFromPage));
+  txtTm().PutText(hasEnd ? std::to_string(Request().PrintToPage) : "");
 }
 
 void frmAfdrukSetup::PlaceButtons() {
@@ -258,19 +258,19 @@ void frmAfdrukSetup::cmdOK_Click() {
   const bool whole = optAlles().Value();
   const std::int16_t from = whole ? std::int16_t{0} : PageIn(txtVan());
   const std::int16_t to = whole ? std::int16_t{0} : PageIn(txtTm());
-  State().PrintDevice = cboPrinters().Text();
-  State().PrintCopies = copies;
-  if (State().PrintCopies < 1 || State().PrintCopies > kHighestConfirmedCopies) {
-    State().PrintCopies = 1;
+  Request().PrintDevice = cboPrinters().Text();
+  Request().PrintCopies = copies;
+  if (Request().PrintCopies < 1 || Request().PrintCopies > kHighestConfirmedCopies) {
+    Request().PrintCopies = 1;
   }
-  State().PrintFromPage = from;
-  State().PrintToPage = to;
-  State().PrintCancelled = false;
+  Request().PrintFromPage = from;
+  Request().PrintToPage = to;
+  Request().PrintCancelled = false;
   Unload();
 }
 
 void frmAfdrukSetup::cmdAnnuleren_Click() {
-  State().PrintCancelled = true;
+  Request().PrintCancelled = true;
   Unload();
 }
 
@@ -281,12 +281,12 @@ void frmAfdrukSetup::OnQueryUnload(bool& cancel, UnloadMode mode) {
 }
 
 void frmAfdrukSetup::OnUnload() {
-  Instance().reset();
+  PrinterSetupInstance().reset();
 }
 
-frmAfdrukSetup& PrinterSetupDialog(const EngineSource& engine) {
-  std::shared_ptr<frmAfdrukSetup>& instance = Instance();
-  if (!instance) instance = std::make_shared<frmAfdrukSetup>(CurrentPlatform(), engine);
+frmAfdrukSetup& PrinterSetupDialog(PrintDialogRequest& request, const EngineSource& engine) {
+  std::shared_ptr<frmAfdrukSetup>& instance = PrinterSetupInstance();
+  if (!instance) instance = std::make_shared<frmAfdrukSetup>(CurrentPlatform(), request, engine);
   return *instance;
 }
 

@@ -4,19 +4,18 @@
 #include <functional>
 #include <string>
 
-#include "dialogs/engine_source.h"
 #include "dialogs/print_request_form.h"
 #include "platform/platform.h"
 #include "window/combo_box.h"
 
 namespace pagivo {
 
-// Reads the print request when it is loaded and leaves the user's choices there. A printer picked
-// in the list becomes the engine's at once, and stays it whatever the user does next. Its close
-// box acts as Annuleren. Unloading releases the shared instance, so each showing starts fresh.
+// Leaves the user's choices in the print request. A printer picked in the list becomes the engine's
+// at once, and stays so whatever the user does next. The close box acts as Annuleren. Unloading
+// releases the shared instance, so that each showing starts fresh.
 class frmAfdrukSetup : public PrintRequestForm {
  public:
-  frmAfdrukSetup(const Platform& platform, EngineSource engine);
+  frmAfdrukSetup(const Platform& platform, PrintDialogRequest& request, EngineSource engine);
 
  private:
   void CreateControls() override;
@@ -39,7 +38,7 @@ class frmAfdrukSetup : public PrintRequestForm {
   std::function<std::string()> defaultPrinter_;
 };
 
-// The shared instance, created on first use; `engine` serves it as long as it lives.
-frmAfdrukSetup& PrinterSetupDialog(const EngineSource& engine);
+// The shared instance, created on first use; `request` and `engine` serve it as long as it lives.
+frmAfdrukSetup& PrinterSetupDialog(PrintDialogRequest& request, const EngineSource& engine);
 
 }  // namespace pagivo

@@ -26,8 +26,8 @@ void SelectWhole(TextBox& box) {
 }  // namespace
 
 PrintRequestForm::PrintRequestForm(std::shared_ptr<WindowSystem> windows, const FormDesign& design,
-                                   std::int16_t highestCopies)
-    : Form(std::move(windows), design), highestCopies_(highestCopies) {}
+                                   PrintDialogRequest& request, std::int16_t highestCopies)
+    : Form(std::move(windows), design), request_(request), highestCopies_(highestCopies) {}
 
 void PrintRequestForm::CreateControls() {
   optAlles().WhenClicked(Attempt([this] { EnableRange(false); }));

@@ -4,9 +4,9 @@
 #include <array>
 #include <utility>
 
+#include "preview/embedded_pictures.h"
 #include "preview/preview_form.h"
 #include "preview/toolbar_design.h"
-#include "preview/watermark_files.h"
 #include "values/conversions.h"
 #include "values/errors.h"
 #include "window/key_codes.h"
@@ -21,7 +21,7 @@ constexpr float kEngineMargin = 20;
 constexpr std::int16_t kLowestZoomPercent = 30;
 constexpr std::int16_t kHighestZoomPercent = 250;
 
-constexpr std::array<ControlDesign, 3> kControls{{
+constexpr std::array<ControlDesign, 3> kPreviewControls{{
     {.name = "tbAfdrukken",
      .kind = ControlKind::Toolbar,
      .placement = {.width = 9315, .height = 420},
@@ -42,11 +42,11 @@ constexpr std::array<ControlDesign, 3> kControls{{
      .accessibleName = "Afdrukvoorbeeld"},
 }};
 
-constexpr FormDesign kDesign{.caption = "Afdrukvoorbeeld",
-                             .client = {.width = 9315, .height = 4215},
-                             .sizable = true,
-                             .keyPreview = true,
-                             .controls = kControls};
+constexpr FormDesign kPreviewDesign{.caption = "Afdrukvoorbeeld",
+                                    .client = {.width = 9315, .height = 4215},
+                                    .sizable = true,
+                                    .keyPreview = true,
+                                    .controls = kPreviewControls};
 
 }  // namespace
 
@@ -55,8 +55,8 @@ struct frmAfdrukken::Parts {
   Array<PictureBox> imageWatermerk{0, static_cast<std::int32_t>(kWatermarkFiles.size()) - 1};
 };
 
-frmAfdrukken::frmAfdrukken(Platform platform)
-    : Form(platform.windows, kDesign), platform_(std::move(platform)) {}
+frmAfdrukken::frmAfdrukken(Platform platform, ModuleState& state)
+    : Form(platform.windows, kPreviewDesign), platform_(std::move(platform)), state_(state) {}
 
 frmAfdrukken::~frmAfdrukken() {
   frmAfdrukken::DestroyControls();

@@ -1,4 +1,4 @@
-// The preview window: carries the print engine, the PDF exporter and the watermark pictures.
+// The preview window, which carries the print engine, the PDF exporter and the watermark pictures.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +8,7 @@
 #include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
 #include "platform/platform.h"
+#include "state/module_state.h"
 #include "window/form.h"
 #include "window/picture_box.h"
 #include "window/surface.h"
@@ -16,13 +17,17 @@
 
 namespace pagivo {
 
+// Answers the document's last real page: the engine's last page is empty. Raises Error on overflow.
+std::int16_t LastPageOf(PrintEngine& engine);
+
 // The engine's document lives as long as the window is loaded: closing the window by its close box
 // only hides it. Reaching any of its controls loads the window. The engine's last page is empty and
 // is never shown, counted or printed.
 class frmAfdrukken : public Form, private PrintEngineEvents {
  public:
-  // Takes engine, exporter and pictures from `platform`.
-  explicit frmAfdrukken(Platform platform);
+  // Takes engine, exporter and pictures from `platform`, and what its dialogs work on from `state`,
+  // which outlives the form.
+  frmAfdrukken(Platform platform, ModuleState& state);
   ~frmAfdrukken() override;
 
   const std::shared_ptr<PrintEngine>& vsPrint() {
@@ -43,10 +48,10 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   // Refreshes the page box. In the two-page view a last page without a partner returns to the
   // whole-page view.
   void ZetPaginaNummer();
-  // 0 first, 1 previous, 2 next, 3 last; any other value changes no page. Raises Error when a page
-  // number goes beyond 16 bits.
+  // Turns to the first page (0), the previous (1), the next (2) or the last one (3); any other
+  // value turns no page. Raises Error when a page number goes beyond 16 bits.
   void BladerNaar(std::int16_t richting);
-  // Asks for a page and shows it. What the user has typed of it already stands in the dialog.
+  // Asks for a page and shows it. The dialog begins with what the user has typed of it already.
   void GaNaarPagina(std::string_view typed = {});
   // Asks for range and copies and prints, a job for each copy. Errors are ignored.
   void DrukAf();
@@ -77,8 +82,9 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   void ToggleZoom();
 
   Platform platform_;
+  ModuleState& state_;
   std::shared_ptr<PrintEngine> vsPrint_;
-  std::unique_ptr<Parts> parts_;  // the others
+  std::unique_ptr<Parts> parts_;  // all that goes with the controls but the engine
   std::int16_t zoomPercent_ = 0;
 };
 

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "dialogs/zet_lettertype.h"
-#include "state/module_state.h"
 #include "values/characters.h"
 #include "values/conversions.h"
 #include "values/errors.h"
@@ -71,16 +70,17 @@ std::int16_t TypedPage(std::string_view text) {
 }
 
 // The page of the first contents entry with this title (trimmed), else `page`.
-std::int16_t PageOfTitle(std::string_view title, std::int16_t page) {
-  for (std::int16_t i = 1; i <= State().ContentsCount; ++i) {
-    if (Trim(State().ContentsTitle(i)) == title) return State().ContentsPage(i);
+std::int16_t PageOfTitle(const ContentsTable& contents, std::string_view title, std::int16_t page) {
+  for (std::int16_t i = 1; i <= contents.ContentsCount; ++i) {
+    if (Trim(contents.ContentsTitle(i)) == title) return contents.ContentsPage(i);
   }
   return page;
 }
 
 }  // namespace
 
-frmGaNaar::frmGaNaar(const Platform& platform) : Form(platform.windows, kGoToDesign) {}
+frmGaNaar::frmGaNaar(const Platform& platform, const ContentsTable& contents, std::int16_t& result)
+    : Form(platform.windows, kGoToDesign), contents_(contents), result_(result) {}
 
 void frmGaNaar::CreateControls() {
   Get("cmdOK").WhenClicked([this] { cmdOK_Click(); });
@@ -89,9 +89,9 @@ void frmGaNaar::CreateControls() {
 
 void frmGaNaar::OnLoad() {
   ZetLettertype(*this);
-  State().GoToPageResult = 0;
-  const std::int16_t entries = State().ContentsCount;
-  for (std::int16_t i = 1; i <= entries; ++i) cboGaNaar().AddItem(State().ContentsTitle(i));
+  result_ = 0;
+  const std::int16_t entries = contents_.ContentsCount;
+  for (std::int16_t i = 1; i <= entries; ++i) cboGaNaar().AddItem(contents_.ContentsTitle(i));
   PlaceButtons();
 }
 
@@ -106,13 +106,13 @@ void frmGaNaar::PlaceButtons() {
 
 void frmGaNaar::cmdOK_Click() {
   const std::string text(Trim(cboGaNaar().Text()));
-  State().GoToPageResult = TypedPage(text);
-  if (!text.empty()) State().GoToPageResult = PageOfTitle(text, State().GoToPageResult);
+  result_ = TypedPage(text);
+  if (!text.empty()) result_ = PageOfTitle(contents_, text, result_);
   Unload();
 }
 
 void frmGaNaar::cmdAnnuleren_Click() {
-  State().GoToPageResult = 0;
+  result_ = 0;
   Unload();
 }
 
@@ -124,9 +124,11 @@ void frmGaNaar::OnShowingFailed() {
   Unload();
 }
 
-frmGaNaar& GoToDialog() {
+frmGaNaar& GoToDialog(const ContentsTable& contents, std::int16_t& result) {
   std::shared_ptr<frmGaNaar>& instance = Instance();
-  if (!instance) instance = std::make_shared<frmGaNaar>(CurrentPlatform());
+  if (!instance) {
+    instance = std::make_shared<frmGaNaar>(CurrentPlatform(), contents, result);
+  }
   return *instance;
 }
 

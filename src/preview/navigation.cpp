@@ -4,8 +4,6 @@
 
 #include "preview/frm_afdrukken.h"
 #include "preview/frm_ga_naar.h"
-#include "preview/last_page.h"
-#include "state/module_state.h"
 #include "values/conversions.h"
 #include "window/key_codes.h"
 
@@ -70,6 +68,10 @@ void ArrowUp(PrintEngine& engine, std::int16_t& keyCode) {
 
 }  // namespace
 
+std::int16_t LastPageOf(PrintEngine& engine) {
+  return SubtractIntegers(engine.GetPageCount(), 1);
+}
+
 void frmAfdrukken::ZetPaginaNummer() {
   const auto engine = vsPrint();
   const std::int16_t page = engine->GetPreviewPage();
@@ -113,11 +115,14 @@ void frmAfdrukken::BladerNaar(std::int16_t richting) {
 void frmAfdrukken::GaNaarPagina(std::string_view typed) {
   const auto self = shared_from_this();
   const auto engine = vsPrint();
-  if (!typed.empty()) GoToDialog().BeginWith(typed);
-  GoToDialog().ShowModal();
+  const auto dialog = [this]() -> frmGaNaar& {
+    return GoToDialog(state_.contents, state_.GoToPageResult);
+  };
+  if (!typed.empty()) dialog().BeginWith(typed);
+  dialog().ShowModal();
   // A host may have discarded the window meanwhile.
   if (!IsLoaded()) return;
-  const std::int32_t page = State().GoToPageResult;
+  const std::int32_t page = state_.GoToPageResult;
   if (page > 0) ShowAskedPage(*engine, page);
   ShowTurnedPage();
 }

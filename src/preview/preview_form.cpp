@@ -16,37 +16,39 @@ namespace {
 // What a maximised host is larger than its preview, in twips.
 constexpr double kSmallerThanHost = 100;
 
-Variant HostMember(std::string_view name) {
-  const ObjectRef host = State().HostForm;
+// Held while it answers, for it may make the host remember another window.
+Variant HostMember(const ObjectRef& hostForm, std::string_view name) {
+  const ObjectRef host = hostForm;
   if (!host) throw Error(ErrorNumber::InvalidArgument, "Er is geen venster van het hoofdprogramma");
   return host->GetMember(name);
 }
 
-double HostLength(std::string_view name) {
-  return ToDouble(HostMember(name));
+double HostLength(const ObjectRef& hostForm, std::string_view name) {
+  return ToDouble(HostMember(hostForm, name));
 }
 
-bool HostIsMaximised() {
-  const Variant state = HostMember("WindowState");
+bool IsMaximised(const ObjectRef& hostForm) {
+  const Variant state = HostMember(hostForm, "WindowState");
   return !state.IsNull() && ToDouble(state) == static_cast<double>(WindowState::Maximised);
 }
 
 // The host answers before the window is reached: it may do anything meanwhile, and discard the
 // window that it is asked for.
-void PlaceAsHost(void (frmAfdrukken::*put)(float), std::string_view member) {
+void PlaceAsHost(const ObjectRef& hostForm, void (frmAfdrukken::*put)(float),
+                 std::string_view member) {
   IgnoringErrors([&] {
-    const float length = ToSingle(HostLength(member));
+    const float length = ToSingle(HostLength(hostForm, member));
     (PreviewForm().*put)(length);
   });
 }
 
 // A host that hides its state counts as maximised; one that tells no size either is no window to
 // lie over, and the preview stays where it is.
-void PlaceOverMaximisedHost() {
+void PlaceOverMaximisedHost(const ObjectRef& hostForm) {
   std::optional<float> height;
   std::optional<float> width;
-  IgnoringErrors([&] { height = ToSingle(HostLength("Height") - kSmallerThanHost); });
-  IgnoringErrors([&] { width = ToSingle(HostLength("Width") - kSmallerThanHost); });
+  IgnoringErrors([&] { height = ToSingle(HostLength(hostForm, "Height") - kSmallerThanHost); });
+  IgnoringErrors([&] { width = ToSingle(HostLength(hostForm, "Width") - kSmallerThanHost); });
   if (!height && !width) return;
   IgnoringErrors([] { PreviewForm().PutLeft(0); });
   IgnoringErrors([] { PreviewForm().PutTop(0); });
@@ -54,11 +56,11 @@ void PlaceOverMaximisedHost() {
   if (width) IgnoringErrors([&] { PreviewForm().PutWidth(*width); });
 }
 
-void PlaceOverHost() {
-  PlaceAsHost(&frmAfdrukken::PutTop, "Top");
-  PlaceAsHost(&frmAfdrukken::PutLeft, "Left");
-  PlaceAsHost(&frmAfdrukken::PutHeight, "Height");
-  PlaceAsHost(&frmAfdrukken::PutWidth, "Width");
+void PlaceOverHost(const ObjectRef& hostForm) {
+  PlaceAsHost(hostForm, &frmAfdrukken::PutTop, "Top");
+  PlaceAsHost(hostForm, &frmAfdrukken::PutLeft, "Left");
+  PlaceAsHost(hostForm, &frmAfdrukken::PutHeight, "Height");
+  PlaceAsHost(hostForm, &frmAfdrukken::PutWidth, "Width");
 }
 
 }  // namespace
@@ -69,7 +71,7 @@ constinit std::shared_ptr<frmAfdrukken>* previewForm = nullptr;
 
 frmAfdrukken& CreatePreviewForm() {
   previewForm =
-      new std::shared_ptr<frmAfdrukken>(std::make_shared<frmAfdrukken>(CurrentPlatform()));
+      new std::shared_ptr<frmAfdrukken>(std::make_shared<frmAfdrukken>(CurrentPlatform(), State()));
   return **previewForm;
 }
 
@@ -81,14 +83,14 @@ void ReleasePreviewForm() {
   delete std::exchange(previewForm, nullptr);
 }
 
-void ToonVoorbeeld() {
+void ToonVoorbeeld(const ObjectRef& hostForm) {
   // A host may have come by its windows since the preview was made.
   IgnoringErrors([] { PreviewForm().UseWindows(CurrentPlatform().windows); });
   IgnoringErrors([] { PreviewForm().PutWindowState(WindowState::Normal); });
-  if (TrueOnError(HostIsMaximised)) {
-    PlaceOverMaximisedHost();
+  if (TrueOnError([&] { return IsMaximised(hostForm); })) {
+    PlaceOverMaximisedHost(hostForm);
   } else {
-    PlaceOverHost();
+    PlaceOverHost(hostForm);
   }
   IgnoringErrors([] { PreviewForm().ShowModal(); });
 }

@@ -7,11 +7,11 @@
 
 namespace pagivo {
 
-// What PreviewForm() refers to; null: there is none. For PreviewForm() alone.
+// What PreviewForm() refers to, or null when there is none. Only PreviewForm() reads it.
 extern std::shared_ptr<frmAfdrukken>* previewForm;
 frmAfdrukken& CreatePreviewForm();
 
-// Created, not loaded, on the platform in use when there is none.
+// When there is no window yet, one is created on the platform in use, but not loaded.
 inline frmAfdrukken& PreviewForm() {
   return previewForm == nullptr ? CreatePreviewForm() : **previewForm;
 }
@@ -19,10 +19,12 @@ inline frmAfdrukken& PreviewForm() {
 // The engine of that window, which is created and loaded if need be.
 std::shared_ptr<PrintEngine> PreviewEngine();
 
-// Sets the reference to none: the next use creates a new window.
+// Forgets the window, so that the next use creates a new one.
 void ReleasePreviewForm();
 
-// Places the preview window over the host's and shows it modally. Errors are ignored.
-void ToonVoorbeeld();
+// Places the preview window over the host's and shows it modally. `hostForm` is the host's
+// variable: it is read anew for each member, because the host may put another window there. Errors
+// are ignored.
+void ToonVoorbeeld(const ObjectRef& hostForm);
 
 }  // namespace pagivo

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "preview/toolbar_images.h"
+#include "preview/embedded_pictures.h"
 #include "window/toolbar.h"
 
 namespace pagivo {

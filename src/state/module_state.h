@@ -1,4 +1,4 @@
-// The state that every PgPrint, the preview window and the dialogs share.
+// The module state: what every PgPrint, the preview window and the dialogs share.
 #pragma once
 
 #include <cstdint>
@@ -10,13 +10,32 @@
 
 namespace pagivo {
 
-// Entries that the contents table holds; later ones are dropped.
-inline constexpr std::int16_t kMaximumContents = 50;
+// The contents table lists the pages that a host has named, for the go-to-page dialog.
+struct ContentsTable {
+  // Later entries are dropped.
+  static constexpr std::int16_t kMostEntries = 50;
+
+  // Entries 1..ContentsCount are valid. Resetting the count keeps the texts.
+  std::int16_t ContentsCount = 0;
+  Array<std::string> ContentsTitle{0, kMostEntries};
+  Array<std::int16_t> ContentsPage{0, kMostEntries};
+};
 
 // PrintRange.
 inline constexpr std::int16_t kPrintAllPages = 0;
 inline constexpr std::int16_t kPrintShownPage = 1;
 inline constexpr std::int16_t kPrintPageRange = 2;
+
+// The print request is what a print dialog hands over. Every field keeps its value between uses.
+struct PrintDialogRequest {
+  std::string PrintDevice;
+  std::int16_t PrintCopies = 0;
+  std::int16_t PrintFromPage = 0;  // 0 = not given
+  std::int16_t PrintToPage = 0;    // 0 = not given
+  bool PrintCancelled = false;
+  std::int16_t PrintLastPage = 0;  // the highest page that can be printed
+  std::int16_t PrintRange = kPrintAllPages;
+};
 
 // The component serves one document at a time, so there is one of these. The preview window, the
 // remaining piece of shared state, is reached through PreviewForm() (preview/).
@@ -29,28 +48,17 @@ struct ModuleState {
   // The host's main window, by its members "WindowState", "Left", "Top", "Width", "Height" (twips).
   ObjectRef HostForm;
 
-  // The contents table: entries 1..ContentsCount are valid. Resetting the count keeps the texts.
-  std::int16_t ContentsCount = 0;
-  Array<std::string> ContentsTitle{0, kMaximumContents};
-  Array<std::int16_t> ContentsPage{0, kMaximumContents};
-
-  // The print request: what a print dialog hands over. Every field keeps its value between uses.
-  std::string PrintDevice;
-  std::int16_t PrintCopies = 0;
-  std::int16_t PrintFromPage = 0;  // 0 = not given
-  std::int16_t PrintToPage = 0;    // 0 = not given
-  bool PrintCancelled = false;
-  std::int16_t PrintLastPage = 0;  // the highest page that can be printed
-  std::int16_t PrintRange = kPrintAllPages;
-
-  // What became of the last print command.
-  PrintCommandOutcome PrintOutcome;
-
+  ContentsTable contents;
   // The page chosen in the go-to-page dialog, 0 = none.
   std::int16_t GoToPageResult = 0;
+
+  PrintDialogRequest request;
+  // What became of the last print command.
+  PrintCommandOutcome PrintOutcome;
 };
 
-// The one instance of the process.
+// The one instance of the process. PgPrint and the preview window reach it and pass its parts to
+// those who work on them.
 ModuleState& State();
 
 }  // namespace pagivo

@@ -313,11 +313,11 @@ TEST(LateBoundPrint, DiscardsThePreviewWindow) {
 TEST(LateBoundPrint, HandsTheDialogsChoicesBack) {
   Host host;
   host.platform.Windows().AddScript([](Form& dialog, FormUser&) {
-    State().PrintDevice = "Inkt";
-    State().PrintCopies = 3;
-    State().PrintFromPage = 2;
-    State().PrintToPage = 4;
-    State().PrintCancelled = false;
+    State().request.PrintDevice = "Inkt";
+    State().request.PrintCopies = 3;
+    State().request.PrintFromPage = 2;
+    State().request.PrintToPage = 4;
+    State().request.PrintCancelled = false;
     dialog.Unload();
   });
   Arguments arguments = {"", std::int16_t{1}, std::int16_t{0}, std::int16_t{0}};

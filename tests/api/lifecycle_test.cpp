@@ -46,33 +46,33 @@ TEST_F(Lifecycle, AtLoadAllStateIsZero) {
   EXPECT_EQ(State().ScaleY, 0);
   EXPECT_EQ(State().WatermarkOn, 0);
   EXPECT_EQ(State().HostForm, nullptr);
-  EXPECT_EQ(State().ContentsCount, 0);
-  EXPECT_EQ(State().PrintDevice, "");
-  EXPECT_EQ(State().PrintCopies, 0);
-  EXPECT_EQ(State().PrintFromPage, 0);
-  EXPECT_EQ(State().PrintToPage, 0);
-  EXPECT_FALSE(State().PrintCancelled);
-  EXPECT_EQ(State().PrintLastPage, 0);
-  EXPECT_EQ(State().PrintRange, 0);
+  EXPECT_EQ(State().contents.ContentsCount, 0);
+  EXPECT_EQ(State().request.PrintDevice, "");
+  EXPECT_EQ(State().request.PrintCopies, 0);
+  EXPECT_EQ(State().request.PrintFromPage, 0);
+  EXPECT_EQ(State().request.PrintToPage, 0);
+  EXPECT_FALSE(State().request.PrintCancelled);
+  EXPECT_EQ(State().request.PrintLastPage, 0);
+  EXPECT_EQ(State().request.PrintRange, 0);
   EXPECT_EQ(State().GoToPageResult, 0);
 }
 
 TEST_F(Lifecycle, AtLoadTheContentsTableHasFiftyOneEmptyEntries) {
-  EXPECT_EQ(State().ContentsTitle.LowerBound(), 0);
-  EXPECT_EQ(State().ContentsTitle.UpperBound(), 50);
-  EXPECT_EQ(State().ContentsPage.LowerBound(), 0);
-  EXPECT_EQ(State().ContentsPage.UpperBound(), 50);
+  EXPECT_EQ(State().contents.ContentsTitle.LowerBound(), 0);
+  EXPECT_EQ(State().contents.ContentsTitle.UpperBound(), 50);
+  EXPECT_EQ(State().contents.ContentsPage.LowerBound(), 0);
+  EXPECT_EQ(State().contents.ContentsPage.UpperBound(), 50);
   for (int i = 0; i <= 50; ++i) {
-    EXPECT_EQ(State().ContentsTitle(i), "");
-    EXPECT_EQ(State().ContentsPage(i), 0);
+    EXPECT_EQ(State().contents.ContentsTitle(i), "");
+    EXPECT_EQ(State().contents.ContentsPage(i), 0);
   }
 }
 
 TEST_F(Lifecycle, CreatingAnObjectSetsFourValuesAndTouchesNothingElse) {
-  State().ContentsCount = 3;
+  State().contents.ContentsCount = 3;
   State().WatermarkOn = 2;
   const PgPrint print;
-  EXPECT_EQ(State().ContentsCount, 0);
+  EXPECT_EQ(State().contents.ContentsCount, 0);
   EXPECT_EQ(State().WatermarkOn, 0);
   EXPECT_EQ(State().ScaleX, 1);
   EXPECT_EQ(State().ScaleY, 1);
@@ -86,7 +86,7 @@ TEST_F(Lifecycle, CreatingASecondObjectResetsTheFirstOnesState) {
   first.VsPPWatermerkInit(1);
   first.VsPPSetScaleMode(6);
   const PgPrint second;
-  EXPECT_EQ(State().ContentsCount, 0);
+  EXPECT_EQ(State().contents.ContentsCount, 0);
   EXPECT_EQ(State().WatermarkOn, 0);
   EXPECT_EQ(State().ScaleX, 1);
   EXPECT_EQ(State().ScaleY, 1);
@@ -132,12 +132,12 @@ TEST_F(Lifecycle, InitBeforeStartCreatesAndLoadsTheHiddenWindow) {
 
 TEST_F(Lifecycle, InitResetsCountWatermarkAndScale) {
   PgPrint print;
-  State().ContentsCount = 7;
+  State().contents.ContentsCount = 7;
   State().WatermarkOn = 3;
   State().ScaleX = 2;
   State().ScaleY = 3;
   print.VsPPInit();
-  EXPECT_EQ(State().ContentsCount, 0);
+  EXPECT_EQ(State().contents.ContentsCount, 0);
   EXPECT_EQ(State().WatermarkOn, 0);
   EXPECT_EQ(State().ScaleX, 1);
   EXPECT_EQ(State().ScaleY, 1);
@@ -148,32 +148,32 @@ TEST_F(Lifecycle, InitKeepsTheContentsTextsUntilTheyAreOverwritten) {
   Engine().Answer("CurrentPage", std::int16_t{4});
   print.VsPPZetInhoud("Oud");
   print.VsPPInit();
-  EXPECT_EQ(State().ContentsTitle(1), "Oud");
-  EXPECT_EQ(State().ContentsPage(1), 4);
+  EXPECT_EQ(State().contents.ContentsTitle(1), "Oud");
+  EXPECT_EQ(State().contents.ContentsPage(1), 4);
   print.VsPPZetInhoud("Nieuw");
-  EXPECT_EQ(State().ContentsTitle(1), "Nieuw");
+  EXPECT_EQ(State().contents.ContentsTitle(1), "Nieuw");
 }
 
 TEST_F(Lifecycle, InitAndCreationLeaveThePrintRequestAndTheHostAlone) {
   const auto host = std::make_shared<UnreadableHost>();
   State().HostForm = host;
-  State().PrintDevice = "Laser";
-  State().PrintCopies = 2;
-  State().PrintFromPage = 3;
-  State().PrintToPage = 4;
-  State().PrintCancelled = true;
-  State().PrintLastPage = 5;
-  State().PrintRange = 1;
+  State().request.PrintDevice = "Laser";
+  State().request.PrintCopies = 2;
+  State().request.PrintFromPage = 3;
+  State().request.PrintToPage = 4;
+  State().request.PrintCancelled = true;
+  State().request.PrintLastPage = 5;
+  State().request.PrintRange = 1;
   PgPrint print;
   print.VsPPInit();
   EXPECT_EQ(State().HostForm, host);
-  EXPECT_EQ(State().PrintDevice, "Laser");
-  EXPECT_EQ(State().PrintCopies, 2);
-  EXPECT_EQ(State().PrintFromPage, 3);
-  EXPECT_EQ(State().PrintToPage, 4);
-  EXPECT_TRUE(State().PrintCancelled);
-  EXPECT_EQ(State().PrintLastPage, 5);
-  EXPECT_EQ(State().PrintRange, 1);
+  EXPECT_EQ(State().request.PrintDevice, "Laser");
+  EXPECT_EQ(State().request.PrintCopies, 2);
+  EXPECT_EQ(State().request.PrintFromPage, 3);
+  EXPECT_EQ(State().request.PrintToPage, 4);
+  EXPECT_TRUE(State().request.PrintCancelled);
+  EXPECT_EQ(State().request.PrintLastPage, 5);
+  EXPECT_EQ(State().request.PrintRange, 1);
 }
 
 TEST_F(Lifecycle, EachFailingStepOfInitIsLostAlone) {
@@ -364,7 +364,7 @@ TEST_F(Lifecycle, EindeKeepsTheHostAndTheState) {
   print.VsPPSetScaleMode(5);
   print.VsPPEinde();
   EXPECT_EQ(State().HostForm, host);
-  EXPECT_EQ(State().ContentsCount, 1);
+  EXPECT_EQ(State().contents.ContentsCount, 1);
   EXPECT_EQ(State().WatermarkOn, 2);
   EXPECT_EQ(State().ScaleX, 1440);
 }
@@ -429,12 +429,12 @@ TEST_F(Lifecycle, AContentsEntryTakesTheTextAndTheCurrentPage) {
   Engine().AnswerInTurn("CurrentPage", {std::int16_t{2}, std::int16_t{7}});
   print.VsPPZetInhoud(" Inleiding ");
   print.VsPPZetInhoud("");
-  EXPECT_EQ(State().ContentsCount, 2);
-  EXPECT_EQ(State().ContentsTitle(1), " Inleiding ");
-  EXPECT_EQ(State().ContentsPage(1), 2);
-  EXPECT_EQ(State().ContentsTitle(2), "");
-  EXPECT_EQ(State().ContentsPage(2), 7);
-  EXPECT_EQ(State().ContentsTitle(0), "");
+  EXPECT_EQ(State().contents.ContentsCount, 2);
+  EXPECT_EQ(State().contents.ContentsTitle(1), " Inleiding ");
+  EXPECT_EQ(State().contents.ContentsPage(1), 2);
+  EXPECT_EQ(State().contents.ContentsTitle(2), "");
+  EXPECT_EQ(State().contents.ContentsPage(2), 7);
+  EXPECT_EQ(State().contents.ContentsTitle(0), "");
 }
 
 TEST_F(Lifecycle, TheFiftyFirstContentsEntryIsDropped) {
@@ -445,22 +445,22 @@ TEST_F(Lifecycle, TheFiftyFirstContentsEntryIsDropped) {
   }
   platform.Log().Clear();
   print.VsPPZetInhoud("Te veel");
-  EXPECT_EQ(State().ContentsCount, 50);
+  EXPECT_EQ(State().contents.ContentsCount, 50);
   EXPECT_THAT(Log(), IsEmpty());
   for (int i = 1; i <= 50; ++i) {
-    EXPECT_EQ(State().ContentsTitle(i), "Deel " + std::to_string(i));
-    EXPECT_EQ(State().ContentsPage(i), i);
+    EXPECT_EQ(State().contents.ContentsTitle(i), "Deel " + std::to_string(i));
+    EXPECT_EQ(State().contents.ContentsPage(i), i);
   }
 }
 
 TEST_F(Lifecycle, AContentsEntryWhosePageCannotBeReadKeepsTheOldPage) {
   PgPrint print;
-  State().ContentsPage(1) = 9;
+  State().contents.ContentsPage(1) = 9;
   Engine().FailOn("get CurrentPage");
   print.VsPPZetInhoud("Inleiding");
-  EXPECT_EQ(State().ContentsCount, 1);
-  EXPECT_EQ(State().ContentsTitle(1), "Inleiding");
-  EXPECT_EQ(State().ContentsPage(1), 9);
+  EXPECT_EQ(State().contents.ContentsCount, 1);
+  EXPECT_EQ(State().contents.ContentsTitle(1), "Inleiding");
+  EXPECT_EQ(State().contents.ContentsPage(1), 9);
 }
 
 // --- Colour and empty methods -----------------------------------------------------------------
@@ -518,8 +518,8 @@ TEST_F(WithoutEngine, MethodsThatIgnoreErrorsReportSuccess) {
   EXPECT_EQ(print.VsPPGetPageCount(), 0);
   EXPECT_EQ(print.VsPPGetDevice(), "");
   EXPECT_EQ(State().HostForm, host);
-  EXPECT_EQ(State().ContentsCount, 1);
-  EXPECT_EQ(State().ContentsTitle(1), "Inleiding");
+  EXPECT_EQ(State().contents.ContentsCount, 1);
+  EXPECT_EQ(State().contents.ContentsTitle(1), "Inleiding");
   print.VsPPEinde();
 }
 

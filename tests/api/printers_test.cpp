@@ -107,15 +107,16 @@ class PrinterDialog : public ApiTest {
 
   // The print request as the dialog finds it when it is shown, or as it leaves it.
   static Request RequestInState() {
-    return {State().PrintDevice, State().PrintCopies, State().PrintFromPage, State().PrintToPage};
+    return {State().request.PrintDevice, State().request.PrintCopies, State().request.PrintFromPage,
+            State().request.PrintToPage};
   }
 
   static void Confirm(Form& form, const Request& chosen) {
-    State().PrintDevice = chosen.device;
-    State().PrintCopies = chosen.copies;
-    State().PrintFromPage = chosen.from;
-    State().PrintToPage = chosen.to;
-    State().PrintCancelled = false;
+    State().request.PrintDevice = chosen.device;
+    State().request.PrintCopies = chosen.copies;
+    State().request.PrintFromPage = chosen.from;
+    State().request.PrintToPage = chosen.to;
+    State().request.PrintCancelled = false;
     form.Unload();
   }
 
@@ -205,14 +206,14 @@ TEST_F(PrinterDialog, TakesPlainNumbersAndVariablesOfOtherTypes) {
 
 TEST_F(PrinterDialog, IsNotShownForANumberBeyondSixteenBits) {
   std::string device = "Inkt";
-  State().PrintFromPage = 7;
+  State().request.PrintFromPage = 7;
   EXPECT_EQ(print.VsPPPrinterDialog(device, 2, 3, 70000), Variant());
   EXPECT_EQ(device, "Inkt");
-  EXPECT_EQ(State().PrintFromPage, 7);
+  EXPECT_EQ(State().request.PrintFromPage, 7);
 }
 
 TEST_F(PrinterDialog, CancellingGivesTheHostTheRequestAllTheSame) {
-  State().PrintDevice = "Vorige";
+  State().request.PrintDevice = "Vorige";
   User(Cancel);
   Request request{"Inkt", 0, -3, 7};
   EXPECT_EQ(Show(request), Variant(false));
@@ -222,14 +223,14 @@ TEST_F(PrinterDialog, CancellingGivesTheHostTheRequestAllTheSame) {
 TEST_F(PrinterDialog, ClosingTheWindowIsCancelling) {
   Request request{"Inkt", 5, 1, 2};
   EXPECT_EQ(Show(request), Variant(false));
-  EXPECT_TRUE(State().PrintCancelled);
+  EXPECT_TRUE(State().request.PrintCancelled);
   EXPECT_EQ(request, (Request{"", 5, 1, 2}));
 }
 
 TEST_F(PrinterDialog, TheHostsPrinterNameIsNotRead) {
   std::string seen = "nothing";
   User([&](Form& form, FormUser& user) {
-    seen = State().PrintDevice;
+    seen = State().request.PrintDevice;
     Cancel(form, user);
   });
   Request request{"Inkt", 1, 0, 0};
@@ -269,9 +270,9 @@ TEST_F(PrinterDialog, ADialogThatCannotBeShownLeavesTheRequestAsItStands) {
   Platform withoutDisplay = CurrentPlatform();
   withoutDisplay.windows = std::make_shared<NoWindows>();
   UsePlatform(withoutDisplay);
-  State().PrintDevice = "Vorige";
+  State().request.PrintDevice = "Vorige";
   for (const bool cancelled : {false, true}) {
-    State().PrintCancelled = cancelled;
+    State().request.PrintCancelled = cancelled;
     Request request{"Inkt", 0, -3, 7};
     EXPECT_EQ(Show(request), Variant(!cancelled));
     EXPECT_EQ(request, (Request{"Vorige", 1, 0, 7}));

@@ -9,8 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "dialogs/engine_source.h"
-#include "state/module_state.h"
+#include "dialogs/print_request_form.h"
 #include "support/recording_platform.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
@@ -59,13 +58,12 @@ inline void ExpectControls(Form& form, std::span<const ExpectedControl> rows) {
 
 class DialogTest : public ::testing::Test {
  protected:
-  ~DialogTest() override { State() = ModuleState{}; }
-
   // The user of the next showing.
   void User(std::function<void(FormUser& user)> acts) {
     platform.Windows().AddScript([acts = std::move(acts)](Form&, FormUser& user) { acts(user); });
   }
 
+  PrintDialogRequest request;
   RecordingPlatform platform;
   std::shared_ptr<RecordingEngine> engine = std::make_shared<RecordingEngine>();
   EngineSource source = [this] { return engine; };

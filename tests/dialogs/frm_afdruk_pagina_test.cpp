@@ -9,14 +9,14 @@ namespace {
 class PrintRange : public DialogTest {
  protected:
   PrintRange() {
-    State().PrintLastPage = 10;
-    State().PrintFromPage = 1;
-    State().PrintToPage = 10;
-    State().PrintCopies = 1;
+    request.PrintLastPage = 10;
+    request.PrintFromPage = 1;
+    request.PrintToPage = 10;
+    request.PrintCopies = 1;
   }
   ~PrintRange() override { ReleasePrintRangeDialog(); }
 
-  Form& Dialog() { return PrintRangeDialog(source); }
+  Form& Dialog() { return PrintRangeDialog(request, source); }
   void Show() {
     Dialog().ShowModal();
     ReleasePrintRangeDialog();
@@ -39,7 +39,7 @@ TEST_F(PrintRange, HasItsCaptionAndFixedSize) {
 
 TEST_F(PrintRange, HasItsControls) {
   using enum ControlKind;
-  State().PrintLastPage = 1;
+  request.PrintLastPage = 1;
   const ExpectedControl rows[] = {
       {"Frame2", Frame, "Afdrukbereik", {120, 120, 3372, 1572}, "", 0},
       {"Picture1", PictureBox, "", {120, 240, 3135, 1215}, "Frame2", 1},
@@ -84,7 +84,7 @@ TEST_F(PrintRange, OpensWithTheRangeOptionOfTheRequest) {
   };
   for (const Row& row : {Row{0, "optAlles"}, Row{1, "optHuidig"}, Row{2, "optSelectie"},
                          Row{3, "optAlles"}, Row{-1, "optAlles"}}) {
-    State().PrintRange = row.range;
+    request.PrintRange = row.range;
     for (const auto* name : {"optAlles", "optHuidig", "optSelectie"}) {
       EXPECT_EQ(Get<OptionButton>(name).Value(), row.set == name) << name;
     }
@@ -96,8 +96,8 @@ TEST_F(PrintRange, OpensWithTheRangeOptionOfTheRequest) {
 }
 
 TEST_F(PrintRange, ShowsTheRangeCutToThreeDigits) {
-  State().PrintFromPage = 7;
-  State().PrintToPage = 1234;
+  request.PrintFromPage = 7;
+  request.PrintToPage = 1234;
   EXPECT_EQ(Text("txtVan"), "7");
   EXPECT_EQ(Text("txtTm"), "123");
 }
@@ -109,7 +109,7 @@ TEST_F(PrintRange, TheFirstOptionRunsPageTotalAndWordTogether) {
   };
   for (const Row& row :
        {Row{12, "Alle 12pagina's"}, Row{2, "Alle 2pagina's"}, Row{1, "&Alles"}, Row{0, "&Alles"}}) {
-    State().PrintLastPage = row.last;
+    request.PrintLastPage = row.last;
     EXPECT_EQ(Get("optAlles").Caption(), row.caption);
     ReleasePrintRangeDialog();
   }
@@ -117,7 +117,7 @@ TEST_F(PrintRange, TheFirstOptionRunsPageTotalAndWordTogether) {
 
 TEST_F(PrintRange, OpensWithTheCopiesOfTheRequestUpsideDownInTheBar) {
   for (const int copies : {1, 5, 1000}) {
-    State().PrintCopies = static_cast<std::int16_t>(copies);
+    request.PrintCopies = static_cast<std::int16_t>(copies);
     EXPECT_EQ(Text("txtAantal"), std::to_string(copies));
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1001 - copies);
     ReleasePrintRangeDialog();
@@ -125,9 +125,9 @@ TEST_F(PrintRange, OpensWithTheCopiesOfTheRequestUpsideDownInTheBar) {
 }
 
 TEST_F(PrintRange, NoCopiesBecomeOneInTheRequestToo) {
-  State().PrintCopies = 0;
+  request.PrintCopies = 0;
   EXPECT_EQ(Text("txtAantal"), "1");
-  EXPECT_EQ(State().PrintCopies, 1);
+  EXPECT_EQ(request.PrintCopies, 1);
 }
 
 TEST_F(PrintRange, CopiesThatTheBarCannotHoldAreShownAsTheNearestThatItCan) {
@@ -135,7 +135,7 @@ TEST_F(PrintRange, CopiesThatTheBarCannotHoldAreShownAsTheNearestThatItCan) {
     int copies, shown;
   };
   for (const Row& row : {Row{-1, 1}, Row{1001, 1000}, Row{32767, 1000}, Row{-32768, 1}}) {
-    State().PrintCopies = static_cast<std::int16_t>(row.copies);
+    request.PrintCopies = static_cast<std::int16_t>(row.copies);
     EXPECT_EQ(Text("txtAantal"), std::to_string(row.shown));
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1001 - row.shown);
     ReleasePrintRangeDialog();
@@ -175,7 +175,7 @@ TEST_F(PrintRange, TypedCopiesAreHeldBetween1And1000) {
 }
 
 TEST_F(PrintRange, TwoAndAHalfCopiesEndAsThree) {
-  State().PrintCopies = 2;
+  request.PrintCopies = 2;
   User([this](FormUser& user) {
     user.Type("txtAantal", "2.5");
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 998);
@@ -185,7 +185,7 @@ TEST_F(PrintRange, TwoAndAHalfCopiesEndAsThree) {
 }
 
 TEST_F(PrintRange, TheBarsUpperArrowRaisesTheCopies) {
-  State().PrintCopies = 5;
+  request.PrintCopies = 5;
   User([this](FormUser& user) {
     user.ClickUpArrow("vsbAantal");
     EXPECT_EQ(Text("txtAantal"), "6");
@@ -196,7 +196,7 @@ TEST_F(PrintRange, TheBarsUpperArrowRaisesTheCopies) {
 }
 
 TEST_F(PrintRange, ABoxThatGetsTheFocusIsSelectedWhole) {
-  State().PrintRange = 2;
+  request.PrintRange = 2;
   User([this](FormUser&) {
     for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
       auto& box = Get<TextBox>(name);
@@ -209,7 +209,7 @@ TEST_F(PrintRange, ABoxThatGetsTheFocusIsSelectedWhole) {
 }
 
 TEST_F(PrintRange, AClickSelectsTheWholeTextSoThatTypingReplacesIt) {
-  State().PrintRange = 2;
+  request.PrintRange = 2;
   for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
     User([this, name](FormUser& user) {
       for (const auto* digit : {"5", "7"}) {
@@ -257,7 +257,7 @@ TEST_F(PrintRange, AFailingPageSetupLeavesTheDialogOpen) {
     user.Click("cmdAnnuleren");
   });
   Show();
-  EXPECT_TRUE(State().PrintCancelled);
+  EXPECT_TRUE(request.PrintCancelled);
 }
 
 // --- OK ---------------------------------------------------------------------------------------
@@ -279,18 +279,18 @@ TEST_F(PrintRange, OkValidatesTheTypedRange) {
            Row{"", "", 0, 10},
            Row{"2.5", "3.5", 2, 4},
        }) {
-    State().PrintRange = 2;
-    State().PrintCancelled = true;
+    request.PrintRange = 2;
+    request.PrintCancelled = true;
     User([&](FormUser& user) {
       user.Replace("txtVan", row.van);
       user.Replace("txtTm", row.tm);
       user.Click("cmdOK");
     });
     Show();
-    EXPECT_EQ(State().PrintFromPage, row.from) << row.van << ".." << row.tm;
-    EXPECT_EQ(State().PrintToPage, row.to) << row.van << ".." << row.tm;
-    EXPECT_EQ(State().PrintRange, 2);
-    EXPECT_FALSE(State().PrintCancelled);
+    EXPECT_EQ(request.PrintFromPage, row.from) << row.van << ".." << row.tm;
+    EXPECT_EQ(request.PrintToPage, row.to) << row.van << ".." << row.tm;
+    EXPECT_EQ(request.PrintRange, 2);
+    EXPECT_FALSE(request.PrintCancelled);
   }
 }
 
@@ -308,9 +308,9 @@ TEST_F(PrintRange, OkReadsTheRangeWhateverTheOption) {
       user.Press(13);
     });
     Show();
-    EXPECT_EQ(State().PrintRange, row.range);
-    EXPECT_EQ(State().PrintFromPage, 4);
-    EXPECT_EQ(State().PrintToPage, 6);
+    EXPECT_EQ(request.PrintRange, row.range);
+    EXPECT_EQ(request.PrintFromPage, 4);
+    EXPECT_EQ(request.PrintToPage, 6);
   }
 }
 
@@ -324,27 +324,27 @@ TEST_F(PrintRange, OkValidatesTheRangeWhateverTheOption) {
       user.Click("cmdOK");
     });
     Show();
-    EXPECT_EQ(State().PrintFromPage, 4) << option;
-    EXPECT_EQ(State().PrintToPage, 7) << option;
+    EXPECT_EQ(request.PrintFromPage, 4) << option;
+    EXPECT_EQ(request.PrintToPage, 7) << option;
   }
 }
 
 TEST_F(PrintRange, APageBeyond16BitsCountsAsATextThatIsNoNumber) {
   for (const auto* nonsense : {"x", "9E9", "1E5"}) {
     for (const auto* box : {"txtVan", "txtTm"}) {
-      State().PrintRange = 2;
-      State().PrintCancelled = true;
-      State().PrintFromPage = 3;
-      State().PrintToPage = 8;
+      request.PrintRange = 2;
+      request.PrintCancelled = true;
+      request.PrintFromPage = 3;
+      request.PrintToPage = 8;
       User([&](FormUser& user) {
         user.Replace(box, nonsense);
         user.Click("cmdOK");
       });
       Show();
       const bool isFrom = std::string_view(box) == "txtVan";
-      EXPECT_EQ(State().PrintFromPage, isFrom ? 1 : 0) << nonsense;
-      EXPECT_EQ(State().PrintToPage, isFrom ? 8 : 10) << nonsense;
-      EXPECT_FALSE(State().PrintCancelled);
+      EXPECT_EQ(request.PrintFromPage, isFrom ? 1 : 0) << nonsense;
+      EXPECT_EQ(request.PrintToPage, isFrom ? 8 : 10) << nonsense;
+      EXPECT_FALSE(request.PrintCancelled);
     }
   }
 }
@@ -356,7 +356,7 @@ TEST_F(PrintRange, CopiesBeyondAllNumbersAreOne) {
     user.Click("cmdOK");
   });
   Show();
-  EXPECT_EQ(State().PrintCopies, 1);
+  EXPECT_EQ(request.PrintCopies, 1);
 }
 
 TEST_F(PrintRange, OkTakesTheCopies) {
@@ -370,7 +370,7 @@ TEST_F(PrintRange, OkTakesTheCopies) {
       user.Click("cmdOK");
     });
     Show();
-    EXPECT_EQ(State().PrintCopies, row.copies) << row.typed;
+    EXPECT_EQ(request.PrintCopies, row.copies) << row.typed;
   }
 }
 
@@ -382,7 +382,7 @@ TEST_F(PrintRange, AnnulerenAndEscCancelAndChangeNothingElse) {
       [](FormUser& user) { user.Press(27); },
   };
   for (const auto& cancel : ways) {
-    State().PrintCancelled = false;
+    request.PrintCancelled = false;
     User([&](FormUser& user) {
       user.Click("optSelectie");
       user.Replace("txtVan", "4");
@@ -390,23 +390,23 @@ TEST_F(PrintRange, AnnulerenAndEscCancelAndChangeNothingElse) {
       cancel(user);
     });
     Show();
-    EXPECT_TRUE(State().PrintCancelled);
-    EXPECT_EQ(State().PrintRange, 0);
-    EXPECT_EQ(State().PrintFromPage, 1);
-    EXPECT_EQ(State().PrintCopies, 1);
+    EXPECT_TRUE(request.PrintCancelled);
+    EXPECT_EQ(request.PrintRange, 0);
+    EXPECT_EQ(request.PrintFromPage, 1);
+    EXPECT_EQ(request.PrintCopies, 1);
   }
 }
 
 TEST_F(PrintRange, TheCloseBoxRunsNothing) {
   for (const bool before : {false, true}) {
-    State().PrintCancelled = before;
+    request.PrintCancelled = before;
     User([](FormUser& user) {
       user.Replace("txtAantal", "9");
       user.Close();
     });
     Show();
-    EXPECT_EQ(State().PrintCancelled, before);
-    EXPECT_EQ(State().PrintCopies, 1);
+    EXPECT_EQ(request.PrintCancelled, before);
+    EXPECT_EQ(request.PrintCopies, 1);
   }
 }
 
@@ -426,7 +426,7 @@ TEST_F(PrintRange, LivesUntilItIsReleased) {
   const std::weak_ptr<Form> first = Dialog().weak_from_this();
   Dialog().Unload();
   EXPECT_FALSE(first.expired());
-  EXPECT_EQ(&PrintRangeDialog(source), first.lock().get());
+  EXPECT_EQ(&PrintRangeDialog(request, source), first.lock().get());
   ReleasePrintRangeDialog();
   EXPECT_TRUE(first.expired());
 }

@@ -12,7 +12,7 @@ class PrinterSetup : public DialogTest {
     PutPrinters({"Inkt", "Laser", "Plotter"});
     engine->Answer("Device", "Laser");
     engine->Answer("Port", "USB001");
-    State().PrintCopies = 1;
+    request.PrintCopies = 1;
   }
   // Loading and unloading releases the instance, and so does a load that fails.
   ~PrinterSetup() override {
@@ -28,7 +28,7 @@ class PrinterSetup : public DialogTest {
     for (const std::string& name : names) engine->AnswerFor("Devices", index++, name);
   }
 
-  Form& Dialog() { return PrinterSetupDialog(source); }
+  Form& Dialog() { return PrinterSetupDialog(request, source); }
   void Show() { Dialog().ShowModal(); }
   template <typename Kind = Control>
   Kind& Get(std::string_view name) {
@@ -139,7 +139,7 @@ TEST_F(PrinterSetup, SelectsTheFirstOfTwoPrintersOfOneName) {
 
 TEST_F(PrinterSetup, APrinterNotInTheListSelectsNothingAndOkGivesNoName) {
   engine->Answer("Device", "laser");
-  State().PrintDevice = "Vorige";
+  request.PrintDevice = "Vorige";
   User([this](FormUser& user) {
     EXPECT_EQ(Get<ComboBox>("cboPrinters").ListIndex(), -1);
     EXPECT_EQ(Get("lblType").Caption(), "");
@@ -147,7 +147,7 @@ TEST_F(PrinterSetup, APrinterNotInTheListSelectsNothingAndOkGivesNoName) {
     user.Click("cmdOK");
   });
   Show();
-  EXPECT_EQ(State().PrintDevice, "");
+  EXPECT_EQ(request.PrintDevice, "");
 }
 
 TEST_F(PrinterSetup, LooksOnePastTheLastItemAndSelectsNothingThere) {
@@ -230,7 +230,7 @@ TEST_F(PrinterSetup, APrinterThatTheEngineRefusesLeavesTheDialogOpen) {
     user.Click("cmdAnnuleren");
   });
   Show();
-  EXPECT_TRUE(State().PrintCancelled);
+  EXPECT_TRUE(request.PrintCancelled);
 }
 
 // --- Range ------------------------------------------------------------------------------------
@@ -245,8 +245,8 @@ TEST_F(PrinterSetup, OpensWithTheRangeOfTheRequest) {
        {Row{0, 0, true, "1", ""}, Row{-3, 7, true, "1", ""}, Row{0, 7, true, "1", ""},
         Row{3, 0, false, "3", ""}, Row{3, -1, false, "3", ""}, Row{3, 12, false, "3", "12"},
         Row{1234, 32767, false, "1234", "32767"}}) {
-    State().PrintFromPage = row.from;
-    State().PrintToPage = row.to;
+    request.PrintFromPage = row.from;
+    request.PrintToPage = row.to;
     EXPECT_EQ(Get<OptionButton>("optAlles").Value(), row.whole);
     EXPECT_EQ(Get<OptionButton>("optSelectie").Value(), !row.whole);
     EXPECT_EQ(Text("txtVan"), row.van);
@@ -259,8 +259,8 @@ TEST_F(PrinterSetup, OpensWithTheRangeOfTheRequest) {
 }
 
 TEST_F(PrinterSetup, ARangeWithoutAnEndComesBackWithoutOne) {
-  State().PrintFromPage = 3;
-  State().PrintToPage = 0;
+  request.PrintFromPage = 3;
+  request.PrintToPage = 0;
   User([this](FormUser& user) {
     EXPECT_TRUE(Get<OptionButton>("optSelectie").Value());
     EXPECT_EQ(Text("txtVan"), "3");
@@ -268,8 +268,8 @@ TEST_F(PrinterSetup, ARangeWithoutAnEndComesBackWithoutOne) {
     user.Click("cmdOK");
   });
   Show();
-  EXPECT_EQ(State().PrintFromPage, 3);
-  EXPECT_EQ(State().PrintToPage, 0);
+  EXPECT_EQ(request.PrintFromPage, 3);
+  EXPECT_EQ(request.PrintToPage, 0);
 }
 
 TEST_F(PrinterSetup, TheOptionsSwitchTheRangeBoxesAndLeaveTextsAndFocus) {
@@ -308,20 +308,20 @@ TEST_F(PrinterSetup, OkTakesTheRangeAsTyped) {
       user.Click("cmdOK");
     });
     Show();
-    EXPECT_EQ(State().PrintFromPage, row.from);
-    EXPECT_EQ(State().PrintToPage, row.to);
-    EXPECT_FALSE(State().PrintCancelled);
+    EXPECT_EQ(request.PrintFromPage, row.from);
+    EXPECT_EQ(request.PrintToPage, row.to);
+    EXPECT_FALSE(request.PrintCancelled);
   }
 }
 
 TEST_F(PrinterSetup, APageBeyond16BitsFailsOkWhichChangesNothingAndShowsWhere) {
-  State().PrintDevice = "Vorige";
-  State().PrintCopies = 4;
-  State().PrintFromPage = 3;
-  State().PrintToPage = 5;
+  request.PrintDevice = "Vorige";
+  request.PrintCopies = 4;
+  request.PrintFromPage = 3;
+  request.PrintToPage = 5;
   for (const auto* box : {"txtVan", "txtTm"}) {
     for (const auto* page : {"40000", "1E400"}) {
-      State().PrintCancelled = true;
+      request.PrintCancelled = true;
       User([&](FormUser& user) {
         user.Replace("txtAantal", "9");
         user.Replace(box, page);
@@ -331,10 +331,10 @@ TEST_F(PrinterSetup, APageBeyond16BitsFailsOkWhichChangesNothingAndShowsWhere) {
         EXPECT_EQ(Get<TextBox>(box).SelectionLength(), 5U);
       });
       Show();
-      EXPECT_EQ(State().PrintDevice, "Vorige");
-      EXPECT_EQ(State().PrintCopies, 4);
-      EXPECT_EQ(State().PrintFromPage, 3);
-      EXPECT_EQ(State().PrintToPage, 5);
+      EXPECT_EQ(request.PrintDevice, "Vorige");
+      EXPECT_EQ(request.PrintCopies, 4);
+      EXPECT_EQ(request.PrintFromPage, 3);
+      EXPECT_EQ(request.PrintToPage, 5);
     }
   }
 }
@@ -349,14 +349,14 @@ TEST_F(PrinterSetup, APageBeyond16BitsThatIsPutRightIsTaken) {
     EXPECT_FALSE(Dialog().IsLoaded());
   });
   Show();
-  EXPECT_EQ(State().PrintToPage, 4);
+  EXPECT_EQ(request.PrintToPage, 4);
 }
 
 // --- Copies -----------------------------------------------------------------------------------
 
 TEST_F(PrinterSetup, OpensWithTheCopiesOfTheRequestUpsideDownInTheBar) {
   for (const int copies : {1, 5, 999}) {
-    State().PrintCopies = static_cast<std::int16_t>(copies);
+    request.PrintCopies = static_cast<std::int16_t>(copies);
     EXPECT_EQ(Text("txtAantal"), std::to_string(copies));
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1000 - copies);
     Dialog().Unload();
@@ -368,7 +368,7 @@ TEST_F(PrinterSetup, CopiesThatTheBarCannotHoldAreShownAsTheNearestThatItCan) {
     int copies, shown;
   };
   for (const Row& row : {Row{0, 1}, Row{-1, 1}, Row{1000, 999}, Row{32767, 999}}) {
-    State().PrintCopies = static_cast<std::int16_t>(row.copies);
+    request.PrintCopies = static_cast<std::int16_t>(row.copies);
     EXPECT_EQ(Text("txtAantal"), std::to_string(row.shown));
     EXPECT_EQ(Get<ScrollBar>("vsbAantal").Value(), 1000 - row.shown);
     Dialog().Unload();
@@ -376,7 +376,7 @@ TEST_F(PrinterSetup, CopiesThatTheBarCannotHoldAreShownAsTheNearestThatItCan) {
 }
 
 TEST_F(PrinterSetup, TheBarsUpperArrowRaisesTheCopies) {
-  State().PrintCopies = 5;
+  request.PrintCopies = 5;
   User([this](FormUser& user) {
     user.ClickUpArrow("vsbAantal");
     EXPECT_EQ(Text("txtAantal"), "6");
@@ -415,7 +415,7 @@ TEST_F(PrinterSetup, LettersBehindTheTypedCopiesStay) {
     user.Click("cmdOK");
   });
   Show();
-  EXPECT_EQ(State().PrintCopies, 12);
+  EXPECT_EQ(request.PrintCopies, 12);
 }
 
 TEST_F(PrinterSetup, OkTakesUpTo99CopiesAndFallsBackTo1) {
@@ -429,13 +429,13 @@ TEST_F(PrinterSetup, OkTakesUpTo99CopiesAndFallsBackTo1) {
       user.Click("cmdOK");
     });
     Show();
-    EXPECT_EQ(State().PrintCopies, row.copies) << row.typed;
+    EXPECT_EQ(request.PrintCopies, row.copies) << row.typed;
   }
 }
 
 TEST_F(PrinterSetup, ABoxThatGetsTheFocusIsSelectedWhole) {
-  State().PrintFromPage = 12;
-  State().PrintToPage = 345;
+  request.PrintFromPage = 12;
+  request.PrintToPage = 345;
   User([this](FormUser&) {
     for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
       auto& box = Get<TextBox>(name);
@@ -448,8 +448,8 @@ TEST_F(PrinterSetup, ABoxThatGetsTheFocusIsSelectedWhole) {
 }
 
 TEST_F(PrinterSetup, AClickSelectsTheWholeTextSoThatTypingReplacesIt) {
-  State().PrintFromPage = 12;
-  State().PrintToPage = 345;
+  request.PrintFromPage = 12;
+  request.PrintToPage = 345;
   for (const auto* name : {"txtVan", "txtTm", "txtAantal"}) {
     User([this, name](FormUser& user) {
       for (const auto* digit : {"5", "7"}) {
@@ -466,11 +466,11 @@ TEST_F(PrinterSetup, AClickSelectsTheWholeTextSoThatTypingReplacesIt) {
 // --- Ending -----------------------------------------------------------------------------------
 
 TEST_F(PrinterSetup, EnterConfirms) {
-  State().PrintCancelled = true;
+  request.PrintCancelled = true;
   User([](FormUser& user) { user.Press(13); });
   Show();
-  EXPECT_FALSE(State().PrintCancelled);
-  EXPECT_EQ(State().PrintDevice, "Laser");
+  EXPECT_FALSE(request.PrintCancelled);
+  EXPECT_EQ(request.PrintDevice, "Laser");
 }
 
 TEST_F(PrinterSetup, AnnulerenEscAndTheCloseBoxCancelAndChangeNothingElse) {
@@ -480,11 +480,11 @@ TEST_F(PrinterSetup, AnnulerenEscAndTheCloseBoxCancelAndChangeNothingElse) {
       [](FormUser& user) { user.Close(); },
   };
   for (const auto& cancel : ways) {
-    State().PrintCancelled = false;
-    State().PrintDevice = "Vorige";
-    State().PrintCopies = 2;
-    State().PrintFromPage = 3;
-    State().PrintToPage = 4;
+    request.PrintCancelled = false;
+    request.PrintDevice = "Vorige";
+    request.PrintCopies = 2;
+    request.PrintFromPage = 3;
+    request.PrintToPage = 4;
     User([&](FormUser& user) {
       user.Replace("txtAantal", "9");
       user.Replace("txtVan", "9");
@@ -492,11 +492,11 @@ TEST_F(PrinterSetup, AnnulerenEscAndTheCloseBoxCancelAndChangeNothingElse) {
       EXPECT_FALSE(Dialog().IsLoaded());
     });
     Show();
-    EXPECT_TRUE(State().PrintCancelled);
-    EXPECT_EQ(State().PrintDevice, "Vorige");
-    EXPECT_EQ(State().PrintCopies, 2);
-    EXPECT_EQ(State().PrintFromPage, 3);
-    EXPECT_EQ(State().PrintToPage, 4);
+    EXPECT_TRUE(request.PrintCancelled);
+    EXPECT_EQ(request.PrintDevice, "Vorige");
+    EXPECT_EQ(request.PrintCopies, 2);
+    EXPECT_EQ(request.PrintFromPage, 3);
+    EXPECT_EQ(request.PrintToPage, 4);
   }
 }
 
@@ -507,7 +507,7 @@ TEST_F(PrinterSetup, UnloadingForAnyOtherReasonLeavesTheRequestAlone) {
     const std::shared_ptr<Form> held = dialog.shared_from_this();
     dialog.Unload(mode);
     EXPECT_FALSE(held->IsLoaded());
-    EXPECT_FALSE(State().PrintCancelled);
+    EXPECT_FALSE(request.PrintCancelled);
   }
 }
 
@@ -521,8 +521,9 @@ TEST_F(PrinterSetup, EachShowingIsAFreshDialog) {
 }
 
 TEST_F(PrinterSetup, ADialogThatIsOpenIsTheSameOne) {
-  platform.Windows().AddScript(
-      [this](Form& dialog, FormUser&) { EXPECT_EQ(&PrinterSetupDialog(source), &dialog); });
+  platform.Windows().AddScript([this](Form& dialog, FormUser&) {
+    EXPECT_EQ(&PrinterSetupDialog(request, source), &dialog);
+  });
   Show();
 }
 

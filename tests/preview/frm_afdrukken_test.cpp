@@ -10,9 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "preview/embedded_pictures.h"
 #include "preview/preview_test.h"
 #include "preview/toolbar_design.h"
-#include "preview/watermark_files.h"
 #include "window/key_codes.h"
 
 namespace pagivo::testing {
@@ -56,7 +56,7 @@ TEST_F(PreviewWindow, UnloadingGivesUpEngineAndEvents) {
 }
 
 TEST_F(PreviewWindow, ReleasingItLoadedGivesUpItsEvents) {
-  auto other = std::make_shared<frmAfdrukken>(CurrentPlatform());
+  auto other = std::make_shared<frmAfdrukken>(CurrentPlatform(), State());
   other->Load();
   EXPECT_NE(platform.Engine().Events(), nullptr);
   other.reset();
@@ -76,10 +76,10 @@ TEST_F(PreviewWindow, ClosingByTheUserOnlyHidesIt) {
 
 TEST_F(PreviewWindow, AskedForWhileItIsShownItStaysWithoutAnError) {
   platform.Windows().AddScript([](Form& shown, FormUser&) {
-    EXPECT_NO_THROW(ToonVoorbeeld());
+    EXPECT_NO_THROW(ToonVoorbeeld(State().HostForm));
     EXPECT_TRUE(shown.Visible());
   });
-  EXPECT_NO_THROW(ToonVoorbeeld());
+  EXPECT_NO_THROW(ToonVoorbeeld(State().HostForm));
   EXPECT_FALSE(form->Visible());
 }
 
@@ -278,7 +278,7 @@ TEST_F(PreviewWindow, AFailingEngineDoesNotStopTheLayout) {
 }
 
 TEST_F(PreviewWindow, AResizeWorksOnTheProcessesWindowWhicheverWindowItReaches) {
-  const auto other = std::make_shared<frmAfdrukken>(CurrentPlatform());
+  const auto other = std::make_shared<frmAfdrukken>(CurrentPlatform(), State());
   other->Load();
   form->PreviewSurface().PutLeft(1);
   other->PreviewSurface().PutLeft(2);

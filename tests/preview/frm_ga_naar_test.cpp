@@ -16,16 +16,18 @@ namespace {
 class GoToPage : public ::testing::Test {
  protected:
   ~GoToPage() override {
-    State() = ModuleState{};
+    contents = {};
     // Releases the instance.
-    GoToDialog().Load();
-    GoToDialog().Unload();
+    Dialog().Load();
+    Dialog().Unload();
   }
 
-  static void AddContents(std::string title, int page) {
-    const std::int16_t entry = ++State().ContentsCount;
-    State().ContentsTitle(entry) = std::move(title);
-    State().ContentsPage(entry) = static_cast<std::int16_t>(page);
+  frmGaNaar& Dialog() { return GoToDialog(contents, result); }
+
+  void AddContents(std::string title, int page) {
+    const std::int16_t entry = ++contents.ContentsCount;
+    contents.ContentsTitle(entry) = std::move(title);
+    contents.ContentsPage(entry) = static_cast<std::int16_t>(page);
   }
 
   void User(std::function<void(FormUser& user)> acts) {
@@ -38,18 +40,20 @@ class GoToPage : public ::testing::Test {
       user.Replace("cboGaNaar", text);
       user.Click("cmdOK");
     });
-    GoToDialog().ShowModal();
-    return State().GoToPageResult;
+    Dialog().ShowModal();
+    return result;
   }
 
+  ContentsTable contents;
+  std::int16_t result = 0;
   RecordingPlatform platform;
 };
 
 TEST_F(GoToPage, HasItsCaptionAndFixedSize) {
-  EXPECT_EQ(GoToDialog().Caption(), "Ga naar");
-  EXPECT_FALSE(GoToDialog().Design().sizable);
-  EXPECT_EQ(GoToDialog().Design().client.width, 5610);
-  EXPECT_EQ(GoToDialog().Design().client.height, 1365);
+  EXPECT_EQ(Dialog().Caption(), "Ga naar");
+  EXPECT_FALSE(Dialog().Design().sizable);
+  EXPECT_EQ(Dialog().Design().client.width, 5610);
+  EXPECT_EQ(Dialog().Design().client.height, 1365);
 }
 
 TEST_F(GoToPage, HasItsControls) {
@@ -73,10 +77,10 @@ TEST_F(GoToPage, HasItsControls) {
        "",
        ButtonRole::Cancel},
   };
-  EXPECT_EQ(GoToDialog().Controls().All().size(), std::size(rows));
+  EXPECT_EQ(Dialog().Controls().All().size(), std::size(rows));
   int tabIndex = 0;
   for (const Row& row : rows) {
-    const Control& control = GoToDialog().Get(row.name);
+    const Control& control = Dialog().Get(row.name);
     const Placement placement{control.Left(), control.Top(), control.Width(), control.Height()};
     EXPECT_EQ(control.Kind(), row.kind) << row.name;
     EXPECT_EQ(control.Caption(), row.caption) << row.name;
@@ -87,14 +91,14 @@ TEST_F(GoToPage, HasItsControls) {
     EXPECT_EQ(control.FontName(), "Tahoma") << row.name;
     EXPECT_EQ(control.FontSize(), 8) << row.name;
   }
-  EXPECT_TRUE(GoToDialog().Get("cboGaNaar").Design().editable);
+  EXPECT_TRUE(Dialog().Get("cboGaNaar").Design().editable);
 }
 
 TEST_F(GoToPage, ListsTheContentsInTheirOrder) {
   AddContents("Inleiding", 1);
   AddContents("Berekening", 3);
-  State().ContentsTitle(3) = "Oud";
-  const auto& list = GoToDialog().Get<ComboBox>("cboGaNaar");
+  contents.ContentsTitle(3) = "Oud";
+  const auto& list = Dialog().Get<ComboBox>("cboGaNaar");
   ASSERT_EQ(list.Count(), 2);
   EXPECT_EQ(list.Item(0), "Inleiding");
   EXPECT_EQ(list.Item(1), "Berekening");
@@ -102,25 +106,25 @@ TEST_F(GoToPage, ListsTheContentsInTheirOrder) {
 }
 
 TEST_F(GoToPage, LoadingForgetsTheLastResult) {
-  State().GoToPageResult = 7;
-  GoToDialog().Load();
-  EXPECT_EQ(State().GoToPageResult, 0);
+  result = 7;
+  Dialog().Load();
+  EXPECT_EQ(result, 0);
 }
 
 TEST_F(GoToPage, MoreContentsThanTheTableHoldsFailTheLoad) {
-  State().ContentsCount = 51;
-  EXPECT_THROW(GoToDialog().ShowModal(), Error);
-  EXPECT_FALSE(GoToDialog().IsLoaded());
+  contents.ContentsCount = 51;
+  EXPECT_THROW(Dialog().ShowModal(), Error);
+  EXPECT_FALSE(Dialog().IsLoaded());
 }
 
 TEST_F(GoToPage, MoreContentsThanTheTableHoldsFailTheSearch) {
-  User([](FormUser& user) {
-    State().ContentsCount = 51;
+  User([this](FormUser& user) {
+    contents.ContentsCount = 51;
     user.Replace("cboGaNaar", "nergens");
     user.Click("cmdOK");
   });
-  const std::weak_ptr<Form> shown = GoToDialog().weak_from_this();
-  EXPECT_THROW(GoToDialog().ShowModal(), Error);
+  const std::weak_ptr<Form> shown = Dialog().weak_from_this();
+  EXPECT_THROW(Dialog().ShowModal(), Error);
   EXPECT_TRUE(shown.expired());
 }
 
@@ -139,7 +143,7 @@ TEST_F(GoToPage, ReadsTheTypedNumber) {
 TEST_F(GoToPage, ANumberBelow16BitsOrBeyondAllNumbersIsNoPage) {
   for (const auto* text : {"-32769", "-40000", "-1E300", "-1E400", "1E400"}) {
     EXPECT_LE(ResultOf(text), 0) << text;
-    EXPECT_FALSE(GoToDialog().IsLoaded());
+    EXPECT_FALSE(Dialog().IsLoaded());
   }
 }
 
@@ -154,8 +158,8 @@ TEST_F(GoToPage, ATitleWinsOverTheNumberItStartsWith) {
     user.Pick("cboGaNaar", 0);
     user.Press(13);
   });
-  GoToDialog().ShowModal();
-  EXPECT_EQ(State().GoToPageResult, 9);
+  Dialog().ShowModal();
+  EXPECT_EQ(result, 9);
 }
 
 TEST_F(GoToPage, TitlesAreComparedTrimmedAndWithTheirCase) {
@@ -177,14 +181,14 @@ TEST_F(GoToPage, AnEmptyOrBlankTextIsNoPageWhateverTheContentsHold) {
 }
 
 TEST_F(GoToPage, WhatItBeginsWithIsTypedOn) {
-  User([](FormUser& user) {
-    EXPECT_EQ(GoToDialog().Get<ComboBox>("cboGaNaar").Text(), "1");
+  User([this](FormUser& user) {
+    EXPECT_EQ(Dialog().Get<ComboBox>("cboGaNaar").Text(), "1");
     user.Type("cboGaNaar", "2");
     user.Press(13);
   });
-  GoToDialog().BeginWith("1");
-  GoToDialog().ShowModal();
-  EXPECT_EQ(State().GoToPageResult, 12);
+  Dialog().BeginWith("1");
+  Dialog().ShowModal();
+  EXPECT_EQ(result, 12);
 }
 
 TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {
@@ -194,13 +198,13 @@ TEST_F(GoToPage, AnnulerenEscAndTheCloseBoxChooseNothing) {
       [](FormUser& user) { user.Close(); },
   };
   for (const auto& leave : ways) {
-    State().GoToPageResult = 5;
+    result = 5;
     User([&](FormUser& user) {
       user.Replace("cboGaNaar", "3");
       leave(user);
     });
-    GoToDialog().ShowModal();
-    EXPECT_EQ(State().GoToPageResult, 0);
+    Dialog().ShowModal();
+    EXPECT_EQ(result, 0);
   }
 }
 
@@ -217,20 +221,20 @@ TEST_F(GoToPage, OnlyAnnulerenTakesAnAnswerBack) {
   };
   for (const Row& row : rows) {
     User([&](FormUser& user) {
-      State().GoToPageResult = 5;
+      result = 5;
       row.leave(user);
     });
-    GoToDialog().ShowModal();
-    EXPECT_EQ(State().GoToPageResult, row.result);
+    Dialog().ShowModal();
+    EXPECT_EQ(result, row.result);
   }
 }
 
 TEST_F(GoToPage, EachShowingIsAFreshDialog) {
-  GoToDialog().Load();
-  const std::weak_ptr<Form> first = GoToDialog().weak_from_this();
+  Dialog().Load();
+  const std::weak_ptr<Form> first = Dialog().weak_from_this();
   ResultOf("3");
   EXPECT_TRUE(first.expired());
-  EXPECT_EQ(GoToDialog().Get<ComboBox>("cboGaNaar").Text(), "");
+  EXPECT_EQ(Dialog().Get<ComboBox>("cboGaNaar").Text(), "");
 }
 
 }  // namespace

@@ -274,12 +274,12 @@ TEST_F(PreviewNavigation, ANumberThatIsNoPageLeavesThePreviewAsItIs) {
 TEST_F(PreviewNavigation, AFailingDialogIsPassedOnAndNoneStaysBehind) {
   Show(5, 3);
   User([](FormUser& user) {
-    State().ContentsCount = kMaximumContents + 1;
+    State().contents.ContentsCount = ContentsTable::kMostEntries + 1;
     user.Replace("cboGaNaar", "nergens");
     user.Click("cmdOK");
   });
   EXPECT_THROW(form->GaNaarPagina(), Error);
-  State().ContentsCount = 0;
+  State().contents.ContentsCount = 0;
   EXPECT_THAT(GoTo("2"), ElementsAre("put PreviewPage Integer 2"));
 }
 

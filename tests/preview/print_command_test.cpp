@@ -23,16 +23,16 @@ class PreviewPrinting : public PreviewTest {
 };
 
 TEST_F(PreviewPrinting, PreparesTheRangeOfTheDocumentAndKeepsTheRest) {
-  State().PrintRange = 2;
-  State().PrintCopies = 3;
-  State().PrintFromPage = 7;
-  State().PrintToPage = 8;
+  State().request.PrintRange = 2;
+  State().request.PrintCopies = 3;
+  State().request.PrintFromPage = 7;
+  State().request.PrintToPage = 8;
   Print([](FormUser& user) {
-    EXPECT_EQ(State().PrintFromPage, 1);
-    EXPECT_EQ(State().PrintToPage, 10);
-    EXPECT_EQ(State().PrintLastPage, 10);
-    EXPECT_EQ(State().PrintRange, 2);
-    EXPECT_EQ(State().PrintCopies, 3);
+    EXPECT_EQ(State().request.PrintFromPage, 1);
+    EXPECT_EQ(State().request.PrintToPage, 10);
+    EXPECT_EQ(State().request.PrintLastPage, 10);
+    EXPECT_EQ(State().request.PrintRange, 2);
+    EXPECT_EQ(State().request.PrintCopies, 3);
     user.Click("cmdAnnuleren");
   });
 }
@@ -90,19 +90,19 @@ TEST_F(PreviewPrinting, PrintsTheRangeAsTheDialogValidatedIt) {
 TEST_F(PreviewPrinting, AnUnknownRangeIsTheWholeDocument) {
   EXPECT_THAT(
       Print([](FormUser& user) {
-        State().PrintRange = 7;
-        State().PrintCopies = 1;
+        State().request.PrintRange = 7;
+        State().request.PrintCopies = 1;
         user.Close();
       }),
       ElementsAre(kOneCopyEach, "call PrintDoc Boolean False, Integer 1, Integer 10", kBackToPage));
 }
 
 TEST_F(PreviewPrinting, TheCloseBoxPrintsWhenTheLastUseWasNotCancelled) {
-  State().PrintCopies = 2;
+  State().request.PrintCopies = 2;
   const std::string job = "call PrintDoc Boolean False, Integer 1, Integer 10";
   const auto close = [](FormUser& user) { user.Close(); };
   EXPECT_THAT(Print(close), ElementsAre(kOneCopyEach, job, job, kBackToPage));
-  State().PrintCancelled = true;
+  State().request.PrintCancelled = true;
   EXPECT_THAT(Print(close), IsEmpty());
 }
 
@@ -140,7 +140,7 @@ TEST_F(PreviewPrinting, FailingStepsAreSkipped) {
 }
 
 TEST_F(PreviewPrinting, MoreCopiesThanTheDialogHasAreNotPrintedUnasked) {
-  State().PrintCopies = 5000;
+  State().request.PrintCopies = 5000;
   EXPECT_THAT(Print([](FormUser& user) { user.Click("cmdAnnuleren"); }), IsEmpty());
 }
 
@@ -148,7 +148,7 @@ TEST_F(PreviewPrinting, ADialogThatCannotOpenLeavesTheRequestAsItStands) {
   Platform withoutWindows = CurrentPlatform();
   withoutWindows.windows = std::make_shared<NoWindows>();
   UsePlatform(withoutWindows);
-  State().PrintCopies = 1;
+  State().request.PrintCopies = 1;
   const std::string job = "call PrintDoc Boolean False, Integer 1, Integer 10";
   EXPECT_THAT(DoingsOf([this] { form->DrukAf(); }), ElementsAre(kOneCopyEach, job, kBackToPage));
 }

@@ -81,7 +81,7 @@ TEST_F(PreviewToolbar, ZoomReturnsFromPairsToTheWholePage) {
 
 TEST_F(PreviewToolbar, AfdrukkenPrints) {
   Show(5, 2);
-  State().PrintCopies = 1;
+  State().request.PrintCopies = 1;
   EXPECT_THAT(
       DoingsInWindow([this](FormUser& user) {
         User([](FormUser& dialog) { dialog.Click("cmdOK"); });

@@ -241,7 +241,7 @@ TEST_F(PreviewSituation, AFailingDialogTakesThePreviewOverWhichItStandsAlong) {
   const std::size_t before = windows->Count();
   User([this](Form&, FormUser& user) {
     User([](Form&, FormUser& dialog) {
-      State().ContentsCount = 51;
+      State().contents.ContentsCount = 51;
       dialog.Replace("cboGaNaar", "nergens");
       dialog.Click("cmdOK");
     });

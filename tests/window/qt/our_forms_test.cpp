@@ -33,15 +33,15 @@ struct Opening {
 
 constexpr Opening kOpenings[] = {
     {"Afdrukvoorbeeld", [] { PreviewForm().ShowModal(); }},
-    {"GaNaar", [] { GoToDialog().ShowModal(); }},
+    {"GaNaar", [] { GoToDialog(State().contents, State().GoToPageResult).ShowModal(); }},
     {"AfdrukPagina",
      [] {
-       State().PrintLastPage = kPages;
-       State().PrintRange = kPrintPageRange;
-       PrintRangeDialog(PreviewEngine).ShowModal();
+       State().request.PrintLastPage = kPages;
+       State().request.PrintRange = kPrintPageRange;
+       PrintRangeDialog(State().request, PreviewEngine).ShowModal();
        ReleasePrintRangeDialog();
      }},
-    {"AfdrukSetup", [] { PrinterSetupDialog(PreviewEngine).ShowModal(); }},
+    {"AfdrukSetup", [] { PrinterSetupDialog(State().request, PreviewEngine).ShowModal(); }},
     {"PrinterInstelling", [] { PreviewEngine()->GetPrintDialog(0); }},
     {"PaginaInstelling", [] { PreviewEngine()->GetPrintDialog(1); }},
 };
@@ -53,7 +53,7 @@ class OurForms : public testing::QtWindowsTest, public ::testing::WithParamInter
     platform.windows = windows;
     UsePlatform(platform);
     State() = ModuleState{};
-    State().PrintCopies = 1;
+    State().request.PrintCopies = 1;
     const auto engine = PreviewEngine();
     engine->StartDoc();
     for (int page = 1; page <= kPages; ++page) engine->NewPage();

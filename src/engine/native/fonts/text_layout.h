@@ -1,4 +1,4 @@
-// A text with line breaks and tabs as pieces that can be drawn.
+// Lays out a text with line breaks and tabs, as pieces that can be drawn.
 #pragma once
 
 #include <cstddef>
@@ -7,12 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "values/measures.h"
+
 namespace pagivo::native {
 
-// Tabs go to the next multiple of this many twips from the text's start: half an inch.
-inline constexpr double kTabDistance = 720;
+// Tabs go to the next multiple of this many twips from the text's start.
+inline constexpr double kTabDistance = kTwipsPerInch / 2;
 
-// What is drawn in one go: no control characters in it.
+// A piece is drawn in one go, for it has no control characters.
 struct TextPiece {
   std::string text;
   std::size_t line = 0;  // from 0
@@ -25,11 +27,11 @@ struct TextLayout {
   std::size_t LineCount() const noexcept { return pieces.back().line + 1; }
 };
 
-// True for a text of one line without any control character, which needs no layout: it is a single
-// piece as it stands. So are nearly all texts.
+// Whether a text is one line without any control character. It then needs no layout, for it is a
+// single piece as it stands. Nearly all texts are.
 bool IsPlainLine(std::string_view text) noexcept;
 
-// One more than the text's line breaks.
+// A text has one line more than it has line breaks.
 std::size_t CountLines(std::string_view text) noexcept;
 
 // CR, LF and CR LF break lines, tabs skip, other control characters (U+0000 to U+001F, U+007F to

@@ -7,11 +7,12 @@
 
 namespace pagivo::native {
 
-// `25,4`: rounded to one decimal, whatever the regional settings. For 0 and more.
+// Writes `25,4`, rounded to one decimal, whatever the regional settings are. Takes 0 and more.
 std::string FormatMillimetres(double millimetres);
 
-// The whole text as a number of millimetres, blanks around it allowed: digits with a comma or a
-// point before the decimals, no exponent and no unit. Nothing when it is no number.
+// Reads the whole text as a number of millimetres: digits with a comma or a point before the
+// decimals, without an exponent or a unit; blanks may stand around it. Answers nothing when the
+// text is no such number.
 std::optional<double> ParseMillimetres(std::string_view text);
 
 }  // namespace pagivo::native

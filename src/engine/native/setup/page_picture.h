@@ -5,7 +5,7 @@
 
 namespace pagivo::native {
 
-// Twips; the paper as the page is turned.
+// The paper as the page is turned, and its margins. Twips.
 struct PageShape {
   double width = 0;
   double height = 0;
@@ -17,7 +17,7 @@ struct PageShape {
   friend bool operator==(const PageShape&, const PageShape&) = default;
 };
 
-// The whole page, as large as the surface has room for, on whole device pixels.
+// Shows the whole page as large as the surface has room for, on whole device pixels.
 class PagePicture final : public StillContent {
  public:
   void PutShape(const PageShape& shape);

@@ -12,8 +12,9 @@
 
 namespace pagivo::native {
 
-// Margins are shown in millimetres with one decimal; those that keep what was shown are not put.
-// The picture follows every choice and every entry that is a margin.
+// Margins are shown in millimetres with one decimal. A margin whose box still has what was shown is
+// no change, however much the showing rounded it. The picture follows every choice and every entry
+// that is a margin.
 class PageSetupForm final : public PaperForm {
  public:
   PageSetupForm(std::shared_ptr<WindowSystem> windows, PageSetupOwner& owner);

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "engine/print_engine.h"
+#include "engine/print_series.h"
 
 namespace pagivo {
 
@@ -14,8 +15,9 @@ struct PageRange {
 };
 
 // Prints the pages so many times, a job for each copy so that they come out collated. An engine
-// that knows series prints them as one, whose outcome is kept in the module state. Errors are
-// ignored.
-void PrintCopies(PrintEngine& engine, const PageRange& pages, std::int32_t copies);
+// that knows series prints them as one and tells its outcome; any other engine leaves `outcome` as
+// it is. Errors are ignored.
+void PrintCopies(PrintEngine& engine, const PageRange& pages, std::int32_t copies,
+                 PrintCommandOutcome& outcome);
 
 }  // namespace pagivo
