@@ -4,11 +4,12 @@
 
 # One component a folder: pagivo_component(fonts engine/native/fonts USES values LIBRARIES ...)
 # makes pagivo_fonts of the folder's own sources (not those of folders below it). USES names the
-# components it may include and link; LIBRARIES the outside libraries it stands in front of.
+# components it may include and link; LIBRARIES the outside libraries it stands in front of, LATE those
+# of them that are loaded when they are first called.
 set_property(GLOBAL PROPERTY PAGIVO_COMPONENTS)
 
 function(pagivo_component name folder)
-  cmake_parse_arguments(PARSE_ARGV 2 ARG "EACH_ALONE" "" "USES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 2 ARG "EACH_ALONE" "" "USES;LIBRARIES;LATE")
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     add_library(pagivo_${name} INTERFACE)
@@ -27,6 +28,10 @@ function(pagivo_component name folder)
     ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
   list(TRANSFORM ARG_USES PREPEND pagivo_)
   target_link_libraries(pagivo_${name} ${scope} ${ARG_USES} ${ARG_LIBRARIES})
+  foreach(library IN LISTS ARG_LATE)
+    target_include_directories(pagivo_${name} SYSTEM ${scope}
+      $<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>)
+  endforeach()
 endfunction()
 
 # pagivo_test(fonts engine/native/fonts USES fonts) makes the test program pagivo_tests_fonts of the

@@ -48,8 +48,8 @@ endfunction()
 set(description "In-process print component: compose, preview, print and export documents")
 set(qt_description "The print component's windows in Qt 6")
 pagivo_pkg_config(pagivo NAME "Pagivo" DESCRIPTION "${description}"
-  REQUIRES "fontconfig freetype2 harfbuzz harfbuzz-subset fribidi cairo gdk-pixbuf-2.0 librsvg-2.0 libxml-2.0 libpng libjpeg libdeflate gnutls"
-  LIBS "-l:libpagivo.a -lcups")
+  REQUIRES "fontconfig freetype2 harfbuzz harfbuzz-subset fribidi cairo libpng libjpeg libdeflate"
+  LIBS "-l:libpagivo.a")
 if(PAGIVO_SHARED)
   pagivo_pkg_config(pagivo-shared NAME "Pagivo, shared" DESCRIPTION "${description}" LIBS -lpagivo)
 endif()

@@ -1,7 +1,5 @@
 #include "engine/native/pictures/pixbuf_decoder.h"
 
-#include <gdk-pixbuf/gdk-pixbuf.h>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -10,6 +8,7 @@
 
 #include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_bytes.h"
+#include "engine/native/pictures/picture_libraries.h"
 #include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {

@@ -1,8 +1,5 @@
 #include "engine/native/pictures/svg_decoder.h"
 
-#include <glib.h>
-#include <librsvg/rsvg.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -14,6 +11,7 @@
 
 #include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_bytes.h"
+#include "engine/native/pictures/picture_libraries.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/pictures/pixbuf_decoder.h"
 #include "engine/native/pictures/png_codec.h"
@@ -57,8 +55,8 @@ std::string PercentDecoded(std::string_view text) {
 
 std::vector<std::uint8_t> Base64Decoded(const std::string& text) {
   gsize size = 0;
-  const std::unique_ptr<guchar, decltype(&g_free)> bytes(g_base64_decode(text.c_str(), &size),
-                                                         g_free);
+  const std::unique_ptr<guchar, decltype(&::g_free)> bytes(g_base64_decode(text.c_str(), &size),
+                                                           g_free);
   return {bytes.get(), bytes.get() + size};
 }
 
@@ -128,8 +126,8 @@ class PlainMaker {
       const PictureImage::Pixels picture = Reduced(decode_(*bytes), kMaximumSvgOnePicturePixels);
       node.pixels = static_cast<double>(picture.width) * picture.height;
       const std::vector<std::uint8_t> png = WritePng(picture);
-      const std::unique_ptr<gchar, decltype(&g_free)> text(g_base64_encode(png.data(), png.size()),
-                                                           g_free);
+      const std::unique_ptr<gchar, decltype(&::g_free)> text(
+          g_base64_encode(png.data(), png.size()), g_free);
       return std::string("data:image/png;base64,") + text.get();
     } catch (const TooLargeFailure&) {
       throw;

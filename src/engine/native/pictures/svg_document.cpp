@@ -1,12 +1,10 @@
 #include "engine/native/pictures/svg_document.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/parser.h>
-#include <libxml/parserInternals.h>
-
 #include <algorithm>
 #include <memory>
 #include <unordered_set>
+
+#include "engine/native/pictures/picture_libraries.h"
 
 namespace pagivo::native {
 namespace {

@@ -1,8 +1,6 @@
 // One connection with the print server.
 #pragma once
 
-#include <cups/cups.h>
-
 #include <chrono>
 #include <cstdint>
 #include <memory>
@@ -13,6 +11,7 @@
 
 #include "engine/native/spool/cups/http_answer.h"
 #include "engine/native/spool/cups/ipp_message.h"
+#include "engine/native/spool/cups/server_libraries.h"
 #include "engine/native/spool/cups/server_stream.h"
 #include "engine/native/spool/print_server.h"
 

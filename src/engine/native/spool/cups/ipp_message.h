@@ -1,14 +1,13 @@
 // IPP messages: requests, answers, and what answers say of printers.
 #pragma once
 
-#include <cups/cups.h>
-
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "engine/native/spool/cups/server_libraries.h"
 #include "engine/native/spool/print_server.h"
 
 namespace pagivo::native {

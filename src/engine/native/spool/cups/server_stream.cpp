@@ -1,6 +1,5 @@
 #include "engine/native/spool/cups/server_stream.h"
 
-#include <cups/cups.h>
 #include <poll.h>
 #include <sys/socket.h>
 
@@ -8,6 +7,8 @@
 #include <cerrno>
 #include <utility>
 #include <vector>
+
+#include "engine/native/spool/cups/server_libraries.h"
 
 namespace pagivo::native {
 namespace {

@@ -1,8 +1,6 @@
 // The connection with the print server: bytes to and from it, and the waiting for them.
 #pragma once
 
-#include <gnutls/gnutls.h>
-
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -11,6 +9,7 @@
 #include <string>
 #include <type_traits>
 
+#include "engine/native/spool/cups/server_libraries.h"
 #include "engine/native/spool/print_server.h"
 #include "files/descriptor.h"
 
