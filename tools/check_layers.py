@@ -35,7 +35,7 @@ ALLOWED = {
     "window/headless": ["values", "window"],
     "window/qt": ["values", "window", "platform"],
     "platform": ["values", "engine", "window"],
-    "state": ["values", "engine", "window"],
+    "state": ["values", "engine"],
     "dialogs": ["values", "engine", "window", "platform", "state"],
     "preview": ["values", "engine", "window", "platform", "state", "dialogs"],
     "api": ["values", "engine", "window", "platform", "state", "preview", "dialogs"],

@@ -28,8 +28,8 @@ class frmAfdrukPagina : public PrintRequestForm {
   EngineSource engine_;
 };
 
-// The shared instance, created on first use; `request` and `engine` serve it as long as it lives.
-// Whoever showed it releases it, so that each showing starts fresh.
+// Answers the shared instance, which is created on first use. `request` and `engine` serve it as
+// long as it lives. Whoever showed it releases it, so that each showing starts fresh.
 frmAfdrukPagina& PrintRangeDialog(PrintDialogRequest& request, const EngineSource& engine);
 void ReleasePrintRangeDialog();
 

@@ -38,7 +38,8 @@ class frmAfdrukSetup : public PrintRequestForm {
   std::function<std::string()> defaultPrinter_;
 };
 
-// The shared instance, created on first use; `request` and `engine` serve it as long as it lives.
+// Answers the shared instance, which is created on first use. `request` and `engine` serve it as
+// long as it lives.
 frmAfdrukSetup& PrinterSetupDialog(PrintDialogRequest& request, const EngineSource& engine);
 
 }  // namespace pagivo

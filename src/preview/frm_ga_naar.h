@@ -37,7 +37,7 @@ class frmGaNaar : public Form {
   std::int16_t& result_;
 };
 
-// The shared instance, created on first use and released when the dialog unloads.
+// Answers the shared instance, which is created on first use and released when the dialog unloads.
 frmGaNaar& GoToDialog(const ContentsTable& contents, std::int16_t& result);
 
 }  // namespace pagivo

@@ -57,8 +57,8 @@ struct ModuleState {
   PrintCommandOutcome PrintOutcome;
 };
 
-// The one instance of the process. PgPrint and the preview window reach it and pass its parts to
-// those who work on them.
+// Answers the one instance of the process. PgPrint and the preview window reach it and pass its
+// parts to those who work on them.
 ModuleState& State();
 
 }  // namespace pagivo

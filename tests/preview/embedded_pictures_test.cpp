@@ -1,4 +1,5 @@
-// The toolbar's image files: complete, of the designed sizes, and legible on light and dark.
+// The toolbar's images among the embedded pictures: complete, of the designed sizes, and legible on
+// light and dark.
 #include <gtest/gtest.h>
 
 #include <algorithm>
