@@ -10,7 +10,7 @@ build_packages=(
   fonts-liberation fonts-dejavu-core
 )
 test_packages=(
-  clang-format python3 libgtest-dev libgmock-dev
+  clang-format python3 libgtest-dev libgmock-dev zlib1g-dev
   cups-daemon cups-core-drivers cups-client cups-ipp-utils dbus-daemon
   poppler-utils mupdf-tools qpdf imagemagick locales file fonts-urw-base35
   xvfb openbox xdotool x11-utils
@@ -19,7 +19,7 @@ test_packages=(
 # What `./check all` needs besides, and the benchmarks.
 all_packages=(clang-tidy libbenchmark-dev libhpdf-dev)
 # What the fuzzers need.
-fuzz_packages=(clang libclang-rt-14-dev)
+fuzz_packages=(clang libclang-rt-14-dev zlib1g-dev)
 
 say() { printf '== %s\n' "$*"; }
 

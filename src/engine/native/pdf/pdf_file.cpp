@@ -2,7 +2,7 @@
 
 #include <bit>
 #include <cassert>
-#include <new>
+#include <utility>
 
 namespace pagivo::native {
 namespace {
@@ -42,19 +42,6 @@ void AppendBigEndian(std::string& out, std::uint64_t value, int bytes) {
 }
 
 }  // namespace
-
-Deflater::Deflater(Effort effort)
-    : compressor_(libdeflate_alloc_compressor(static_cast<int>(effort))) {
-  if (!compressor_) throw std::bad_alloc();
-}
-
-std::string_view Deflater::Compress(std::string_view bytes) {
-  const std::size_t bound = libdeflate_zlib_compress_bound(compressor_.get(), bytes.size());
-  if (buffer_.size() < bound) buffer_.resize(bound);
-  const std::size_t size = libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(),
-                                                    buffer_.data(), buffer_.size());
-  return {buffer_.data(), size};
-}
 
 PdfFile::PdfFile(const ByteSink& sink) : sink_(sink) {
   Emit(kHeader);

@@ -2,50 +2,20 @@
 // that leads readers to any page in a few steps.
 #pragma once
 
-#include <libdeflate.h>
-
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "engine/native/pdf/deflater.h"
 #include "engine/native/pdf/pdf_syntax.h"
 
 namespace pagivo::native {
 
 // Takes the file's bytes in order. May raise Error, which ends the writing.
 using ByteSink = std::function<void(std::span<const std::uint8_t>)>;
-
-// libdeflate's levels. For the 5,280 bytes of a report page's content they take, in microseconds
-// and bytes: level 1 22.8 / 1,778, level 3 36.6 / 1,769, level 6 49.3 / 1,724.
-enum class Effort : std::uint8_t {
-  // For what every page has: less than half the time of Small for 3 % more bytes.
-  Fast = 1,
-  // For what a file has once. Higher levels take twice as long on pictures for a percent or two.
-  Small = 6
-};
-
-// Compression for FlateDecode: one compressor and one buffer, used again and again.
-class Deflater {
- public:
-  // Raises std::bad_alloc.
-  explicit Deflater(Effort effort);
-
-  // The bytes in zlib form. They stay until the next call.
-  std::string_view Compress(std::string_view bytes);
-
- private:
-  struct Free {
-    void operator()(libdeflate_compressor* compressor) const {
-      libdeflate_free_compressor(compressor);
-    }
-  };
-  std::unique_ptr<libdeflate_compressor, Free> compressor_;
-  std::vector<char> buffer_;
-};
 
 // Writes to the sink as it goes and keeps eight bytes an object. Every reserved number must be
 // written once, in any order, before Finish.

@@ -53,7 +53,7 @@ class PdfWriter::Parts {
   std::string title_;
   ByteSink sink_;
   PdfFile file_{sink_};
-  Deflater contentDeflater_{Effort::Fast};
+  PageDeflater contentDeflater_;
   PageTree tree_{file_};
   FontEmbedder fonts_;
   ImageEmbedder images_{file_};
