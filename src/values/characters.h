@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace pagivo {
@@ -30,9 +31,18 @@ constexpr bool EqualInAnyCase(std::string_view left, std::string_view right) {
                     [](char a, char b) { return ToLowerCase(a) == ToLowerCase(b); });
 }
 
-// Every byte of a UTF-8 character but its first.
-constexpr bool IsUtf8Continuation(char byte) {
+// Whether the byte goes on with a character instead of beginning one.
+constexpr bool ContinuesUtf8(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
+
+struct DecodedCodePoint {
+  char32_t codePoint = 0;
+  std::size_t length = 0;  // bytes, at least 1
+};
+
+// The code point at `position`, which must lie inside `text`. A byte that does not begin a
+// well-formed sequence (overlong forms and surrogates are not) counts as U+FFFD by itself.
+DecodedCodePoint DecodeUtf8(std::string_view text, std::size_t position);
 
 }  // namespace pagivo

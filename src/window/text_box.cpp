@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "values/utf8.h"
+#include "values/characters.h"
 #include "window/key_codes.h"
 
 namespace pagivo {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "values/utf8.h"
+#include "values/characters.h"
 #include "window/combo_box.h"
 #include "window/scroll_bar.h"
 #include "window/text_box.h"

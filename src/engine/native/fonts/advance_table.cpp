@@ -1,6 +1,6 @@
 #include "engine/native/fonts/advance_table.h"
 
-#include "values/utf8.h"
+#include "values/characters.h"
 
 namespace pagivo::native {
 namespace {

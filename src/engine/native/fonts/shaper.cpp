@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "pagivo/error.h"
-#include "values/utf8.h"
+#include "values/characters.h"
 
 namespace pagivo::native {
 namespace {

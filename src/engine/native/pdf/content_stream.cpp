@@ -3,7 +3,7 @@
 #include <cassert>
 #include <cmath>
 
-#include "engine/native/document/stroke_style.h"
+#include "engine/native/document/pens_and_brushes.h"
 
 namespace pagivo::native {
 namespace {

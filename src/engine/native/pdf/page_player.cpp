@@ -7,9 +7,8 @@
 #include <numbers>
 
 #include "engine/native/document/arcs.h"
-#include "engine/native/document/hatch.h"
 #include "engine/native/document/line_cutting.h"
-#include "engine/native/document/stroke_style.h"
+#include "engine/native/document/pens_and_brushes.h"
 
 namespace pagivo::native {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "values/utf8.h"
+#include "values/characters.h"
 
 namespace pagivo::native {
 namespace {

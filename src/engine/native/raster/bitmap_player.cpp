@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "engine/native/raster/canvas.h"
-#include "engine/native/raster/page_scale.h"
 #include "engine/native/raster/picture_painter.h"
 #include "engine/native/raster/text_painter.h"
 #include "engine/native/raster/vector_painter.h"

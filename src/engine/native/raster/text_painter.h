@@ -8,7 +8,6 @@
 #include "engine/native/fonts/font_library.h"
 #include "engine/native/raster/canvas.h"
 #include "engine/native/raster/glyph_cache.h"
-#include "engine/native/raster/page_scale.h"
 
 namespace pagivo::native {
 

@@ -5,7 +5,6 @@
 
 #include "engine/native/document/document.h"
 #include "engine/native/raster/canvas.h"
-#include "engine/native/raster/page_scale.h"
 #include "engine/native/raster/stroker.h"
 
 namespace pagivo::native {

@@ -6,9 +6,8 @@
 #include <limits>
 #include <numbers>
 
-#include "engine/native/document/hatch.h"
+#include "engine/native/document/pens_and_brushes.h"
 #include "engine/native/document/recorder.h"
-#include "engine/native/document/stroke_style.h"
 #include "engine/native/fonts/font_library.h"
 #include "engine/native/pdf/font_embedder.h"
 #include "engine/native/pdf/image_embedder.h"

@@ -3,8 +3,7 @@
 #include <limits>
 #include <numbers>
 
-#include "engine/native/document/hatch.h"
-#include "engine/native/document/stroke_style.h"
+#include "engine/native/document/pens_and_brushes.h"
 #include "engine/native/raster/drawn_page.h"
 
 namespace pagivo::native {

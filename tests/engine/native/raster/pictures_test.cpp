@@ -1,7 +1,7 @@
 #include <vector>
 
 #include "engine/native/raster/drawn_page.h"
-#include "engine/native/raster/picture_cache.h"
+#include "engine/native/raster/picture_painter.h"
 
 namespace pagivo::native {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "engine/native/spool/cups/cups_print_server.h"
 #include "engine/native/spool/print_failures.h"
+#include "values/characters.h"
 #include "values/errors.h"
-#include "values/utf8.h"
 
 namespace pagivo::native {
 namespace {

@@ -1,4 +1,4 @@
-#include "values/utf8.h"
+#include "values/characters.h"
 
 namespace pagivo {
 namespace {

@@ -1,12 +1,17 @@
-// How pens draw, the same for every player. Joins are always round; an unbroken line has round
-// ends, too, and the dashes of a broken one are cut off straight.
+// How pens draw and brushes hatch, the same for every player.
+//
+// Joins are always round; an unbroken line has round ends, too, and the dashes of a broken one are
+// cut off straight. Between the lines of a hatch the paper shows.
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "engine/native/document/display_list.h"
 
 namespace pagivo::native {
+
+// --- Pens -------------------------------------------------------------------------------------
 
 inline bool DrawsLines(const Pen& pen) {
   return pen.style != PenStyle::Invisible;
@@ -49,5 +54,25 @@ Rectangle StrokedRectangle(const Rectangle& rectangle, const Pen& pen);
 
 // The radius of the circle or sector that the pen's middle follows.
 float StrokedRadius(float radius, const Pen& pen);
+
+// --- Brushes ----------------------------------------------------------------------------------
+
+// Twips. Lines are counted from the page's upper left corner, so that the hatching of neighbouring
+// figures runs on.
+inline constexpr float kHatchDistance = 120;
+inline constexpr float kHatchWidth = kHairlineWidth;
+
+struct HatchLine {
+  Point from;
+  Point to;
+};
+
+inline bool IsHatched(BrushStyle style) {
+  return style != BrushStyle::Solid && style != BrushStyle::Transparent;
+}
+
+// Lines that cover `bounds`, whose edges are in order, at least; to be clipped by the figure. Their
+// number grows with the bounds, which the caller keeps within the page.
+std::vector<HatchLine> HatchLines(BrushStyle style, const Rectangle& bounds);
 
 }  // namespace pagivo::native
