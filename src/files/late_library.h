@@ -23,7 +23,8 @@ class LateLibrary {
 //   inline constinit const LateLibrary kXml("libxml2.so.2");
 //   PAGIVO_LATE_FUNCTION(kXml, xmlStopParser);
 //
-// within a namespace stands before the declaration of the library's own header.
+// Declared in our own namespace, it is found there before the one that the library's header
+// declares.
 template <typename Function>
 class LateFunction {
  public:

@@ -19,7 +19,8 @@ const PageGeometry& Document::GeometryOf(std::int32_t page) const {
   return storage_->pages[static_cast<std::size_t>(page - 1)].geometry;
 }
 
-// Where the record ends: what is added ends somewhere else, for the arena only grows.
+// The address where the record ends serves as the number: whatever is added ends at another one,
+// because the arena only grows.
 std::size_t Document::RevisionOf(std::int32_t page) const {
   assert(page >= 1 && page <= PageCount());
   const std::uint32_t last = storage_->pages[static_cast<std::size_t>(page - 1)].lastSegment;

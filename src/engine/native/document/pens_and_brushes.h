@@ -33,9 +33,9 @@ inline bool IsBroken(const Pen& pen) {
 // How far along its dashes, in twips, a line is that begins `start` twips after its first dash.
 double DashPhase(const Pen& pen, double start);
 
-// The pens that draw figures: one of style InsideSolid is no wider than its figure is across, or it
-// would leave it. No reader of PDF needs to draw a curve with a pen that is wider than the curve's
-// radius, for some leave a hole there: such a circle is a dot.
+// The pens that draw figures. One of style InsideSolid is no wider than its figure is across, for
+// it would leave the figure. Some readers of PDF leave a hole where a pen is wider than its curve's
+// radius, so they are never asked to: such a circle is drawn as a dot.
 Pen PenOfRectangle(const Rectangle& figure, Pen pen);
 
 Pen PenOfCircle(float radius, Pen pen);

@@ -48,7 +48,7 @@ void RequireDrawableSize(const PixelSize& size) {
 }  // namespace
 
 PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip) {
-  // Rounding errors make no pixel.
+  // A rounding error must not add a pixel.
   const auto pixels = [pixelsPerTwip](float twips) {
     return static_cast<std::int32_t>(std::ceil(double{twips} * pixelsPerTwip - 1e-3));
   };

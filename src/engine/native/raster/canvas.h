@@ -47,14 +47,14 @@ struct Coverage {
   std::int32_t pitch = 0;  // bytes from row to row
 };
 
-// Figures of other numbers are not drawn.
+// A figure with a coordinate that is infinite, or no number, is not drawn.
 template <typename... Number>
 bool AreFinite(Number... numbers) {
   return (std::isfinite(numbers) && ...);
 }
 
-// Texts and pictures that lie further out are drawn as if they lay here, and lines are no wider. It
-// keeps numbers within what cairo can count.
+// A text or picture that lies further out is drawn as if it lay here, and no line is wider, for
+// cairo counts no further.
 inline constexpr float kFarthestTwips = 1e6F;
 
 constexpr float WithinReach(float twips) {

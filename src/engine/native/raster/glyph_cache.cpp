@@ -178,7 +178,7 @@ GlyphCache::Glyphs::Shape GlyphCache::Glyphs::Rasterize(std::uint32_t glyph,
           static_cast<std::int16_t>(height)};
 }
 
-// Adds what a style grows by, whole or not when memory runs out.
+// Adds to the bytes what a style has grown by, also when memory ran out on the way.
 class GlyphCache::Counting {
  public:
   Counting(std::size_t& bytes, const Glyphs& glyphs)

@@ -43,7 +43,7 @@ struct GlyphBitmap {
 class GlyphCache {
  public:
   static constexpr std::size_t kMaximumBytes = std::size_t{16} << 20;
-  // Pixels; what is larger, which no sane face holds, stays blank.
+  // Pixels. A larger glyph, which no real face has, stays blank.
   static constexpr std::int32_t kMaximumSide = 2048;
 
   // The glyphs of one style. Holds until the next call of Select.

@@ -34,7 +34,8 @@ class PictureCache {
   cairo_surface_t* Find(const PictureImageRef& picture, double width, double height);
 
   // The picture as it looks on a transparent ground of that many pixels when it fills `place`
-  // there; null where that would take much of the bound. Holds and demands like Find.
+  // there; null where that would take much of the bound. Holds until the next call. The picture
+  // must not be empty.
   cairo_surface_t* FindDrawn(const PictureImageRef& picture, const PixelRectangle& place,
                              const PixelSize& ground);
 
