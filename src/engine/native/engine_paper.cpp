@@ -4,22 +4,25 @@
 
 namespace pagivo::native {
 
-// What may fail comes before anything is changed.
+// What may be refused comes before anything is changed, and who looks on is told at the end.
 void NativeEngine::Apply(const PageSetup& setup) {
   PrinterChoice printers = printers_;
   if (setup.printer) printers.Choose(*setup.printer);
-  if (setup.paper != setup_.paper) ApplyPaper(setup.paper.Geometry());
+  const bool changesPage = setup.paper != setup_.paper && PageTakesOtherPaper();
+  if (changesPage) {
+    const PageGeometry geometry = setup.paper.Geometry();
+    recorder_->ChangePaper(geometry, OriginOn(geometry));
+  }
   setup_.paper = setup.paper;
   setup_.margins = setup.margins;
   printers_ = std::move(printers);
   if (setup.printer) ReadPrintableArea();
+  if (changesPage) preview_.PageChanged(document_->PageCount());
 }
 
 // Pictures do not fix the page's paper, for a watermark is the first thing on a page.
-void NativeEngine::ApplyPaper(const PageGeometry& geometry) {
-  if (stage_ != Stage::Composing || !recorder_->HasOnlyPictures()) return;
-  recorder_->ChangePaper(geometry, OriginOn(geometry));
-  preview_.PageChanged(document_->PageCount());
+bool NativeEngine::PageTakesOtherPaper() const noexcept {
+  return stage_ == Stage::Composing && recorder_->HasOnlyPictures();
 }
 
 // Read once, as pages must not wait for a print server.

@@ -218,7 +218,7 @@ class NativeEngine final : public PrintEngine,
   SentJobs SendPages(const PrintRequest& request, const PrintWatcher& watcher);
   template <typename Change>
   void ChangeSetup(Change change);
-  void ApplyPaper(const PageGeometry& geometry);
+  bool PageTakesOtherPaper() const noexcept;
   void ReadPrintableArea();
   Point OriginOn(const PageGeometry& page) const;
   void ApplyOrigin();

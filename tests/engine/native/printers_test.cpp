@@ -70,6 +70,30 @@ TEST_F(EnginePrintersTest, OfAPrinterThatIsGoneOrCannotBeAskedNothingIsKnown) {
   EXPECT_EQ(engine->Printers().ConditionOf("Balie"), "");
 }
 
+TEST_F(EnginePrintersTest, ASetupIsAppliedAsAWhole) {
+  PageSetup setup;
+  setup.paper.PutCode(8);
+  setup.margins.left = 100;
+  setup.printer = "Tekenkamer";
+  engine->Apply(setup);
+  EXPECT_EQ(engine->GetPaperSize(), 8);
+  EXPECT_EQ(engine->Setup().margins.left, 100);
+  EXPECT_EQ(engine->GetDevice(), "Tekenkamer");
+  EXPECT_EQ(engine->GetDocument().GeometryOf(1), setup.paper.Geometry());
+}
+
+TEST_F(EnginePrintersTest, ASetupWhosePrinterIsGoneChangesNothing) {
+  const PageSetup before = engine->Setup();
+  PageSetup setup;
+  setup.paper.PutCode(8);
+  setup.margins.left = 100;
+  setup.printer = "Weg";
+  ExpectError(ErrorNumber::PrinterFailure, [&] { engine->Apply(setup); });
+  EXPECT_EQ(engine->Setup(), before);
+  EXPECT_EQ(engine->GetDevice(), "Balie");
+  EXPECT_EQ(engine->GetDocument().GeometryOf(1), before.paper.Geometry());
+}
+
 TEST_F(EnginePrintersTest, ComposingAsksNothing) {
   server->questions = 0;
   for (int page = 0; page < 10; ++page) {
