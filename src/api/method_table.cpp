@@ -3,6 +3,7 @@
 #include <array>
 
 #include "values/errors.h"
+#include "values/process_wide.h"
 
 namespace pagivo {
 
@@ -129,8 +130,7 @@ Variant PgPrint::CallMember(std::int32_t dispatchId, std::span<Variant> argument
 }
 
 PgPrint& PredeclaredPgPrint() {
-  static PgPrint object;
-  return object;
+  return ProcessWide<PgPrint>();
 }
 
 }  // namespace pagivo

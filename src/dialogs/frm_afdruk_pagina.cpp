@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "dialogs/zet_lettertype.h"
+#include "values/process_wide.h"
 
 namespace pagivo {
 
@@ -114,9 +115,7 @@ constexpr FormDesign kPrintRangeDesign{.caption = "Afdrukken",
                                        .controls = kPrintRangeControls};
 
 std::shared_ptr<frmAfdrukPagina>& PrintRangeInstance() {
-  // Never destroyed: its window's toolkit is gone before the process's statics are.
-  static auto& instance = *new std::shared_ptr<frmAfdrukPagina>;
-  return instance;
+  return ProcessWide<std::shared_ptr<frmAfdrukPagina>>();
 }
 
 // Puts the range of the print request within the document's pages.

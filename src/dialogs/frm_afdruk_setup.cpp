@@ -6,6 +6,7 @@
 
 #include "dialogs/zet_lettertype.h"
 #include "pagivo/error.h"
+#include "values/process_wide.h"
 
 namespace pagivo {
 
@@ -159,9 +160,7 @@ constexpr FormDesign kPrinterSetupDesign{.caption = "Printerinstelling",
                                          .controls = kPrinterSetupControls};
 
 std::shared_ptr<frmAfdrukSetup>& PrinterSetupInstance() {
-  // Never destroyed: its window's toolkit is gone before the process's statics are.
-  static auto& instance = *new std::shared_ptr<frmAfdrukSetup>;
-  return instance;
+  return ProcessWide<std::shared_ptr<frmAfdrukSetup>>();
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "values/conversions.h"
 #include "values/errors.h"
 #include "values/number_text.h"
+#include "values/process_wide.h"
 
 namespace pagivo {
 
@@ -57,9 +58,7 @@ constexpr FormDesign kGoToDesign{
     .caption = "Ga naar", .client = {.width = 5610, .height = 1365}, .controls = kGoToControls};
 
 std::shared_ptr<frmGaNaar>& Instance() {
-  // Never destroyed: its window's toolkit is gone before the process's statics are.
-  static auto& instance = *new std::shared_ptr<frmGaNaar>;
-  return instance;
+  return ProcessWide<std::shared_ptr<frmGaNaar>>();
 }
 
 std::int16_t TypedPage(std::string_view text) {

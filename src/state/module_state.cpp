@@ -1,12 +1,11 @@
 #include "state/module_state.h"
 
+#include "values/process_wide.h"
+
 namespace pagivo {
 
 ModuleState& State() {
-  // Never destroyed: it holds an object of the host, which is gone before the process's statics
-  // are.
-  static ModuleState& state = *new ModuleState;
-  return state;
+  return ProcessWide<ModuleState>();
 }
 
 }  // namespace pagivo

@@ -8,6 +8,7 @@
 #include "pagivo/error.h"
 #include "pagivo/qt_windows.h"
 #include "platform/platform.h"
+#include "values/process_wide.h"
 #include "window/qt/display.h"
 #include "window/qt/qt_windows.h"
 
@@ -47,10 +48,9 @@ void MakeApplication() {
   static char name[] = "pagivo";
   static char* arguments[] = {name, nullptr};
   const LocaleKeeper keeper;
-  // Never destroyed: the preview window may outlive everything else in the process.
-  static auto* application = new QApplication(count, arguments);
-  application->setQuitOnLastWindowClosed(false);
-  SpeakDutch(*application);
+  auto& application = ProcessWide<QApplication>([] { return new QApplication(count, arguments); });
+  application.setQuitOnLastWindowClosed(false);
+  SpeakDutch(application);
 }
 
 void EnsureApplication() {

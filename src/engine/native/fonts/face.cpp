@@ -3,6 +3,7 @@
 #include <new>
 
 #include "pagivo/error.h"
+#include "values/process_wide.h"
 
 namespace pagivo::native {
 namespace {
@@ -12,17 +13,14 @@ namespace {
               "Het lettertypebestand " + path + " kan niet worden gelezen");
 }
 
-// Shared by the faces, so that it outlives the last of them whatever the order in which the
-// process takes down its statics.
-std::shared_ptr<FT_LibraryRec_> SharedFreeType() {
-  static const std::shared_ptr<FT_LibraryRec_> library = [] {
-    FT_Library created = nullptr;
-    if (FT_Init_FreeType(&created) != 0) {
+FT_Library FreeTypeLibrary() {
+  return &ProcessWide<FT_LibraryRec_>([] {
+    FT_Library library = nullptr;
+    if (FT_Init_FreeType(&library) != 0) {
       throw Error(ErrorNumber::OutOfMemory, "De lettertypebibliotheek kan niet worden gestart");
     }
-    return std::shared_ptr<FT_LibraryRec_>(created, &FT_Done_FreeType);
-  }();
-  return library;
+    return library;
+  });
 }
 
 bool HasTable(hb_face_t* face, hb_tag_t tag) {
@@ -49,12 +47,12 @@ FT_Face OpenFreeType(FT_Library library, hb_blob_t* file, int index) {
 
 }  // namespace
 
-Face::Face(const std::string& path, int index) : library_(SharedFreeType()) {
+Face::Face(const std::string& path, int index) {
   const std::unique_ptr<hb_blob_t, Releaser<&hb_blob_destroy>> file(
       hb_blob_create_from_file_or_fail(path.c_str()));
   if (!file) ThrowUnreadable(path);
   harfbuzz_.reset(hb_face_create(file.get(), static_cast<unsigned int>(index)));
-  freetype_.reset(OpenFreeType(library_.get(), file.get(), index));
+  freetype_.reset(OpenFreeType(FreeTypeLibrary(), file.get(), index));
   if (!freetype_ || !FT_IS_SCALABLE(freetype_) || !HasOutlines(harfbuzz_.get())) {
     ThrowUnreadable(path);
   }

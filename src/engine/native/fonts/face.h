@@ -41,7 +41,6 @@ class Face : public std::enable_shared_from_this<Face> {
   };
 
   // Both libraries read the same mapped file, so that goes last.
-  std::shared_ptr<FT_LibraryRec_> library_;
   std::unique_ptr<hb_face_t, Releaser<&hb_face_destroy>> harfbuzz_;
   std::unique_ptr<hb_font_t, Releaser<&hb_font_destroy>> font_;
   std::unique_ptr<FT_FaceRec_, Releaser<&FT_Done_Face>> freetype_;

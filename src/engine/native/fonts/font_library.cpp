@@ -11,6 +11,7 @@
 #include "engine/native/fonts/face_catalog.h"
 #include "engine/native/fonts/shaper.h"
 #include "pagivo/error.h"
+#include "values/process_wide.h"
 
 namespace pagivo::native {
 namespace {
@@ -140,8 +141,7 @@ struct FontLibrary::Implementation {
 };
 
 FontLibrary& FontLibrary::Instance() {
-  static FontLibrary library(MakeFaceFinder());
-  return library;
+  return ProcessWide<FontLibrary>([] { return new FontLibrary(MakeFaceFinder()); });
 }
 
 FontLibrary::FontLibrary(std::unique_ptr<FaceFinder> finder)

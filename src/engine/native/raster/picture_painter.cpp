@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "engine/native/raster/bitmap_player.h"
+#include "values/process_wide.h"
 
 namespace pagivo::native {
 namespace {
@@ -75,8 +76,7 @@ cairo_surface_t* SurfaceOf(std::vector<std::uint32_t>& pixels, const PixelSize& 
 // --- Painting ---------------------------------------------------------------------------------
 
 PictureCache& ScaledPictures() {
-  static PictureCache pictures;
-  return pictures;
+  return ProcessWide<PictureCache>();
 }
 
 // The whole pixels that a picture meets. In any order of the edges, for a picture may be mirrored.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "values/process_wide.h"
+
 namespace pagivo::native {
 namespace {
 
@@ -13,14 +15,12 @@ constexpr double kLargestCachedEm = 100;
 constexpr double kGlyphReach = 16;
 
 GlyphCache& KeptGlyphs() {
-  static GlyphCache glyphs;
-  return glyphs;
+  return ProcessWide<GlyphCache>();
 }
 
 // Lines are drawn one at a time, so they can share the storage.
 ShapedLine& SharedLine() {
-  static ShapedLine line;
-  return line;
+  return ProcessWide<ShapedLine>();
 }
 
 struct QuarterPixel {

@@ -8,6 +8,7 @@
 #include "engine/native/document/arcs.h"
 #include "engine/native/document/line_cutting.h"
 #include "engine/native/document/pens_and_brushes.h"
+#include "values/process_wide.h"
 
 namespace pagivo::native {
 namespace {
@@ -65,7 +66,7 @@ void SetPath(cairo_t* cairo, const Outline& outline) {
 // Shapes are filled one at a time, so they can share the storage. One for which memory did not
 // suffice may have left a part of itself.
 AreaFiller& EmptyFiller() {
-  static AreaFiller filler;
+  auto& filler = ProcessWide<AreaFiller>();
   filler.Clear();
   return filler;
 }
