@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Checks what includes what: every folder of src/ may include only the folders below it, and every
-outside library only from the one folder that stands in front of it."""
+outside library and the operating system only from the folders that stand in front of them."""
 
 import pathlib
 import re
@@ -11,20 +11,20 @@ NATIVE = "engine/native"
 
 # folder -> folders it may include besides itself. The longest matching folder rules.
 ALLOWED = {
-    "values": [],
-    "files": ["values"],
+    "system": [],
+    "values": ["system"],
     "engine": ["values"],
     f"{NATIVE}/fonts": ["values"],
     f"{NATIVE}/fonts/fontconfig": ["values", f"{NATIVE}/fonts"],
-    f"{NATIVE}/pictures": ["values", "files"],
+    f"{NATIVE}/pictures": ["values", "system"],
     f"{NATIVE}/document": ["values", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
-    f"{NATIVE}/pdf": ["values", "files", "engine", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
-    f"{NATIVE}/raster": ["values", "files", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
+    f"{NATIVE}/pdf": ["values", "system", "engine", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
+    f"{NATIVE}/raster": ["values", "system", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
     f"{NATIVE}/view": ["values", "engine", "window", f"{NATIVE}/document",
                      f"{NATIVE}/raster"],
     f"{NATIVE}/settings": ["values", "engine", f"{NATIVE}/document"],
     f"{NATIVE}/spool": ["values", "engine", f"{NATIVE}/document"],
-    f"{NATIVE}/spool/cups": ["values", "files", f"{NATIVE}/spool", f"{NATIVE}/document", f"{NATIVE}/pdf"],
+    f"{NATIVE}/spool/cups": ["values", "system", f"{NATIVE}/spool", f"{NATIVE}/document", f"{NATIVE}/pdf"],
     f"{NATIVE}/printing": ["values", "engine", "window", f"{NATIVE}/document", f"{NATIVE}/spool"],
     f"{NATIVE}/setup": ["values", "engine", "window", f"{NATIVE}/settings", f"{NATIVE}/spool",
                       f"{NATIVE}/printing"],
@@ -33,19 +33,19 @@ ALLOWED = {
              f"{NATIVE}/setup", f"{NATIVE}/printing", f"{NATIVE}/spool"],
     "window": ["values"],
     "window/headless": ["values", "window"],
-    "window/qt": ["values", "window", "platform"],
+    "window/qt": ["values", "system", "window", "platform"],
     "platform": ["values", "engine", "window"],
     "state": ["values", "engine"],
     "dialogs": ["values", "engine", "window", "platform", "state"],
     "preview": ["values", "engine", "window", "platform", "state", "dialogs"],
-    "api": ["values", "engine", "window", "platform", "state", "preview", "dialogs"],
+    "api": ["system", "values", "engine", "window", "platform", "state", "preview", "dialogs"],
     "assembly": ["values", "engine", NATIVE, f"{NATIVE}/document", f"{NATIVE}/fonts",
                  f"{NATIVE}/pictures", f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view",
-                 f"{NATIVE}/spool", f"{NATIVE}/spool/cups", "window", "window/headless", "platform", "state", "preview", "dialogs", "api"],
+                 f"{NATIVE}/spool", f"{NATIVE}/spool/cups", "window", "window/headless", "platform", "preview"],
 }
 
-# Outside headers -> the folders that may include them.
-LIBRARIES = {
+# Outside headers -> the folders that may include them. The first pattern that matches rules.
+OUTSIDE = {
     r"fontconfig/": [f"{NATIVE}/fonts/fontconfig"],
     r"fribidi": [f"{NATIVE}/fonts"],
     r"(ft2build\.h|freetype/|FT_)": [f"{NATIVE}/fonts", f"{NATIVE}/pdf", f"{NATIVE}/raster"],
@@ -55,6 +55,14 @@ LIBRARIES = {
     r"libdeflate": [f"{NATIVE}/pdf"],
     r"(cups|gnutls)/": [f"{NATIVE}/spool/cups"],
     r"(Q[A-Z]|xcb/)": ["window/qt"],
+    # The operating system. Sockets also lead to the print server and to a compositor, and Qt changes
+    # the locale of C.
+    r"(poll|sys/poll|sys/socket|sys/un)\.h": ["system", f"{NATIVE}/spool/cups", "window/qt"],
+    r"(cerrno|errno\.h)": ["system", f"{NATIVE}/spool/cups"],
+    r"(clocale|locale\.h)": ["system", "window/qt"],
+    r"(sys|arpa|net|netinet|linux)/|csignal|"
+    r"(aio|dirent|dlfcn|fcntl|ftw|glob|grp|ifaddrs|langinfo|netdb|pthread|pwd|sched|semaphore|signal|"
+    r"spawn|syslog|termios|unistd|utime|windows|wordexp|xlocale)\.h": ["system"],
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
@@ -70,20 +78,28 @@ def folder_of(path):
     return str(parts)
 
 
-def faults_of(path):
+def outside_fault(folder, header):
+    for pattern, folders in OUTSIDE.items():
+        if re.match(pattern, header):
+            return None if folder in folders else f"<{header}> belongs to {', '.join(folders)}"
+    return None
+
+
+def faults_of(path, text):
+    """What is wrong with the includes of a file of src/ that has this text."""
     folder = folder_of(path)
-    for number, line in enumerate((ROOT / "src" / path).read_text().splitlines(), 1):
+    for number, line in enumerate(text.splitlines(), 1):
         match = INCLUDE.match(line)
         if not match:
             continue
         own, outside = match.groups()
+        fault = outside and outside_fault(folder, outside)
         if own and not own.startswith("pagivo/"):
             target = folder_of(own)
             if target != folder and target not in ALLOWED[folder]:
-                yield f"src/{path}:{number}: {folder} may not include {target} ({own})"
-        for pattern, folders in LIBRARIES.items():
-            if outside and re.match(pattern, outside) and folder not in folders:
-                yield f"src/{path}:{number}: <{outside}> belongs to {', '.join(folders)}"
+                fault = f"{folder} may not include {target} ({own})"
+        if fault:
+            yield f"src/{path}:{number}: {fault}"
 
 
 def public_faults():
@@ -99,7 +115,8 @@ def main():
                      for p in (ROOT / "src").rglob("*") if p.suffix in (".h", ".cpp"))
     if not sources:
         raise SystemExit("no sources found")
-    faults = [fault for source in sources for fault in faults_of(source)] + list(public_faults())
+    faults = [fault for source in sources
+              for fault in faults_of(source, (ROOT / "src" / source).read_text())] + list(public_faults())
     print("\n".join(faults) or f"{len(sources)} files keep to their layers")
     return 1 if faults else 0
 

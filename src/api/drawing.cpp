@@ -6,8 +6,8 @@
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
 #include "pagivo/picture.h"
+#include "system/regional_settings.h"
 #include "values/number_text.h"
-#include "values/regional_settings.h"
 
 namespace pagivo {
 

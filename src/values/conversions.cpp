@@ -4,9 +4,9 @@
 #include <limits>
 
 #include "pagivo/arguments.h"
+#include "system/regional_settings.h"
 #include "values/characters.h"
 #include "values/number_text.h"
-#include "values/regional_settings.h"
 
 namespace pagivo {
 namespace {

@@ -7,9 +7,9 @@
 #include <cstdint>
 
 #include "pagivo/error.h"
+#include "system/regional_settings.h"
 #include "values/characters.h"
 #include "values/conversions.h"
-#include "values/regional_settings.h"
 
 namespace pagivo {
 namespace {

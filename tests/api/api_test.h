@@ -14,7 +14,7 @@
 #include "preview/preview_form.h"
 #include "state/module_state.h"
 #include "support/recording_platform.h"
-#include "values/regional_settings.h"
+#include "system/regional_settings.h"
 
 namespace pagivo::testing {
 

@@ -6,10 +6,10 @@
 #include <optional>
 
 #include "faults/failing_system_calls.h"
-#include "files/file_replacement.h"
 #include "pagivo/error.h"
 #include "support/read_file.h"
 #include "support/scratch_folder.h"
+#include "system/host_files.h"
 
 namespace pagivo::testing {
 namespace {

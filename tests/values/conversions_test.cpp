@@ -8,8 +8,8 @@
 #include <limits>
 #include <vector>
 
-#include "decimal_separator_in_test.h"
 #include "outcome.h"
+#include "system/decimal_separator_in_test.h"
 
 namespace pagivo {
 namespace {

@@ -9,8 +9,8 @@
 #include <limits>
 #include <random>
 
-#include "decimal_separator_in_test.h"
 #include "outcome.h"
+#include "system/decimal_separator_in_test.h"
 
 namespace pagivo {
 namespace {

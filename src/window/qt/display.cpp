@@ -2,7 +2,6 @@
 
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <unistd.h>
 #include <xcb/xcb.h>
 
 #include <QCoreApplication>
@@ -11,6 +10,8 @@
 #include <QStringList>
 #include <algorithm>
 #include <cstring>
+
+#include "system/descriptor.h"
 
 namespace pagivo::qt {
 
@@ -69,12 +70,9 @@ bool ReachesWaylandCompositor() {
   if (path.isEmpty() || path.size() >= static_cast<qsizetype>(sizeof address.sun_path))
     return false;
   std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-  const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (descriptor < 0) return false;
-  const bool isReached =
-      connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-  close(descriptor);
-  return isReached;
+  const Descriptor compositor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  return compositor && connect(compositor.Number(), reinterpret_cast<const sockaddr*>(&address),
+                               sizeof address) == 0;
 }
 
 bool IsReached(const QString& platform) {

@@ -6,9 +6,9 @@
 #include "engine/native/pdf/font_embedder.h"
 #include "engine/native/pdf/image_embedder.h"
 #include "engine/native/pdf/page_player.h"
-#include "files/file_failures.h"
-#include "files/file_replacement.h"
 #include "pagivo/error.h"
+#include "system/file_failures.h"
+#include "system/host_files.h"
 
 namespace pagivo::native {
 namespace {

@@ -10,8 +10,9 @@
 #include "engine/native/pictures/pixbuf_decoder.h"
 #include "engine/native/pictures/png_codec.h"
 #include "engine/native/pictures/svg_decoder.h"
-#include "files/input_file.h"
 #include "pagivo/error.h"
+#include "system/host_files.h"
+#include "values/process_wide.h"
 
 namespace pagivo::native {
 namespace {
@@ -134,9 +135,9 @@ class LoadedPictures {
 }  // namespace
 
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path) {
-  static LoadedPictures loaded;
   if (path.empty()) return std::make_shared<PictureImage>();
-  return Named("De afbeelding \"" + path + "\"", [&path] { return loaded.Load(path); });
+  return Named("De afbeelding \"" + path + "\"",
+               [&path] { return ProcessWide<LoadedPictures>().Load(path); });
 }
 
 std::shared_ptr<PictureImage> DecodePicture(std::span<const std::uint8_t> bytes) {

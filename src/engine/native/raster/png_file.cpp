@@ -6,8 +6,8 @@
 #include <new>
 #include <vector>
 
-#include "files/file_replacement.h"
 #include "pagivo/error.h"
+#include "system/host_files.h"
 
 namespace pagivo::native {
 namespace {

@@ -11,7 +11,7 @@
 
 #include "engine/native/spool/cups/server_libraries.h"
 #include "engine/native/spool/print_server.h"
-#include "files/descriptor.h"
+#include "system/descriptor.h"
 
 namespace pagivo::native {
 

@@ -1,5 +1,3 @@
-#include "files/input_file.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -8,6 +6,7 @@
 
 #include "pagivo/error.h"
 #include "support/scratch_folder.h"
+#include "system/host_files.h"
 
 namespace pagivo {
 namespace {

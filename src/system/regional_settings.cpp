@@ -1,4 +1,4 @@
-#include "values/regional_settings.h"
+#include "system/regional_settings.h"
 
 #include <langinfo.h>
 #include <locale.h>

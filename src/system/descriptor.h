@@ -1,4 +1,4 @@
-// An open file of the system's, closed with its holder.
+// An open file or connection of the system's, which is closed with its holder.
 #pragma once
 
 #include <unistd.h>

@@ -1,5 +1,3 @@
-#include "files/file_replacement.h"
-
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -15,6 +13,7 @@
 #include "pagivo/error.h"
 #include "support/read_file.h"
 #include "support/scratch_folder.h"
+#include "system/host_files.h"
 
 namespace pagivo {
 namespace {

@@ -1,7 +1,7 @@
 // A decimal separator for the length of a test.
 #pragma once
 
-#include "values/regional_settings.h"
+#include "system/regional_settings.h"
 
 namespace pagivo {
 

@@ -1,4 +1,4 @@
-// The user's regional settings, as far as numbers in text are concerned.
+// The user's regional settings, as far as numbers in texts are concerned.
 #pragma once
 
 namespace pagivo {
@@ -7,8 +7,9 @@ struct RegionalSettings {
   char decimalSeparator = '.';
 };
 
-// The settings in use: those of the environment (LC_ALL, LC_NUMERIC, LANG), read once at first
-// use without touching the host's locale, unless UseRegionalSettings replaced them.
+// The settings in use: those of the environment (LC_ALL, LC_NUMERIC, LANG), unless
+// UseRegionalSettings has replaced them. The environment is read at the first use, and the host's
+// locale stays as it is.
 const RegionalSettings& CurrentRegionalSettings();
 
 // Replaces the settings in use for the whole process.

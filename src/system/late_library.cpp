@@ -1,4 +1,4 @@
-#include "files/late_library.h"
+#include "system/late_library.h"
 
 #include <dlfcn.h>
 

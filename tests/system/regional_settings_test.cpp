@@ -1,5 +1,5 @@
 // Reading the environment, with real locales that are built for the test.
-#include "values/regional_settings.h"
+#include "system/regional_settings.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -13,7 +13,7 @@
 #include <string>
 #include <tuple>
 
-#include "decimal_separator_in_test.h"
+#include "system/decimal_separator_in_test.h"
 
 // The C library loses a few bytes for every locale that it looks up through LOCPATH.
 extern "C" const char* __lsan_default_suppressions();
