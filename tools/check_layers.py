@@ -34,14 +34,14 @@ ALLOWED = {
     "window": ["values"],
     "window/headless": ["values", "window"],
     "window/qt": ["values", "system", "window", "platform"],
-    "platform": ["values", "engine", "window"],
+    "platform": ["values", "engine", "window", "window/headless", NATIVE, f"{NATIVE}/fonts", f"{NATIVE}/pictures",
+                 f"{NATIVE}/pdf", f"{NATIVE}/view", f"{NATIVE}/spool", f"{NATIVE}/spool/cups"],
     "state": ["values", "engine"],
     "dialogs": ["values", "engine", "window", "platform", "state"],
     "preview": ["values", "engine", "window", "platform", "state", "dialogs"],
     "api": ["system", "values", "engine", "window", "platform", "state", "preview", "dialogs"],
-    "assembly": ["values", "engine", NATIVE, f"{NATIVE}/document", f"{NATIVE}/fonts",
-                 f"{NATIVE}/pictures", f"{NATIVE}/pdf", f"{NATIVE}/raster", f"{NATIVE}/view",
-                 f"{NATIVE}/spool", f"{NATIVE}/spool/cups", "window", "window/headless", "platform", "preview"],
+    "assembly": ["values", "engine", NATIVE, f"{NATIVE}/document", f"{NATIVE}/raster", "platform",
+                 "preview"],
 }
 
 # Outside headers -> the folders that may include them. The first pattern that matches rules.

@@ -1,4 +1,4 @@
-// What stands under the component on this system, in one struct.
+// What the component stands on in this process: engine, windows and pictures, in one struct.
 #pragma once
 
 #include <cstdint>
@@ -18,33 +18,34 @@ class SurfaceContent;
 class WindowSystem;
 
 struct Platform {
-  // Shows the windows; lives as long as it is in use.
+  // Shows the windows, and lives as long as it is in use.
   std::shared_ptr<WindowSystem> windows;
-  // A new, empty engine and exporter for a new preview window. The engine's own dialogs are shown
-  // by the windows in use at that time.
+  // Make a new, empty engine and an exporter for a new preview window. The engine's own dialogs are
+  // shown by the windows in use at that time.
   std::function<std::shared_ptr<PrintEngine>(const Platform& platform)> makeEngine;
   std::function<std::shared_ptr<PdfExporter>()> makePdfExporter;
-  // What draws such an engine's preview on a surface; null for an engine that draws none.
+  // Makes what draws such an engine's preview on a surface; null for an engine that draws none.
   std::function<std::shared_ptr<SurfaceContent>(const std::shared_ptr<PrintEngine>& engine)>
       makeSurfaceContent = nullptr;
-  // A picture object from a file; an empty path gives an empty picture. Raises Error.
+  // Makes a picture object of a file; an empty path gives an empty picture. Raises Error.
   std::function<ObjectRef(const std::string& path)> loadPicture;
-  // The same from a picture file's bytes in memory.
+  // Makes one of a picture file's bytes in memory.
   std::function<ObjectRef(std::span<const std::uint8_t> bytes)> decodePicture;
-  // The device name of the system's default printer, empty when there is none.
+  // Names the system's default printer; empty when there is none.
   std::function<std::string()> defaultPrinter;
   // Raises Error when there is no font to write with; null for an engine that needs none.
   std::function<void()> requireFonts = nullptr;
 };
 
-// The one in use: the native platform unless UsePlatform replaced it.
+// The platform in use: the native one unless UsePlatform has replaced it.
 PAGIVO_EXPORT const Platform& CurrentPlatform();
 
 // Replaces the platform in use. Takes effect for what is created afterwards; an existing preview
 // window keeps its engine, and has the new windows from its next showing on.
 PAGIVO_EXPORT void UsePlatform(Platform platform);
 
-// Our own engine, its exporter and picture loader, and no display. Defined in assembly/.
+// This system's platform: our own engine, its exporter and picture loader, the print server CUPS,
+// and no display.
 Platform NativePlatform();
 
 }  // namespace pagivo
