@@ -52,7 +52,7 @@ OUTSIDE = {
     r"hb": [f"{NATIVE}/fonts", f"{NATIVE}/pdf"],
     r"cairo": [f"{NATIVE}/raster", f"{NATIVE}/pictures"],
     r"(gdk-pixbuf|librsvg|glib|gio|libxml/|png\.h|jpeglib\.h)": [f"{NATIVE}/pictures"],
-    r"libdeflate": [f"{NATIVE}/pdf"],
+    r"libdeflate": [f"{NATIVE}/pdf", f"{NATIVE}/pictures"],
     r"(cups|gnutls)/": [f"{NATIVE}/spool/cups"],
     r"(Q[A-Z]|xcb/)": ["window/qt"],
     # The operating system. Sockets also lead to the print server and to a compositor, and Qt changes

@@ -64,7 +64,7 @@ class ToolbarImage : public ::testing::TestWithParam<Image> {
   const FileBytes file = GetParam().list->Png(GetParam().key, GetParam().size);
   const std::shared_ptr<const native::PictureImage> picture =
       std::dynamic_pointer_cast<const native::PictureImage>(native::DecodePicture(file));
-  const native::PictureImage::Pixels& pixels = picture->GetPixels();
+  const native::PictureImage::Pixels pixels = *picture->GetPixels();
 };
 
 TEST_P(ToolbarImage, HasTheSizeThatIsAskedFor) {

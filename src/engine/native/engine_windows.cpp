@@ -23,8 +23,8 @@ PictureImage::Pixels PixelsOf(const WindowImage& image) {
 }
 
 bool LooksLike(const PictureImage& picture, const PictureImage::Pixels& pixels) {
-  const PictureImage::Pixels& own = picture.GetPixels();
-  return own.width == pixels.width && own.height == pixels.height && own.data == pixels.data;
+  return picture.Width() == pixels.width && picture.Height() == pixels.height &&
+         picture.GetPixels()->data == pixels.data;
 }
 
 }  // namespace
@@ -59,8 +59,7 @@ PictureImageRef NativeEngine::PictureOf(const WindowImage& image) {
     PictureImageRef picture = held.lock();
     if (picture && LooksLike(*picture, pixels)) return picture;
   }
-  auto picture =
-      std::make_shared<const PictureImage>(std::move(pixels), std::vector<std::uint8_t>{});
+  auto picture = std::make_shared<const PictureImage>(std::move(pixels));
   windowPictures_.push_back(picture);
   return picture;
 }

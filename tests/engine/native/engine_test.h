@@ -14,8 +14,7 @@
 namespace pagivo::native {
 
 inline std::shared_ptr<PictureImage> OnePixel() {
-  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {1, 2, 3}},
-                                        std::vector<std::uint8_t>{});
+  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {1, 2, 3}});
 }
 
 class EngineTest : public testing::Test {

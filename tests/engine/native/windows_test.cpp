@@ -109,7 +109,7 @@ TEST_F(WindowsTest, ItsColoursAreThoseOfTheScreen) {
   PictureCollector page;
   engine->GetDocument().Play(1, page);
   ASSERT_EQ(page.pictures.size(), 1U);
-  const PictureImage::Pixels& pixels = page.pictures[0]->GetPixels();
+  const PictureImage::Pixels pixels = *page.pictures[0]->GetPixels();
   EXPECT_FALSE(pixels.hasAlpha);
   EXPECT_EQ(pixels.data.size(), std::size_t{40} * 20 * 3);
   for (std::size_t at = 0; at < pixels.data.size(); at += 3) {

@@ -121,8 +121,7 @@ void TracePlayer::DrawPolygon(std::span<const Point> points) {
 void TracePlayer::DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) {
   Add("picture");
   AddRectangle(rectangle);
-  const PictureImage::Pixels& pixels = picture->GetPixels();
-  Add("of " + std::to_string(pixels.width) + " x " + std::to_string(pixels.height));
+  Add("of " + std::to_string(picture->Width()) + " x " + std::to_string(picture->Height()));
   EndLine();
 }
 

@@ -1,42 +1,47 @@
 #include "engine/native/pdf/image_embedder.h"
 
+#include <span>
+#include <utility>
+
 #include "engine/native/pdf/image_samples.h"
-#include "engine/native/pdf/jpeg_frame.h"
 
 namespace pagivo::native {
 namespace {
+
+std::string_view BytesOf(std::span<const std::uint8_t> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
 
 PdfName DeviceColorSpace(int components) {
   return {components == 1 ? "DeviceGray" : "DeviceRGB"};
 }
 
-PdfArray TableColorSpace(std::span<const std::uint32_t> table) {
-  std::string bytes;
-  for (const std::uint32_t color : table) {
-    for (const int shift : {16, 8, 0}) bytes.push_back(static_cast<char>(color >> shift));
-  }
+PdfArray TableColorSpace(std::span<const std::uint8_t> table) {
   PdfArray space;
   space.Add(PdfName{"Indexed"}).Add(PdfName{"DeviceRGB"});
-  space.Add(table.size() - 1).Add(PdfBytes{bytes});
+  space.Add(table.size() / 3 - 1).Add(PdfBytes{BytesOf(table)});
   return space;
 }
 
-PdfDictionary ImageDictionary(std::int32_t width, std::int32_t height) {
+// An empty table is none.
+PdfDictionary ImageDictionary(std::int32_t width, std::int32_t height, int samplesPerPixel,
+                              std::span<const std::uint8_t> table) {
   PdfDictionary dictionary;
   dictionary.Put("Type", PdfName{"XObject"}).Put("Subtype", PdfName{"Image"});
   dictionary.Put("Width", width).Put("Height", height).Put("BitsPerComponent", 8);
+  if (table.empty()) {
+    dictionary.Put("ColorSpace", DeviceColorSpace(samplesPerPixel));
+  } else {
+    dictionary.Put("ColorSpace", TableColorSpace(table));
+  }
   return dictionary;
 }
 
-// Large files are decoded to a half, a quarter or an eighth of their sides.
-bool IsDecodedFrom(const PictureImage::Pixels& pixels, const JpegFrame& frame) {
-  for (const std::int32_t reduction : {1, 2, 4, 8}) {
-    const auto divided = [reduction](std::int32_t side) {
-      return (side + reduction - 1) / reduction;
-    };
-    if (pixels.width == divided(frame.width) && pixels.height == divided(frame.height)) return true;
-  }
-  return false;
+// Of rows that are predicted as PNG does it.
+PdfDictionary Prediction(std::int32_t width, int samplesPerPixel) {
+  PdfDictionary prediction;
+  prediction.Put("Predictor", 15).Put("Colors", samplesPerPixel).Put("Columns", width);
+  return prediction;
 }
 
 std::string ImageName(std::size_t index) {
@@ -59,41 +64,37 @@ PdfDictionary ImageEmbedder::Resources() const {
 
 PdfReference ImageEmbedder::Write(const PictureImage& picture) {
   const PdfReference image = file_.Reserve();
-  if (WriteJpeg(image, picture)) return image;
-
+  if (const StoredPicture* stored = picture.Stored()) {
+    WriteStored(image, *stored);
+    return image;
+  }
+  const PictureImage::PixelsRef pixels = picture.GetPixels();
   PdfReference mask;
-  if (const ImageSamples alpha = MakeAlphaSamples(picture.GetPixels()); !alpha.bytes.empty()) {
+  if (const ImageSamples alpha = MakeAlphaSamples(*pixels); !alpha.bytes.empty()) {
     mask = file_.Reserve();
     WriteSamples(mask, alpha, {});
   }
-  WriteSamples(image, MakeColorSamples(picture.GetPixels()), mask);
+  WriteSamples(image, MakeColorSamples(*pixels), mask);
   return image;
 }
 
-// False when there is no JPEG file, or one that is not this picture.
-bool ImageEmbedder::WriteJpeg(PdfReference image, const PictureImage& picture) {
-  const std::optional<JpegFrame> frame = ReadJpegFrame(picture.Jpeg());
-  if (!frame || !IsDecodedFrom(picture.GetPixels(), *frame) ||
-      (frame->components != 1 && frame->components != 3)) {
-    return false;
+void ImageEmbedder::WriteStored(PdfReference image, const StoredPicture& stored) {
+  PdfDictionary dictionary =
+      ImageDictionary(stored.width, stored.height, stored.samplesPerPixel, stored.colors);
+  if (stored.coding == StoredPicture::Coding::Jpeg) {
+    dictionary.Put("Filter", PdfName{"DCTDecode"});
+  } else {
+    dictionary.Put("Filter", PdfName{"FlateDecode"});
+    dictionary.Put("DecodeParms", Prediction(stored.width, stored.samplesPerPixel));
   }
-  PdfDictionary dictionary = ImageDictionary(frame->width, frame->height);
-  dictionary.Put("ColorSpace", DeviceColorSpace(frame->components));
-  dictionary.Put("Filter", PdfName{"DCTDecode"});
-  const auto* bytes = reinterpret_cast<const char*>(picture.Jpeg().data());
-  file_.WriteEncodedStream(image, std::move(dictionary), {bytes, picture.Jpeg().size()});
-  return true;
+  file_.WriteEncodedStream(image, std::move(dictionary), BytesOf(stored.Data()));
 }
 
 // Prediction makes photographs smaller and drawings larger, so both are tried.
 void ImageEmbedder::WriteSamples(PdfReference image, const ImageSamples& samples,
                                  PdfReference mask) {
-  PdfDictionary dictionary = ImageDictionary(samples.width, samples.height);
-  if (samples.table.empty()) {
-    dictionary.Put("ColorSpace", DeviceColorSpace(samples.samplesPerPixel));
-  } else {
-    dictionary.Put("ColorSpace", TableColorSpace(samples.table));
-  }
+  PdfDictionary dictionary =
+      ImageDictionary(samples.width, samples.height, samples.samplesPerPixel, samples.table);
   if (mask.number != 0) dictionary.Put("SMask", mask);
   dictionary.Put("Filter", PdfName{"FlateDecode"});
 
@@ -103,10 +104,7 @@ void ImageEmbedder::WriteSamples(PdfReference image, const ImageSamples& samples
     file_.WriteEncodedStream(image, std::move(dictionary), plain);
     return;
   }
-  PdfDictionary prediction;
-  prediction.Put("Predictor", 15).Put("Colors", samples.samplesPerPixel);
-  prediction.Put("Columns", samples.width);
-  dictionary.Put("DecodeParms", prediction);
+  dictionary.Put("DecodeParms", Prediction(samples.width, samples.samplesPerPixel));
   file_.WriteEncodedStream(image, std::move(dictionary), predicted);
 }
 

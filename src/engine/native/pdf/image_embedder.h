@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -14,7 +13,7 @@ namespace pagivo::native {
 
 struct ImageSamples;
 
-// Writes each picture once, when it is first drawn.
+// Writes each picture once, when it is first drawn: as its file holds it where PDF takes that.
 class ImageEmbedder {
  public:
   explicit ImageEmbedder(PdfFile& file) : file_(file) {}
@@ -28,7 +27,7 @@ class ImageEmbedder {
 
  private:
   PdfReference Write(const PictureImage& picture);
-  bool WriteJpeg(PdfReference image, const PictureImage& picture);
+  void WriteStored(PdfReference image, const StoredPicture& stored);
   // `mask` says how opaque the samples are; number 0: all are.
   void WriteSamples(PdfReference image, const ImageSamples& samples, PdfReference mask);
 

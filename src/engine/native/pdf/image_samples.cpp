@@ -42,7 +42,7 @@ bool IsGray(const PictureImage::Pixels& pixels) {
 
 // Colours in order of appearance.
 struct ColorTable {
-  std::vector<std::uint32_t> colors;
+  std::vector<std::uint8_t> colors;  // red, green and blue of each
   std::unordered_map<std::uint32_t, std::uint8_t> indexes;
 };
 
@@ -51,11 +51,10 @@ std::optional<ColorTable> MakeColorTable(const PictureImage::Pixels& pixels) {
   const std::size_t size = PixelSize(pixels);
   for (std::size_t i = 0; i + size <= pixels.data.size(); i += size) {
     const std::uint32_t color = ColorOf(&pixels.data[i]);
-    if (!table.indexes.try_emplace(color, static_cast<std::uint8_t>(table.colors.size())).second) {
-      continue;
-    }
-    if (table.colors.size() == kMostTableColors) return std::nullopt;
-    table.colors.push_back(color);
+    const std::size_t count = table.indexes.size();
+    if (!table.indexes.try_emplace(color, static_cast<std::uint8_t>(count)).second) continue;
+    if (count == kMostTableColors) return std::nullopt;
+    table.colors.insert(table.colors.end(), &pixels.data[i], &pixels.data[i] + 3);
   }
   return table;
 }

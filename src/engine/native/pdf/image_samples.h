@@ -15,7 +15,7 @@ struct ImageSamples {
   std::int32_t width = 0;
   std::int32_t height = 0;
   int samplesPerPixel = 1;
-  std::vector<std::uint32_t> table;  // the colours 0xRRGGBB that samples count; empty: none
+  std::vector<std::uint8_t> table;  // red, green and blue of each colour; empty where there is none
   std::string bytes;
 };
 

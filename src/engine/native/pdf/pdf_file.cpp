@@ -149,8 +149,13 @@ std::string PdfFile::CrossReferenceRows(int offsetBytes) const {
 }
 
 void PdfFile::Emit(std::string_view bytes) {
-  output_ += bytes;
   offset_ += bytes.size();
+  if (bytes.size() >= kOutputChunk) {
+    if (!output_.empty()) FlushOutput();
+    sink_({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    return;
+  }
+  output_ += bytes;
   if (output_.size() >= kOutputChunk) FlushOutput();
 }
 

@@ -19,10 +19,6 @@ bool UsesAlpha(const std::vector<std::uint8_t>& data) {
 
 constexpr std::size_t kSums = 5;
 
-std::int32_t Divided(std::int32_t side, std::int32_t reduction) {
-  return (side + reduction - 1) / reduction;
-}
-
 std::uint8_t Mean(std::uint64_t sum, std::uint64_t weight) {
   return static_cast<std::uint8_t>(weight == 0 ? 0 : (sum + weight / 2) / weight);
 }
@@ -53,6 +49,10 @@ void DropUnusedAlpha(PictureImage::Pixels& pixels) {
   pixels.hasAlpha = false;
 }
 
+std::int32_t DividedSide(std::int32_t side, std::int32_t reduction) {
+  return (side + reduction - 1) / reduction;
+}
+
 std::int32_t ReductionFor(std::int64_t width, std::int64_t height, std::int64_t maximum) {
   std::int64_t reduction = 1;
   const auto divided = [&reduction](std::int64_t side) {
@@ -65,8 +65,8 @@ std::int32_t ReductionFor(std::int64_t width, std::int64_t height, std::int64_t 
 RowReducer::RowReducer(std::int32_t width, std::int32_t height, bool hasAlpha,
                        std::int32_t reduction)
     : width_(width), height_(height), reduction_(reduction) {
-  pixels_.width = Divided(width, reduction);
-  pixels_.height = Divided(height, reduction);
+  pixels_.width = DividedSide(width, reduction);
+  pixels_.height = DividedSide(height, reduction);
   pixels_.hasAlpha = hasAlpha;
   const auto columns = static_cast<std::size_t>(pixels_.width);
   pixels_.data.reserve(columns * static_cast<std::size_t>(pixels_.height) * (hasAlpha ? 4 : 3));

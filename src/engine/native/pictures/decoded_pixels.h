@@ -14,6 +14,9 @@ void MakeAlphaStraight(std::span<std::uint8_t> data);
 // are drawn faster.
 void DropUnusedAlpha(PictureImage::Pixels& pixels);
 
+// A side made smaller by a whole number, a rest counting as a pixel.
+std::int32_t DividedSide(std::int32_t side, std::int32_t reduction);
+
 // The whole number by which both sides are divided so that no more than `maximum` pixels stay.
 std::int32_t ReductionFor(std::int64_t width, std::int64_t height, std::int64_t maximum);
 

@@ -76,9 +76,11 @@ class MarkerWalk {
 
   JpegStructure Structure() const {
     constexpr std::uint8_t kBitsPerSample = 8;
-    return {ReadBig16(frame_, 3), ReadBig16(frame_, 1), static_cast<int>(components_),
-            (frameMarker_ == kBaselineFrame || frameMarker_ == kProgressiveFrame) &&
-                frame_[0] == kBitsPerSample};
+    const bool isUsual = frameMarker_ == kBaselineFrame || frameMarker_ == kProgressiveFrame;
+    return {.width = ReadBig16(frame_, 3),
+            .height = ReadBig16(frame_, 1),
+            .components = static_cast<int>(components_),
+            .suitsPdf = isUsual && frame_[0] == kBitsPerSample};
   }
 
  private:
@@ -295,6 +297,17 @@ class JpegReader {
   jpeg_decompress_struct info_{};
 };
 
+// The size that ReadPixels comes to.
+void TellDecodedSize(JpegStructure& structure) {
+  const auto first =
+      static_cast<std::int32_t>(ReductionWhileDecoding(structure.width, structure.height));
+  const std::int32_t width = DividedSide(structure.width, first);
+  const std::int32_t height = DividedSide(structure.height, first);
+  const std::int32_t second = ReductionFor(width, height, kMaximumKeptPixels);
+  structure.decodedWidth = DividedSide(width, second);
+  structure.decodedHeight = DividedSide(height, second);
+}
+
 }  // namespace
 
 JpegStructure ReadJpegStructure(PictureBytes bytes) {
@@ -305,6 +318,7 @@ JpegStructure ReadJpegStructure(PictureBytes bytes) {
   JpegStructure structure = walk.Structure();
   structure.suitsPdf = structure.suitsPdf && trial.ColorsAreCertain();
   trial.ReadPixels();
+  TellDecodedSize(structure);
   return structure;
 }
 

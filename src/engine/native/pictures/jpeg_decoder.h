@@ -11,6 +11,8 @@ namespace pagivo::native {
 struct JpegStructure {
   std::int32_t width = 0;
   std::int32_t height = 0;
+  std::int32_t decodedWidth = 0;  // of the pixels that DecodeJpeg gives
+  std::int32_t decodedHeight = 0;
   int components = 0;
   // Every PDF reader shows the file's bytes with the colours that DecodeJpeg gives: the file is
   // baseline or progressive, has 8 bits a sample, and is grey or of a colour space that it names

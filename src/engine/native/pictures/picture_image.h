@@ -4,11 +4,33 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "pagivo/picture.h"
 
 namespace pagivo::native {
+
+// A picture as its file holds it, in a coding that PDF knows too. The file is whole: it can be
+// decoded at any time.
+struct StoredPicture {
+  enum class Coding : std::uint8_t { Jpeg, Png };
+
+  Coding coding = Coding::Jpeg;
+  std::int32_t width = 0;  // of the file; fewer pixels may be kept of a large one
+  std::int32_t height = 0;
+  int samplesPerPixel = 3;           // 1 for grey and for an index into the colours
+  std::vector<std::uint8_t> colors;  // red, green and blue of each; empty where there is no table
+  std::vector<std::uint8_t> file;
+  // What PDF takes of the file: all of a JPEG, the packed rows of a PNG.
+  std::size_t dataBegin = 0;
+  std::size_t dataSize = 0;
+
+  std::span<const std::uint8_t> Data() const {
+    return std::span(file).subspan(dataBegin, dataSize);
+  }
+};
 
 // Pixels are immutable once loaded. An empty picture has neither width nor height and draws
 // nothing.
@@ -22,19 +44,37 @@ class PictureImage : public Picture {
     // premultiplied) alpha (4 bytes) when hasAlpha.
     std::vector<std::uint8_t> data;
   };
+  using PixelsRef = std::shared_ptr<const Pixels>;
 
-  PictureImage() = default;
-  // `jpeg`: the file's own bytes when it is a JPEG that PDF readers take as it is, else empty.
-  PictureImage(Pixels pixels, std::vector<std::uint8_t> jpeg)
-      : pixels_(std::move(pixels)), jpeg_(std::move(jpeg)) {}
+  PictureImage() : PictureImage(Pixels()) {}
+  explicit PictureImage(Pixels pixels);
+  // A picture that is decoded when its pixels are asked for. `width` and `height` are those of the
+  // decoded pixels.
+  PictureImage(StoredPicture stored, std::int32_t width, std::int32_t height);
+  ~PictureImage() override;
+  PictureImage(const PictureImage&) = delete;
+  PictureImage& operator=(const PictureImage&) = delete;
 
-  bool IsEmpty() const noexcept { return pixels_.width == 0 || pixels_.height == 0; }
-  const Pixels& GetPixels() const noexcept { return pixels_; }
-  const std::vector<std::uint8_t>& Jpeg() const noexcept { return jpeg_; }
+  // How many pixels of stored pictures stay decoded when nobody holds them.
+  static constexpr std::int64_t kMaximumDecodedPixels = 3 << 23;
+
+  bool IsEmpty() const noexcept { return width_ == 0 || height_ == 0; }
+  std::int32_t Width() const noexcept { return width_; }
+  std::int32_t Height() const noexcept { return height_; }
+
+  // Whoever holds the answer has the pixels as long. Those of a stored picture are decoded when
+  // they are asked for, and let go when others have been asked for since (kMaximumDecodedPixels).
+  PixelsRef GetPixels() const;
+  // The file of a picture that PDF takes as it is; null for another.
+  const StoredPicture* Stored() const noexcept { return stored_ ? &*stored_ : nullptr; }
 
  private:
-  Pixels pixels_;
-  std::vector<std::uint8_t> jpeg_;
+  void KeepDecoded() const;
+
+  std::int32_t width_ = 0;
+  std::int32_t height_ = 0;
+  std::optional<const StoredPicture> stored_;
+  mutable PixelsRef pixels_;  // null while a stored picture is not decoded
 };
 
 using PictureImageRef = std::shared_ptr<const PictureImage>;

@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/jpeg_decoder.h"
@@ -19,57 +21,73 @@ namespace {
 
 using PictureRef = std::shared_ptr<PictureImage>;
 
-PictureRef PictureOf(PictureImage::Pixels pixels, std::vector<std::uint8_t> jpeg = {}) {
+PictureRef PictureOf(PictureImage::Pixels pixels) {
   DropUnusedAlpha(pixels);
-  return std::make_shared<PictureImage>(std::move(pixels), std::move(jpeg));
+  return std::make_shared<PictureImage>(std::move(pixels));
 }
 
-PictureRef DecodeRaster(PictureFormat format, PictureBytes bytes) {
+PictureRef LoadRaster(PictureFormat format, PictureBytes bytes) {
   return PictureOf(DecodeRasterFile(format, bytes));
 }
 
-PictureRef DecodeBmp(PictureBytes bytes) {
+PictureRef LoadBmp(PictureBytes bytes) {
   RequireWholeBmp(bytes);
-  return DecodeRaster(PictureFormat::Bmp, bytes);
+  return LoadRaster(PictureFormat::Bmp, bytes);
 }
 
-PictureRef DecodeIcon(PictureBytes bytes) {
-  const std::vector<std::uint8_t> icon = LargestIcon(bytes);
-  return FormatOf(icon) == PictureFormat::Png ? PictureOf(DecodePng(icon))
-                                              : DecodeRaster(PictureFormat::Ico, icon);
+PictureRef LoadPng(std::vector<std::uint8_t> file) {
+  std::optional<StoredPicture> stored = TakePackedPng(file);
+  if (!stored) return PictureOf(DecodePng(file));
+  const std::int32_t reduction = ReductionFor(stored->width, stored->height, kMaximumKeptPixels);
+  const std::int32_t width = DividedSide(stored->width, reduction);
+  const std::int32_t height = DividedSide(stored->height, reduction);
+  return std::make_shared<PictureImage>(std::move(*stored), width, height);
 }
 
-PictureRef LoadJpeg(PictureBytes bytes) {
-  const JpegStructure structure = ReadJpegStructure(bytes);
-  PictureImage::Pixels pixels = DecodeJpeg(bytes);
-  if (!structure.suitsPdf) return PictureOf(std::move(pixels));
-  return PictureOf(std::move(pixels), {bytes.begin(), bytes.end()});
+PictureRef LoadJpeg(std::vector<std::uint8_t> file) {
+  const JpegStructure structure = ReadJpegStructure(file);
+  if (!structure.suitsPdf) return PictureOf(DecodeJpeg(file));
+  StoredPicture stored;
+  stored.coding = StoredPicture::Coding::Jpeg;
+  stored.width = structure.width;
+  stored.height = structure.height;
+  stored.samplesPerPixel = structure.components;
+  stored.dataSize = file.size();
+  stored.file = std::move(file);
+  return std::make_shared<PictureImage>(std::move(stored), structure.decodedWidth,
+                                        structure.decodedHeight);
 }
 
-PictureRef Decode(PictureBytes bytes);
+PictureRef LoadIcon(PictureBytes bytes) {
+  std::vector<std::uint8_t> icon = LargestIcon(bytes);
+  return FormatOf(icon) == PictureFormat::Png ? LoadPng(std::move(icon))
+                                              : LoadRaster(PictureFormat::Ico, icon);
+}
+
+PictureRef PictureOfFile(std::vector<std::uint8_t> file);
 
 PictureImage::Pixels DecodeInSvg(PictureBytes bytes) {
-  return Decode(bytes)->GetPixels();
+  return *PictureOfFile({bytes.begin(), bytes.end()})->GetPixels();
 }
 
-PictureRef Decode(PictureBytes bytes) {
-  if (bytes.empty()) throw DecodeFailure("het bestand is leeg");
-  switch (const PictureFormat format = FormatOf(bytes)) {
+PictureRef PictureOfFile(std::vector<std::uint8_t> file) {
+  if (file.empty()) throw DecodeFailure("het bestand is leeg");
+  switch (const PictureFormat format = FormatOf(file)) {
     case PictureFormat::Bmp:
-      return DecodeBmp(bytes);
+      return LoadBmp(file);
     case PictureFormat::Gif:
-      return DecodeRaster(format, FirstGifFrame(bytes));
+      return LoadRaster(format, FirstGifFrame(file));
     case PictureFormat::Ico:
-      return DecodeIcon(bytes);
+      return LoadIcon(file);
     case PictureFormat::Jpeg:
-      return LoadJpeg(bytes);
+      return LoadJpeg(std::move(file));
     case PictureFormat::Png:
-      return PictureOf(DecodePng(bytes));
+      return LoadPng(std::move(file));
     case PictureFormat::Tiff:
-      RequireBoundedTiff(bytes);
-      return DecodeRaster(format, bytes);
+      RequireBoundedTiff(file);
+      return LoadRaster(format, file);
     case PictureFormat::Svg:
-      return PictureOf(DecodeSvg(bytes, DecodeInSvg));
+      return PictureOf(DecodeSvg(file, DecodeInSvg));
     case PictureFormat::Unknown:
       break;
   }
@@ -79,6 +97,7 @@ PictureRef Decode(PictureBytes bytes) {
 [[noreturn]] void ThrowInvalidPicture(const std::string& picture, const std::string& reason) {
   throw Error(ErrorNumber::InvalidPicture, picture + " kan niet worden gebruikt: " + reason);
 }
+
 std::vector<std::uint8_t> ReadPictureFile(const std::string& path) {
   InputFile file(path);
   if (file.Identity().size > kMaximumPictureFileBytes) RefuseTooLarge();
@@ -98,7 +117,7 @@ PictureRef Named(const std::string& picture, Load load) {
 // A picture that somebody holds, and what it was loaded from.
 struct LoadedPicture {
   std::weak_ptr<PictureImage> picture;
-  std::size_t contents = 0;   // a hash of the file's bytes
+  std::size_t contents = 0;   // a hash of the file's bytes, where identities may not tell
   bool showsChanges = false;  // another identity would tell of other contents
 };
 
@@ -115,10 +134,10 @@ class LoadedPictures {
     PictureRef held = found == pictures_.end() ? nullptr : found->second.picture.lock();
     if (held && found->second.showsChanges) return held;
     const bool showsChanges = ShowsChanges(file);  // before its bytes are read
-    const std::vector<std::uint8_t> bytes = ReadPictureFile(path);
-    const std::size_t contents = HashOf(bytes);
+    std::vector<std::uint8_t> bytes = ReadPictureFile(path);
+    const std::size_t contents = showsChanges && !held ? 0 : HashOf(bytes);
     const bool isSame = held && found->second.contents == contents;
-    PictureRef picture = isSame ? held : Decode(bytes);
+    PictureRef picture = isSame ? held : PictureOfFile(std::move(bytes));
     Keep(file, {picture, contents, showsChanges});
     return picture;
   }
@@ -141,7 +160,7 @@ std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path) {
 }
 
 std::shared_ptr<PictureImage> DecodePicture(std::span<const std::uint8_t> bytes) {
-  return Named("De afbeelding", [bytes] { return Decode(bytes); });
+  return Named("De afbeelding", [bytes] { return PictureOfFile({bytes.begin(), bytes.end()}); });
 }
 
 }  // namespace pagivo::native

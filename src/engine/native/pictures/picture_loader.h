@@ -51,7 +51,7 @@ inline constexpr int kSvgLongestLongSide = 4096;
 // while it has changed so recently that the times may not tell.
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path);
 
-// The same from a picture file's bytes; nothing is kept of them but a JPEG's. Raises
+// The same from a picture file's bytes, of which a copy is kept at most. Raises
 // ErrorNumber::InvalidPicture.
 std::shared_ptr<PictureImage> DecodePicture(std::span<const std::uint8_t> bytes);
 

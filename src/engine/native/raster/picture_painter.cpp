@@ -148,8 +148,9 @@ void PaintPicture(cairo_t* cairo, cairo_surface_t* picture, const PixelRectangle
 cairo_surface_t* PictureCache::Find(const PictureImageRef& picture, double width, double height) {
   const PixelSize size = SizeFor(*picture, width, height);
   if (cairo_surface_t* known = Look(picture, size, {})) return known;
-  Entry entry{picture, size, {}, ScaledDown(picture->GetPixels(), size.width, size.height), {}};
-  entry.surface.reset(SurfaceOf(entry.pixels, size, picture->GetPixels().hasAlpha));
+  const PictureImage::PixelsRef pixels = picture->GetPixels();
+  Entry entry{picture, size, {}, ScaledDown(*pixels, size.width, size.height), {}};
+  entry.surface.reset(SurfaceOf(entry.pixels, size, pixels->hasAlpha));
   return Keep(std::move(entry));
 }
 
@@ -190,8 +191,8 @@ PixelSize PictureCache::SizeFor(const PictureImage& picture, double width, doubl
   const auto side = [](double shown, std::int32_t own) {
     return std::clamp(std::ceil(shown), 1.0, double(std::min(own, kMaximumBitmapSide)));
   };
-  width = side(width, picture.GetPixels().width);
-  height = side(height, picture.GetPixels().height);
+  width = side(width, picture.Width());
+  height = side(height, picture.Height());
   const double reduction = std::sqrt(std::max(1.0, width * height / maximumPixels));
   return {static_cast<std::int32_t>(std::max(1.0, width / reduction)),
           static_cast<std::int32_t>(std::max(1.0, height / reduction))};

@@ -36,8 +36,7 @@ TEST_F(RecorderTest, ABegunPageIsBlankAndHasItsPaper) {
 }
 
 PictureImageRef OnePixel() {
-  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {0, 0, 0}},
-                                        std::vector<std::uint8_t>{});
+  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, false, {0, 0, 0}});
 }
 
 TEST_F(RecorderTest, EverythingButAPictureEndsAPageOfOnlyPictures) {
@@ -128,8 +127,7 @@ TEST_F(RecorderTest, EveryCommandReplaysAsItWasRecorded) {
   recorder.DrawPolyline(std::vector<Point>{{1, 2}, {3, 4}});
   recorder.DrawPolygon(std::vector<Point>{{1, 2}, {3, 4}, {5, 6}});
   recorder.DrawPicture({9, 8, 7, 6}, std::make_shared<PictureImage>(
-                                         PictureImage::Pixels{2, 1, false, {0, 0, 0, 0, 0, 0}},
-                                         std::vector<std::uint8_t>{}));
+                                         PictureImage::Pixels{2, 1, false, {0, 0, 0, 0, 0, 0}}));
   EXPECT_EQ(Page(1),
             "text 1440 720 \"Hallo\" Arial 10 bold color 000000\n"
             "line 0 0 100.5 -3 pen dash-dot 20 FF0000\n"

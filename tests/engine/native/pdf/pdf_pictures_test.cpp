@@ -1,11 +1,13 @@
 // Pictures in a file.
 #include <gmock/gmock.h>
+#include <png.h>
 
+#include <array>
 #include <fstream>
+#include <span>
 
 #include "engine/native/document/recorder.h"
 #include "engine/native/pdf/image_samples.h"
-#include "engine/native/pdf/jpeg_frame.h"
 #include "engine/native/pdf/pdf_readers.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "support/data/test_data.h"
@@ -33,7 +35,7 @@ PictureImageRef MakePicture(int width, int height, bool alpha,
       if (alpha) pixels.data.push_back(static_cast<std::uint8_t>(color >> 24));
     }
   }
-  return std::make_shared<PictureImage>(std::move(pixels), std::vector<std::uint8_t>());
+  return std::make_shared<PictureImage>(std::move(pixels));
 }
 
 std::uint32_t Gradient(int x, int y) {
@@ -119,22 +121,59 @@ TEST_F(PdfPictures, JpegBytesAreKept) {
   }
 }
 
-TEST_F(PdfPictures, AJpegThatIsNotThePictureIsNotUsed) {
-  const std::string file = ReadFile(DataFile("colors.jpg"));
-  PictureImage::Pixels pixels{1, 1, false, {1, 2, 3}};
-  Draw(std::make_shared<PictureImage>(pixels, std::vector<std::uint8_t>(file.begin(), file.end())));
-  EXPECT_THAT(PdfOnDisk(document_).Images(), Not(HasSubstr("jpeg")));
+// A file that libpng has packed, of 60 x 50 pixels in that format.
+std::vector<std::uint8_t> PackedPng(std::uint32_t format) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = 60;
+  image.height = 50;
+  image.format = format;
+  image.colormap_entries = 40;
+  const bool hasTable = (format & PNG_FORMAT_FLAG_COLORMAP) != 0;
+  std::vector<std::uint8_t> colors(120);
+  for (std::size_t i = 0; i < colors.size(); ++i) colors[i] = static_cast<std::uint8_t>(2 * i);
+  std::vector<std::uint8_t> samples(PNG_IMAGE_SIZE(image));
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    samples[i] = static_cast<std::uint8_t>(hasTable ? i / 3 % 40 : i * i / 200);
+  }
+  std::vector<std::uint8_t> file(PNG_IMAGE_PNG_SIZE_MAX(image));
+  png_alloc_size_t size = file.size();
+  EXPECT_NE(png_image_write_to_memory(&image, file.data(), &size, 0, samples.data(), 0,
+                                      hasTable ? colors.data() : nullptr),
+            0);
+  file.resize(size);
+  return file;
 }
 
-TEST_F(PdfPictures, DamagedJpegBytesAreNotUsed) {
-  const std::string file = ReadFile(DataFile("colors.jpg"));
-  for (std::size_t size = 0; size < 200; ++size) {
-    std::vector<std::uint8_t> bytes(file.begin(), file.begin() + std::ptrdiff_t(size));
-    const auto frame = ReadJpegFrame(bytes);
-    EXPECT_TRUE(!frame || frame->width == 16);
+// The pixels of the file's only picture, as both readers unpack it.
+void ExpectUnpackedPixels(const PdfOnDisk& pdf, const PictureImage& picture) {
+  const std::vector<std::uint8_t> expected = picture.GetPixels()->data;
+  const std::string folder = pdf.Folder().File("");
+  OutputOf("pdfimages -png '" + pdf.Path() + "' '" + folder + "poppler'");
+  OutputOf("cd '" + folder + "' && mutool extract -r '" + pdf.Path() + "'");
+  const std::string mupdf = OutputOf("ls '" + folder + "' | grep '^image-'");
+  for (const std::string& name :
+       {std::string("poppler-000.png"), mupdf.substr(0, mupdf.find('\n'))}) {
+    const auto unpacked = LoadPictureFile(folder + name);
+    EXPECT_EQ(unpacked->GetPixels()->data, expected) << name;
   }
-  const std::uint8_t endless[] = {0xFF, 0xD8, 0xFF, 0xE0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
-  EXPECT_FALSE(ReadJpegFrame(endless));
+}
+
+TEST_F(PdfPictures, PngDataAreKeptAndReadersUnpackThem) {
+  constexpr std::array<std::uint32_t, 3> kFormats{PNG_FORMAT_RGB, PNG_FORMAT_GRAY,
+                                                  PNG_FORMAT_RGB_COLORMAP};
+  for (const std::uint32_t format : kFormats) {
+    Document document;
+    Recorder recorder(document);
+    recorder.BeginPage({20000, 20000});
+    const auto picture = DecodePicture(PackedPng(format));
+    ASSERT_NE(picture->Stored(), nullptr);
+    recorder.DrawPicture({0, 0, 400, 400}, picture);
+    const std::span<const std::uint8_t> data = picture->Stored()->Data();
+    EXPECT_THAT(PdfBytes(document),
+                HasSubstr(std::string(reinterpret_cast<const char*>(data.data()), data.size())));
+    ExpectUnpackedPixels(PdfOnDisk(document), *picture);
+  }
 }
 
 TEST_F(PdfPictures, ColoursGreysAndFewColoursAreToldApart) {
@@ -162,7 +201,7 @@ TEST_F(PdfPictures, PixelsComeBackAsTheyWere) {
     OutputOf("pdfimages '" + pdf.Path() + "' '" + pdf.Folder().File("raw") + "'");
     const std::string color = ReadFile(pdf.Folder().File("raw-000.ppm"));
     const std::string gray = ReadFile(pdf.Folder().File("raw-000.pgm"));
-    const auto& data = picture->GetPixels().data;
+    const auto& data = picture->GetPixels()->data;
     std::string expected(data.begin(), data.end());
     if (color.empty()) {
       expected.clear();
@@ -222,16 +261,6 @@ TEST_F(PdfPictures, EmptyPicturesAndEmptyRectanglesDrawNothing) {
   Draw(nullptr);
   Draw(MakePicture(2, 2, false, Gradient), {100, 100, 100, 400});
   EXPECT_EQ(CountOf("/Subtype /Image", PdfOnDisk(document_).Plain()), 0);
-}
-
-TEST(JpegFrame, SaysSizeAndComponents) {
-  const std::string file = ReadFile(DataFile("gray.jpg"));
-  const auto frame =
-      ReadJpegFrame({reinterpret_cast<const std::uint8_t*>(file.data()), file.size()});
-  ASSERT_TRUE(frame);
-  EXPECT_EQ(frame->components, 1);
-  EXPECT_EQ(frame->width, 16);
-  EXPECT_EQ(frame->height, 8);
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ TEST_P(EveryPicture, CutOffAnywhereIsRefusedOrStillWhole) {
   for (std::size_t length = 0; length < bytes.size(); ++length) {
     const auto cut = DecodeOrRefuse({bytes.begin(), bytes.begin() + std::ptrdiff_t(length)});
     if (cut == nullptr) continue;
-    EXPECT_EQ(cut->GetPixels().data, whole->GetPixels().data) << "at " << length;
+    EXPECT_EQ(cut->GetPixels()->data, whole->GetPixels()->data) << "at " << length;
   }
 }
 
@@ -230,13 +230,13 @@ TEST(Bomb, SvgFiltersTakeNoTime) {
       Svg("",
           "<filter id='f'><feTurbulence numOctaves='1000000' baseFrequency='0.1'/></filter>"
           "<rect width='100' height='100' fill='red' filter='url(#f)'/>"));
-  EXPECT_EQ(picture->GetPixels().data.at(0), 255);
+  EXPECT_EQ(picture->GetPixels()->data.at(0), 255);
 }
 
 TEST(Svg, LoadsNothingOutsideItself) {
   const auto picture = DecodePicture(Svg("", "<image width='100' height='100' xlink:href='file://" +
                                                  PicturePath("colors.png") + "'/>"));
-  EXPECT_EQ(picture->GetPixels().data, Bytes(picture->GetPixels().data.size(), 0));
+  EXPECT_EQ(picture->GetPixels()->data, Bytes(picture->GetPixels()->data.size(), 0));
 }
 
 TEST(Svg, OfAnotherKindOfXmlIsRefused) {

@@ -43,7 +43,7 @@ testing::AssertionResult IsRefused(const Bytes& bytes, const std::string& reason
 // Red, green, blue and alpha at a place from 0 to 100.
 using Rgba = std::array<int, 4>;
 Rgba ColorAt(const PictureImage& picture, int x, int y) {
-  const PictureImage::Pixels& pixels = picture.GetPixels();
+  const PictureImage::Pixels pixels = *picture.GetPixels();
   const std::size_t channels = pixels.hasAlpha ? 4 : 3;
   const auto at =
       static_cast<std::size_t>(pixels.height * y / 100 * pixels.width + pixels.width * x / 100) *
@@ -273,7 +273,7 @@ TEST(SvgWork, ThatIsMuchMakesFewerPixels) {
   const std::string large =
       "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9' width='20in' height='20in'>" +
       Repeated("<rect width='9' height='9' opacity='.5'/>", 25) + "</svg>";
-  EXPECT_EQ(DecodePicture(TextBytes(large))->GetPixels().width, 2048);
+  EXPECT_EQ(DecodePicture(TextBytes(large))->GetPixels()->width, 2048);
 }
 
 // What stays as it was.

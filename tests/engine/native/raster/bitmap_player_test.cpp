@@ -17,7 +17,7 @@ PictureImageRef Gradient() {
                          {std::uint8_t(x % 256), std::uint8_t(y), 40, std::uint8_t((x + y) % 256)});
     }
   }
-  return std::make_shared<PictureImage>(std::move(pixels), std::vector<std::uint8_t>{});
+  return std::make_shared<PictureImage>(std::move(pixels));
 }
 
 // Every operation in every pen and brush.

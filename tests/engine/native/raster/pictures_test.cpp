@@ -22,13 +22,12 @@ PictureImageRef Quarters(int side) {
       pixels.data.push_back(channel(below));
     }
   }
-  return std::make_shared<PictureImage>(std::move(pixels), std::vector<std::uint8_t>{});
+  return std::make_shared<PictureImage>(std::move(pixels));
 }
 
 PictureImageRef OnePixel(std::vector<std::uint8_t> channels) {
   const bool hasAlpha = channels.size() == 4;
-  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, hasAlpha, std::move(channels)},
-                                        std::vector<std::uint8_t>{});
+  return std::make_shared<PictureImage>(PictureImage::Pixels{1, 1, hasAlpha, std::move(channels)});
 }
 
 using DrawnPicture = DrawnPage;
@@ -83,19 +82,18 @@ TEST_F(DrawnPicture, WithoutExtentDrawsNothing) {
 
 TEST_F(DrawnPicture, OfAVeryLongPictureIsDrawn) {
   PictureImage::Pixels pixels{40000, 1, false, std::vector<std::uint8_t>(120000, 0)};
-  Page().DrawPicture(Pixels(0, 0, 200, 100), std::make_shared<PictureImage>(
-                                                 std::move(pixels), std::vector<std::uint8_t>{}));
+  Page().DrawPicture(Pixels(0, 0, 200, 100), std::make_shared<PictureImage>(std::move(pixels)));
   EXPECT_EQ(PixelAt(Draw(), 100, 50), kBlackPixel);
 }
 
 TEST(ScaledPicture, OfItsOwnSizeIsUnchanged) {
-  EXPECT_EQ(ScaledDown(Quarters(1)->GetPixels(), 2, 2),
+  EXPECT_EQ(ScaledDown(*Quarters(1)->GetPixels(), 2, 2),
             (std::vector<std::uint32_t>{kRedPixel, kGreenPixel, kBluePixel, kWhitePixel}));
 }
 
 TEST(ScaledPicture, IsTheMeanOfWhatItCovers) {
-  EXPECT_EQ(ScaledDown(Quarters(50)->GetPixels(), 1, 1), (std::vector<std::uint32_t>{0xFF808080}));
-  EXPECT_EQ(ScaledDown(Quarters(50)->GetPixels(), 2, 2),
+  EXPECT_EQ(ScaledDown(*Quarters(50)->GetPixels(), 1, 1), (std::vector<std::uint32_t>{0xFF808080}));
+  EXPECT_EQ(ScaledDown(*Quarters(50)->GetPixels(), 2, 2),
             (std::vector<std::uint32_t>{kRedPixel, kGreenPixel, kBluePixel, kWhitePixel}));
 }
 

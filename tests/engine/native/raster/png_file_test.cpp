@@ -33,8 +33,8 @@ TEST(PngFile, HoldsThePixels) {
   const std::string path = folder.FileNamed("two_pixels.png");
   WritePng(kTwoPixels, path);
   const auto picture = LoadPictureFile(path);
-  EXPECT_EQ(picture->GetPixels().width, 2);
-  EXPECT_EQ(picture->GetPixels().data, (std::vector<std::uint8_t>{255, 0, 0, 0, 0, 255}));
+  EXPECT_EQ(picture->GetPixels()->width, 2);
+  EXPECT_EQ(picture->GetPixels()->data, (std::vector<std::uint8_t>{255, 0, 0, 0, 0, 255}));
 }
 
 TEST(PngFile, ThatCannotBeWrittenIsAnError) {

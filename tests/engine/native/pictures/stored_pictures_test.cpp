@@ -1,0 +1,281 @@
+// Pictures that stay as their files hold them: what PDF takes, decoded when somebody looks.
+#include <gtest/gtest.h>
+#include <png.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "engine/native/pictures/picture_files.h"
+#include "engine/native/pictures/picture_loader.h"
+#include "engine/native/pictures/png_codec.h"
+#include "pagivo/error.h"
+
+namespace pagivo::native {
+namespace {
+
+bool IsRefused(const Bytes& bytes) {
+  try {
+    DecodePicture(bytes);
+    return false;
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
+    return true;
+  }
+}
+
+// --- JPEG
+
+TEST(StoredJpeg, IsTheFileThatPdfReadersTake) {
+  for (const char* name : {"colors.jpg", "progressive.jpg", "gray.jpg"}) {
+    const auto picture = LoadPictureFile(PicturePath(name));
+    ASSERT_NE(picture->Stored(), nullptr) << name;
+    EXPECT_EQ(picture->Stored()->coding, StoredPicture::Coding::Jpeg);
+    EXPECT_TRUE(std::ranges::equal(picture->Stored()->Data(), PictureFile(name))) << name;
+    EXPECT_EQ(picture->Stored()->width, 16);
+    EXPECT_EQ(picture->Stored()->height, 8);
+  }
+  EXPECT_EQ(LoadPictureFile(PicturePath("gray.jpg"))->Stored()->samplesPerPixel, 1);
+  EXPECT_EQ(LoadPictureFile(PicturePath("colors.jpg"))->Stored()->samplesPerPixel, 3);
+}
+
+TEST(StoredJpeg, IsNoneOfCmyk) {
+  EXPECT_EQ(LoadPictureFile(PicturePath("cmyk.jpg"))->Stored(), nullptr);
+}
+
+// The marker's last occurrence, or the file's end.
+std::size_t LastMarker(const Bytes& file, std::uint8_t marker) {
+  const std::uint8_t wanted[] = {0xFF, marker};
+  return static_cast<std::size_t>(
+      std::find_end(file.begin(), file.end(), std::begin(wanted), std::end(wanted)) - file.begin());
+}
+
+TEST(StoredJpeg, IsRefusedAtLoadingWhereTheDecoderWouldGiveUp) {
+  Bytes file = PictureFile("progressive.jpg");
+  const std::size_t tables = LastMarker(file, 0xC4);
+  ASSERT_LT(tables, file.size());
+  file.at(tables + 5) = 0xFF;  // so many codes of one bit
+  EXPECT_TRUE(IsRefused(file)) << "a table of a later scan";
+
+  file = PictureFile("colors.jpg");
+  file.at(LastMarker(file, 0xDA) + 6) = 0x33;
+  EXPECT_TRUE(IsRefused(file)) << "a table that is not there";
+}
+
+// --- PNG
+
+struct PngText {
+  std::string type;
+  Bytes data;
+};
+
+void AppendNumber(Bytes& out, std::size_t number) {
+  for (int shift = 24; shift >= 0; shift -= 8) {
+    out.push_back(static_cast<std::uint8_t>(number >> shift));
+  }
+}
+
+// A file of the chunks, each with its checksum.
+Bytes PngOf(const std::vector<PngText>& chunks) {
+  Bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  for (const auto& [type, data] : chunks) {
+    AppendNumber(file, data.size());
+    const std::size_t begin = file.size();
+    file.insert(file.end(), type.begin(), type.end());
+    file.insert(file.end(), data.begin(), data.end());
+    std::uint32_t sum = 0xFFFFFFFF;  // CRC 32 bit by bit
+    for (std::size_t i = begin; i < file.size(); ++i) {
+      sum ^= file[i];
+      for (int bit = 0; bit < 8; ++bit) sum = sum >> 1 ^ (0xEDB88320U & (0U - (sum & 1)));
+    }
+    AppendNumber(file, ~sum);
+  }
+  return file;
+}
+
+Bytes HeaderOf(std::uint8_t width, std::uint8_t height, std::uint8_t bits, std::uint8_t color) {
+  return {0, 0, 0, width, 0, 0, 0, height, bits, color, 0, 0, 0};
+}
+
+// The rows in one stored block of deflate, in two data chunks.
+std::vector<PngText> DataOf(const Bytes& rows) {
+  Bytes packed{0x78, 0x01, 1};
+  const auto size = static_cast<std::uint8_t>(rows.size());
+  for (const std::uint8_t byte : {size, std::uint8_t{0}, std::uint8_t(~size), std::uint8_t{0xFF}}) {
+    packed.push_back(byte);
+  }
+  packed.insert(packed.end(), rows.begin(), rows.end());
+  std::uint32_t one = 1;  // Adler 32
+  std::uint32_t two = 0;
+  for (const std::uint8_t byte : rows) {
+    one = (one + byte) % 65521;
+    two = (two + one) % 65521;
+  }
+  AppendNumber(packed, two << 16 | one);
+  const auto middle = packed.begin() + std::ssize(packed) / 2;
+  return {{"IDAT", {packed.begin(), middle}}, {"IDAT", {middle, packed.end()}}};
+}
+
+Bytes Joined(std::vector<PngText> chunks, const Bytes& rows) {
+  for (PngText& chunk : DataOf(rows)) chunks.push_back(std::move(chunk));
+  chunks.push_back({"IEND", {}});
+  return PngOf(chunks);
+}
+
+// Packed by libpng: large enough that packing pays.
+Bytes PackedPng(std::uint32_t format, int width = 50, int height = 40) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = static_cast<png_uint_32>(width);
+  image.height = static_cast<png_uint_32>(height);
+  image.format = format;
+  Bytes pixels(PNG_IMAGE_SIZE(image));
+  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<std::uint8_t>(i * i / 90);
+  Bytes file(PNG_IMAGE_PNG_SIZE_MAX(image));
+  png_alloc_size_t size = file.size();
+  EXPECT_NE(png_image_write_to_memory(&image, file.data(), &size, 0, pixels.data(), 0, nullptr), 0);
+  file.resize(size);
+  return file;
+}
+
+TEST(StoredPng, IsTheDataOfOpaqueRows) {
+  struct Kind {
+    std::uint32_t format;
+    int samples;
+  };
+  for (const auto& [format, samples] : {Kind{PNG_FORMAT_RGB, 3}, Kind{PNG_FORMAT_GRAY, 1}}) {
+    const Bytes file = PackedPng(format);
+    const auto picture = DecodePicture(file);
+    ASSERT_NE(picture->Stored(), nullptr);
+    EXPECT_EQ(picture->Stored()->coding, StoredPicture::Coding::Png);
+    EXPECT_EQ(picture->Stored()->samplesPerPixel, samples);
+    EXPECT_EQ(picture->Stored()->width, 50);
+    EXPECT_EQ(picture->Stored()->height, 40);
+    EXPECT_EQ(picture->GetPixels()->data, DecodePng(file).data);
+    EXPECT_EQ(picture->Stored()->Data()[0] & 0x0F, 8) << "what deflate begins with";
+  }
+}
+
+TEST(StoredPng, KeepsNothingThatThePictureDoesNotNeed) {
+  const Bytes plain = PackedPng(PNG_FORMAT_RGB);
+  Bytes file = plain;
+  const Bytes text = PngOf({{"tEXt", Bytes(5000, 'a')}});
+  file.insert(file.begin() + 33, text.begin() + 8, text.end());  // behind the header
+  const auto picture = DecodePicture(file);
+  ASSERT_NE(picture->Stored(), nullptr);
+  EXPECT_EQ(picture->Stored()->file.size(), DecodePicture(plain)->Stored()->file.size());
+  EXPECT_EQ(picture->GetPixels()->data, DecodePng(plain).data);
+}
+
+TEST(StoredPng, IsNoneOfOtherRows) {
+  EXPECT_EQ(DecodePicture(PackedPng(PNG_FORMAT_RGBA))->Stored(), nullptr);
+  for (const char* name : {"alpha.png", "interlaced.png", "sixteen_bit.png", "opaque_alpha.png"}) {
+    EXPECT_EQ(LoadPictureFile(PicturePath(name))->Stored(), nullptr) << name;
+  }
+}
+
+const Bytes kRows{0, 10, 20, 30, 0, 40, 50, 60};
+
+TEST(StoredPng, IsNoneOfDataLargerThanTheirRows) {
+  const auto picture = DecodePicture(Joined({{"IHDR", HeaderOf(3, 2, 8, 0)}}, kRows));
+  EXPECT_EQ(picture->Stored(), nullptr);
+  EXPECT_EQ(picture->GetPixels()->data,
+            (Bytes{10, 10, 10, 20, 20, 20, 30, 30, 30, 40, 40, 40, 50, 50, 50, 60, 60, 60}));
+}
+
+// Rows of one value, so that the few bytes that deflate's codes take are fewer.
+Bytes LongRows(std::uint8_t value, std::uint8_t filter = 0) {
+  Bytes rows;
+  for (int y = 0; y < 2; ++y) {
+    rows.push_back(filter);
+    rows.insert(rows.end(), 100, value);
+  }
+  return rows;
+}
+
+TEST(StoredPng, OfATableHasTheColorOfEveryIndex) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = 50;
+  image.height = 40;
+  image.format = PNG_FORMAT_RGB_COLORMAP;
+  image.colormap_entries = 20;
+  Bytes colors(60);
+  for (std::size_t i = 0; i < colors.size(); ++i) colors[i] = static_cast<std::uint8_t>(i * 4);
+  Bytes indexes(2000);
+  for (std::size_t i = 0; i < indexes.size(); ++i) indexes[i] = i % 7 == 0 ? 19 : i % 2;
+  Bytes file(PNG_IMAGE_PNG_SIZE_MAX(image));
+  png_alloc_size_t size = file.size();
+  ASSERT_NE(
+      png_image_write_to_memory(&image, file.data(), &size, 0, indexes.data(), 0, colors.data()),
+      0);
+  file.resize(size);
+  const auto picture = DecodePicture(file);
+  ASSERT_NE(picture->Stored(), nullptr);
+  EXPECT_EQ(picture->Stored()->colors, colors);
+  EXPECT_EQ(picture->Stored()->samplesPerPixel, 1);
+  const Bytes pixels = picture->GetPixels()->data;
+  for (std::size_t i = 0; i < indexes.size(); ++i) {
+    ASSERT_EQ(pixels.at(3 * i), colors.at(std::size_t{3} * indexes[i])) << i;
+  }
+}
+
+TEST(StoredPng, WhoseDataAreDamagedIsRefused) {
+  const Bytes whole = PackedPng(PNG_FORMAT_RGB);
+  for (std::size_t at = 60; at + 20 < whole.size(); at += 97) {
+    Bytes file = whole;
+    file.at(at) ^= 1;
+    EXPECT_TRUE(IsRefused(file)) << at;
+  }
+}
+
+TEST(StoredPng, OfARowThatIsPredictedInNoKnownWayIsRefused) {
+  EXPECT_TRUE(IsRefused(Joined({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 5))));
+  EXPECT_FALSE(IsRefused(Joined({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 4))));
+}
+
+// --- Pixels that nobody holds
+
+// Photographs of six million pixels each.
+Bytes LargePng() {
+  return PackedPng(PNG_FORMAT_GRAY, 3000, 2000);
+}
+
+TEST(DecodedPictures, StayWhileTheyAreFew) {
+  const auto picture = DecodePicture(LargePng());
+  const std::weak_ptr<const PictureImage::Pixels> pixels = picture->GetPixels();
+  EXPECT_FALSE(pixels.expired());
+  EXPECT_EQ(picture->GetPixels(), pixels.lock());
+}
+
+TEST(DecodedPictures, AreLetGoWhenOthersAreAskedForAndComeBackTheSame) {
+  const Bytes file = LargePng();
+  std::vector<std::shared_ptr<PictureImage>> pictures;
+  std::vector<std::weak_ptr<const PictureImage::Pixels>> pixels;
+  for (int i = 0; i < 5; ++i) {
+    pictures.push_back(DecodePicture(file));
+    pixels.emplace_back(pictures.back()->GetPixels());
+  }
+  EXPECT_TRUE(pixels.front().expired());
+  for (std::size_t i = 1; i < pixels.size(); ++i) EXPECT_FALSE(pixels[i].expired()) << i;
+  EXPECT_EQ(pictures.front()->GetPixels()->data, pictures.back()->GetPixels()->data);
+  EXPECT_TRUE(pixels[1].expired()) << "asked for longest ago";
+}
+
+TEST(DecodedPictures, StayWithWhoeverHoldsThem) {
+  const Bytes file = LargePng();
+  const auto first = DecodePicture(file);
+  const PictureImage::PixelsRef held = first->GetPixels();
+  for (int i = 0; i < 5; ++i) DecodePicture(file)->GetPixels();
+  EXPECT_EQ(held->width, 3000);
+}
+
+TEST(DecodedPictures, GoWithTheirPicture) {
+  auto picture = DecodePicture(LargePng());
+  const std::weak_ptr<const PictureImage::Pixels> pixels = picture->GetPixels();
+  picture = nullptr;
+  EXPECT_TRUE(pixels.expired());
+}
+
+}  // namespace
+}  // namespace pagivo::native
