@@ -10,7 +10,7 @@
 #include <new>
 #include <vector>
 
-#include "engine/native/pictures/decoded_pixels.h"
+#include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {

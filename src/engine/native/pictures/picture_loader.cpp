@@ -6,9 +6,9 @@
 #include <string_view>
 #include <utility>
 
-#include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/jpeg_decoder.h"
 #include "engine/native/pictures/picture_bytes.h"
+#include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/pixbuf_decoder.h"
 #include "engine/native/pictures/png_codec.h"
 #include "engine/native/pictures/svg_decoder.h"

@@ -6,8 +6,8 @@
 #include <memory>
 #include <tuple>
 
-#include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_bytes.h"
+#include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/picture_libraries.h"
 #include "engine/native/pictures/picture_loader.h"
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_bytes.h"
+#include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/picture_libraries.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/pictures/pixbuf_decoder.h"

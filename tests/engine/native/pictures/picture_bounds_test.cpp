@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string>
 
-#include "engine/native/pictures/decoded_pixels.h"
 #include "engine/native/pictures/picture_files.h"
+#include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "pagivo/error.h"
 
