@@ -51,7 +51,8 @@ class LibraryFont final : public Font {
   const FontMetrics& Metrics() const override { return metrics_; }
 
   void Shape(std::string_view text, ShapedLine& line) override {
-    if (!advances_->Shape(text, line.glyphs)) return shaper_.Shape(text, faces_, line);
+    line.isPlain = advances_->Shape(text, line.glyphs);
+    if (!line.isPlain) return shaper_.Shape(text, faces_, line);
     const auto& [face, emboldened, slanted] = faces_.Primary();
     line.runs.clear();
     if (text.empty()) return;

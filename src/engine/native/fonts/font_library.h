@@ -42,6 +42,9 @@ struct ShapedRun {
 struct ShapedLine {
   std::vector<ShapedGlyph> glyphs;
   std::vector<ShapedRun> runs;
+  // Known to be plain: every glyph stands where its pen is, for a character of its own, in the
+  // text's order. Other lines may turn out to be so, too.
+  bool isPlain = false;
 };
 
 // Vertical measures of a font; the unit is the font's size (1 em).

@@ -50,7 +50,7 @@ class PageDeflater {
   std::string_view Compress(std::string_view content);
 
  private:
-  // Bits in the order in which they are written, the first one lowest.
+  // Some bits, of which the lowest one is written first.
   struct Code {
     std::uint32_t bits = 0;
     std::uint32_t count = 0;
@@ -74,14 +74,13 @@ class PageDeflater {
   std::array<std::uint16_t, 1U << kHashBits> lastSeen_{};  // of four bytes, by their hash
   std::vector<char> output_;
 
-  // Made for one page. Lengths and distances hold their further bits, too, as far as they are
-  // known.
+  // Made for one page. The code of a length holds the further bits of that length, too.
   int pagesLeft_ = 0;
   std::size_t bytesForThousand_ = 0;  // what a thousand bytes of that page became
   std::array<Code, kLiteralCodes> literals_{};
   std::array<Code, kLongestMatch + 1> lengths_{};
   std::array<Code, kDistanceCodes> distances_{};
-  std::vector<char> header_;  // its full bytes
+  std::vector<char> header_;  // of the file's form and of the block, as far as its bytes are full
   Code begunByHeader_;        // the rest of it
 };
 

@@ -112,6 +112,7 @@ const GlyphCode& GlyphCodes::FindOrAdd(std::uint32_t glyph, std::string_view tex
   if (Entry& entry = entries_[glyph]; key != 0 && entry.key == 0) {
     entry.key = key;
     entry.code = Add(glyph, text);
+    if (entry.code.bytes == 1) entry.byteKey = ByteKey(entry.code.font, key);
     return entry.code;
   }
   std::string longKey = std::to_string(glyph);

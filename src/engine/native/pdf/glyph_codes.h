@@ -74,6 +74,13 @@ class GlyphCodes {
     return found ? &entries_[glyph].code : nullptr;
   }
 
+  // The same for codes of one byte in that font; null for others.
+  const GlyphCode* FindByte(std::uint16_t font, std::uint32_t glyph, std::string_view text) const {
+    const std::uint64_t key = ByteKey(font, ShortKey(text));
+    const bool found = glyph < entries_.size() && entries_[glyph].byteKey == key;
+    return found ? &entries_[glyph].code : nullptr;
+  }
+
   const Face& FaceUsed() const noexcept { return *face_; }
   bool HasTrueTypeOutlines() const noexcept { return trueType_; }
   const std::vector<CodedFont>& Fonts() const noexcept { return fonts_; }
@@ -82,6 +89,7 @@ class GlyphCodes {
   // The first short text of a glyph, which is found without hashing.
   struct Entry {
     std::uint32_t key = 0;
+    std::uint64_t byteKey = 0;  // when the code has one byte
     GlyphCode code;
     std::uint8_t textCount = 0;
   };
@@ -104,6 +112,11 @@ class GlyphCodes {
     if (text.size() > sizeof key) return 0;
     for (const char byte : text) key = key << 8 | static_cast<unsigned char>(byte);
     return key;
+  }
+
+  // Not zero, and equal for the same font and key only, of which the key is not zero.
+  static std::uint64_t ByteKey(std::uint16_t font, std::uint32_t key) {
+    return (std::uint64_t{font} + 1) << 32 | key;
   }
 
   const GlyphCode& FindOrAdd(std::uint32_t glyph, std::string_view text, std::uint32_t key);

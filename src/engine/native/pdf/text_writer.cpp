@@ -20,6 +20,7 @@ std::string_view TextOf(const ShapedGlyph& glyph, std::string_view text) {
 // Whether every glyph stands where its pen is and for a piece of text of its own, in the text's
 // order.
 bool IsPlain(const ShapedLine& line) {
+  if (line.isPlain) return true;
   bool plain = true;
   std::int64_t before = -1;
   for (const ShapedGlyph& glyph : line.glyphs) {
@@ -100,15 +101,15 @@ double TextWriter::DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string
     DrawGlyph(glyphs[i], TextOf(glyphs[i], text), {x, start.y});
     const std::size_t stop =
         std::min(glyphs.size(), i + std::min(string.size(), stream_.RoomInString()) + 1);
+    const std::uint16_t font = stream_.Font();
     char* end = string.data();
     double readerPen = readerPen_;
     for (;;) {
       advances += glyphs[i].advance;
       x = start.x + static_cast<double>(advances) * unitsToPage;
       if (++i == stop) break;
-      const GlyphCode* code = codes_->Find(glyphs[i].glyph, TextOf(glyphs[i], text));
-      if (code == nullptr || !stream_.HasFont(code->font) || code->bytes != 1) break;
-      if (std::abs(x - readerPen) > kTolerance) break;
+      const GlyphCode* code = codes_->FindByte(font, glyphs[i].glyph, TextOf(glyphs[i], text));
+      if (code == nullptr || std::abs(x - readerPen) > kTolerance) break;
       *end++ = static_cast<char>(code->code);
       readerPen += code->advance * thousandthToPage;
     }

@@ -68,6 +68,7 @@ TEST_P(TextWays, WriteTheSameBytes) {
   Font& font = FontLibrary::Instance().Find(GetParam().face, true, true);
   ShapedLine line;
   font.Shape(text, line);
+  line.isPlain = false;
   line.glyphs.back().yOffset = 3000;  // a line with a glyph beside the baseline is not plain
   const std::string general = Written(line, text);
 
