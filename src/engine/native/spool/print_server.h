@@ -19,8 +19,8 @@ enum class PrinterState : std::uint8_t { Idle, Printing, Stopped };
 
 struct Printer {
   std::string name;
-  std::string uri;            // by which the server takes jobs for it
-  std::string deviceAddress;  // where the printer is, as the server says it
+  std::string uri;            // where the server takes jobs for it
+  std::string deviceAddress;  // where the printer is, in the server's words
   PrinterState state = PrinterState::Idle;
   // Keywords such as "media-empty"; empty when there is nothing to tell.
   std::vector<std::string> stateReasons;
@@ -30,9 +30,9 @@ struct Printer {
 struct JobTicket {
   std::string printer;
   std::string title;  // UTF-8; may be empty
-  int copies = 1;     // each a whole set of the pages
-  MediaSize size;     // the paper's
-  // As the printer knows the paper; without them the printer chooses.
+  int copies = 1;     // whole sets of the pages
+  MediaSize size;     // of the paper
+  // The margins of the paper as the printer knows it; without them the printer chooses.
   std::optional<MediaMargins> margins;
 };
 
