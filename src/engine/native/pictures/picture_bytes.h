@@ -24,9 +24,11 @@ class TooLargeFailure : public DecodeFailure {
   using DecodeFailure::DecodeFailure;
 };
 
-[[noreturn]] void RefuseDamaged();      // damaged or cut off
-[[noreturn]] void RefuseTooLarge();     // more than a bound of pixels or bytes
-[[noreturn]] void RefuseTooMuchWork();  // to decode
+// Each refuses a picture: one that is damaged or cut off, one that passes a bound of pixels or
+// bytes, one that would be too much work to decode.
+[[noreturn]] void RefuseDamaged();
+[[noreturn]] void RefuseTooLarge();
+[[noreturn]] void RefuseTooMuchWork();
 
 // How a library written in C leaves its callers when it gives up: by a jump past all frames to
 // where they entered it.
@@ -50,10 +52,11 @@ class WayOut {
 // Refuses a picture of no pixels as damaged and one of more than kMaximumPixels as too large.
 void RequireDecodableSize(std::int64_t width, std::int64_t height);
 
-// The `count` bytes from `at`; refuses the picture as damaged when they are not all there.
+// Gives the `count` bytes from `at`. Refuses the picture as damaged when they are not all there.
 PictureBytes Slice(PictureBytes bytes, std::size_t at, std::size_t count);
 
-// Whole numbers at `at`, the lowest byte first (Little) or last (Big). They refuse like Slice.
+// Each gives the whole number at `at`, whose lowest byte stands first (Little) or last (Big), and
+// refuses like Slice.
 std::uint16_t ReadLittle16(PictureBytes bytes, std::size_t at);
 std::uint32_t ReadLittle32(PictureBytes bytes, std::size_t at);
 std::uint16_t ReadBig16(PictureBytes bytes, std::size_t at);
@@ -61,7 +64,8 @@ std::uint32_t ReadBig32(PictureBytes bytes, std::size_t at);
 
 enum class PictureFormat : std::uint8_t { Unknown, Bmp, Gif, Ico, Jpeg, Png, Tiff, Svg };
 
-// By the signature at the start of the file, whatever its name. Any XML counts as SVG.
+// Tells the format by the signature at the start of the file, whatever its name. Any XML counts as
+// SVG.
 PictureFormat FormatOf(PictureBytes bytes);
 
 }  // namespace pagivo::native

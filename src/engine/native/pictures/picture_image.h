@@ -101,9 +101,9 @@ class RowReducer {
  public:
   RowReducer(std::int32_t width, std::int32_t height, bool hasAlpha, std::int32_t reduction);
 
-  // RGB, or RGBA with straight alpha.
+  // Takes the next row: RGB, or RGBA with straight alpha.
   void Take(const std::uint8_t* row);
-  // When all rows were given.
+  // Gives the picture, when all rows were taken.
   PictureImage::Pixels TakePixels() { return std::move(pixels_); }
 
  private:
@@ -117,7 +117,7 @@ class RowReducer {
   PictureImage::Pixels pixels_;
 };
 
-// The picture of at most `maximum` pixels.
+// Makes the picture smaller where it has more than `maximum` pixels.
 PictureImage::Pixels Reduced(PictureImage::Pixels pixels, std::int64_t maximum);
 
 }  // namespace pagivo::native

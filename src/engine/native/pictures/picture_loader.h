@@ -1,4 +1,4 @@
-// Picture files: BMP, GIF, ICO, JPEG, PNG, TIFF and SVG.
+// Picture files loaded: BMP, GIF, ICO, JPEG, PNG, TIFF and SVG.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,7 @@ inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 18;
 inline constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 27;
 #endif
 
-// So are those for which the decoder needs more memory than this.
+// So are pictures for which the decoder needs more memory than this.
 inline constexpr std::int64_t kMaximumDecoderBytes = std::int64_t{3} << 26;
 
 // A picture of more pixels is made smaller by the least whole number that brings it below: an A4
@@ -47,8 +47,8 @@ inline constexpr int kSvgLongestLongSide = 4096;
 // An empty path gives an empty picture. Raises ErrorNumber::FileAccess when the file cannot be read
 // or is no ordinary file, ErrorNumber::InvalidPicture when it is no picture, is damaged, incomplete
 // or too large; the description names the file. The same unchanged file gives the same object while
-// somebody holds it. Identity, size and times of change tell whether it has changed, its contents
-// while it has changed so recently that the times may not tell.
+// somebody holds it. Whether it has changed is told by its identity, size and times of change, and
+// by its contents as long as the last change is so recent that the times may not tell.
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path);
 
 // The same from a picture file's bytes, of which a copy is kept at most. Raises

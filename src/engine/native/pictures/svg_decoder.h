@@ -9,9 +9,9 @@
 
 namespace pagivo::native {
 
-// Of all pictures that stand in a file, by what their headers say.
+// The pixels of all pictures that stand in a file, by what their headers say.
 inline constexpr std::int64_t kMaximumSvgPicturePixels = std::int64_t{1} << 24;
-// Larger ones are made smaller than this.
+// A picture of more pixels is made smaller than this.
 inline constexpr std::int64_t kMaximumSvgOnePicturePixels = std::int64_t{1} << 22;
 
 // Decodes a picture that stands in the file.

@@ -13,7 +13,7 @@
 
 namespace pagivo::native {
 
-// Bounds of a file, far above any drawing. What stands in memory while it is read is a multiple.
+// Bounds of a file, far above any drawing. While a file is read, a multiple of it stands in memory.
 inline constexpr std::size_t kMaximumSvgBytes = std::size_t{64} << 20;
 inline constexpr std::size_t kMaximumSvgElements = std::size_t{1} << 17;
 inline constexpr std::size_t kMaximumSvgText = std::size_t{1} << 25;  // with entities put in
@@ -30,9 +30,9 @@ struct SvgNode {
   std::string text;
   double pixels = 0;  // of the picture that the element shows
 
-  // Empty for an attribute that is not there.
+  // Gives nothing for an attribute that is not there.
   std::string_view Attribute(std::string_view key) const;
-  // The declaration or else the attribute.
+  // Gives the declaration, or where there is none the attribute.
   std::string_view Property(std::string_view key) const;
   void Put(SvgProperties& list, std::string_view key, std::string_view value);
 };
@@ -42,17 +42,19 @@ struct SvgNode {
 // bound.
 SvgNode ParseSvg(PictureBytes bytes);
 
-// The XML of the element and what it holds.
+// Writes the element and what it holds as XML.
 std::string WriteSvg(const SvgNode& root);
 
 // The elements by their id.
 using SvgIds = std::unordered_map<std::string_view, const SvgNode*>;
 SvgIds IdsOf(const SvgNode& root);
 
-// The id in a reference such as "#id" or "url(#id)", in quotes or not; empty for any other text.
+// Gives the id in a reference such as "#id" or "url(#id)", in quotes or not, and nothing for any
+// other text.
 std::string_view ReferenceIn(std::string_view value);
 
-// A selector and a rule beyond these are refused: matching them all is quadratic work.
+// A file with more selectors, or with more pairs of a selector and an element, is refused: matching
+// them all is quadratic work.
 inline constexpr std::size_t kMaximumSvgSelectors = 4096;
 inline constexpr std::size_t kMaximumSvgMatchings = std::size_t{1} << 24;
 

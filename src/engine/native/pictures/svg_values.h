@@ -18,14 +18,14 @@ struct SvgMatrix {
   SvgPoint Apply(SvgPoint point) const {
     return {xx * point.x + xy * point.y + x0, yx * point.x + yy * point.y + y0};
   }
-  // What this one does to what `inner` has done.
+  // The matrix that does first what `inner` does and then what this one does.
   SvgMatrix After(const SvgMatrix& inner) const;
   // The most that a length can grow.
   double Scale() const;
 };
 
-// The number at the beginning of `text`, which is taken away with the blanks and the comma around
-// it; none, and the text as it was, when there is no number.
+// Takes the number at the beginning of `text` away, with the blanks and the comma around it. Gives
+// none and leaves the text as it was when there is no number.
 std::optional<double> TakeSvgNumber(std::string_view& text);
 
 // All numbers that stand there, whatever stands between them.
@@ -36,10 +36,11 @@ struct SvgUnits {
   double fontSize = 0;
   double whole = 0;  // of per cent
 };
-// None for no length or an unknown unit.
+// Gives none for what is no length or has an unknown unit.
 std::optional<double> SvgLength(std::string_view text, const SvgUnits& units);
 
-// Both the attribute's and the style sheets' way of writing; the identity for what is neither.
+// Reads both the attribute's and the style sheets' way of writing; gives the identity for what is
+// neither.
 SvgMatrix SvgTransform(std::string_view text);
 
 struct SvgBox {

@@ -1,4 +1,5 @@
-// How much work a drawing is, told before anything is drawn.
+// How much work a drawing is, told before anything is drawn: outlines and frames are what it is
+// reckoned with.
 #pragma once
 
 #include <cmath>
@@ -20,12 +21,12 @@ struct SvgOutline {
   double left = 0, top = 0, right = 0, bottom = 0;
 };
 
-// The segments of a basic shape or path; none for another element.
+// Gives the segments of a basic shape or path, and none for another element.
 std::optional<std::vector<SvgSegment>> SvgSegmentsOf(const SvgNode& node, const SvgUnits& units);
 
 SvgOutline OutlineOf(std::span<const SvgSegment> segments, const SvgMatrix& matrix);
 
-// The same segments wherever they may stand: each as large as the box.
+// Tells of segments whose place is not known: each counts as if it were as large as the box.
 SvgOutline OutlineAnywhere(std::span<const SvgSegment> segments, double width, double height);
 
 struct SvgStroke {
@@ -40,6 +41,7 @@ struct SvgSize {
   double height = 0;
 };
 
+// What holds for an element and those in it.
 struct SvgFrame {
   SvgMatrix matrix;
   SvgBox viewport;          // user units
@@ -69,15 +71,16 @@ void InheritSvgFont(SvgFrame& frame, const SvgNode& node);
 // Moves by the element's x and y.
 void TranslateSvg(const SvgNode& node, SvgFrame& frame);
 
-// Into the coordinates of an svg or symbol element. `size` is the element that says how large: the
-// one itself, or the `use` that shows it.
+// Goes over to the coordinates of an svg or symbol element. `size` is the element that says how
+// large: the one itself, or the `use` that shows it.
 void EnterSvgViewport(const SvgNode& node, const SvgNode& size, SvgFrame& frame);
 
 SvgStroke SvgStrokeIn(const SvgFrame& frame);
 
-// About a nanosecond each, on a machine of ten years ago.
+// A unit of work took about a nanosecond on a machine of ten years ago.
 inline constexpr double kMaximumSvgWork = 2e9;
-// What groups that are drawn apart before they come onto the picture may take at one time.
+// So many bytes may be taken at one time by groups that are drawn apart before they come onto the
+// picture.
 inline constexpr double kMaximumSvgLayerBytes = 192 << 20;
 
 // Whether the SVG library can draw the file at that many pixels within the bounds. `own` is the
