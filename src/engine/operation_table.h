@@ -2,7 +2,6 @@
 // late bound through these tables.
 #pragma once
 
-#include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
 #include "values/late_binding.h"
 

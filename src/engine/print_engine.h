@@ -1,4 +1,5 @@
-// The contract with the print engine: a page-layout, printing and preview control.
+// The contract with the print engine, a page-layout, printing and preview control, and with the PDF
+// exporter.
 //
 // Everything the component needs of an engine goes through these operations and no others. Lengths
 // and positions are twips (1/1440 inch), y down; colours are 0x00BBGGRR; pages count from 1. Any
@@ -11,6 +12,7 @@
 #include <string_view>
 
 #include "pagivo/object.h"
+#include "pagivo/print_outcome.h"
 #include "pagivo/variant.h"
 
 namespace pagivo {
@@ -152,5 +154,40 @@ inline constexpr std::int32_t kZoomPageWidth = 4;
 // PrintDialog.
 inline constexpr std::int32_t kPrinterSetupDialog = 0;
 inline constexpr std::int32_t kPageSetupDialog = 1;
+
+// The contract with the PDF exporter.
+class PdfExporter : public Object {
+ public:
+  // Writes pages firstPage..lastPage of the engine's completed document to the named file. Raises
+  // an Error when it cannot; what was there before is then untouched.
+  virtual void ExportPdf(const ObjectRef& engine, const std::string& fileName,
+                         std::int16_t firstPage, std::int16_t lastPage) = 0;
+
+  // Late binding, through the table of operations.
+  Variant CallMember(std::string_view name, std::span<Variant> arguments) override;
+};
+
+// What PrintReport tells.
+struct PrintCommandOutcome {
+  std::int16_t result = kNothingPrinted;
+  std::string description;
+  std::string printer;
+  std::int32_t copies = 0;
+  std::int32_t printedCopies = 0;
+};
+
+// What an engine may offer beside the contract: a print command as one whole.
+class PrintSeries {
+ public:
+  // Every PrintDoc until EndSeries prints one of so many copies. The user follows and stops them
+  // all as one; after a failure or the user's cancelling every further PrintDoc raises that error
+  // again. Raises ErrorNumber::NoDocument within another series.
+  virtual void BeginSeries(std::int32_t copies) = 0;
+  // Tells the user of a failure and returns when that has been read. Nothing without a series.
+  virtual PrintCommandOutcome EndSeries() = 0;
+
+ protected:
+  ~PrintSeries() = default;
+};
 
 }  // namespace pagivo

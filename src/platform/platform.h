@@ -7,7 +7,6 @@
 #include <span>
 #include <string>
 
-#include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
 #include "pagivo/export.h"
 #include "pagivo/object.h"

@@ -5,7 +5,6 @@
 #include <memory>
 #include <string_view>
 
-#include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
 #include "platform/platform.h"
 #include "state/module_state.h"

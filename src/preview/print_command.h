@@ -4,7 +4,6 @@
 #include <cstdint>
 
 #include "engine/print_engine.h"
-#include "engine/print_series.h"
 
 namespace pagivo {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/print_series.h"
+#include "engine/print_engine.h"
 #include "pagivo/array.h"
 #include "pagivo/object.h"
 

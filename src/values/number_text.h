@@ -1,6 +1,7 @@
 // Numbers written as text and read from it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,5 +22,15 @@ double ParseNumber(std::string_view text);
 // there is none. Blanks, tabs and line breaks are skipped wherever they stand. Raises Overflow
 // beyond Double.
 double LeadingNumber(std::string_view text);
+
+// Lengths as users read and type them: millimetres with a decimal comma.
+//
+// Writes `25,4`, rounded to one decimal, whatever the regional settings are. Takes 0 and more.
+std::string FormatMillimetres(double millimetres);
+
+// Reads the whole text as a number of millimetres: digits with a comma or a point before the
+// decimals, without an exponent or a unit; blanks may stand around it. Answers nothing when the
+// text is no such number.
+std::optional<double> ParseMillimetres(std::string_view text);
 
 }  // namespace pagivo

@@ -7,7 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/pdf_exporter.h"
 #include "engine/print_engine.h"
 #include "support/operation_log.h"
 #include "values/conversions.h"

@@ -18,7 +18,6 @@
 #include "engine/native/settings/page_setup.h"
 #include "engine/native/view/preview.h"
 #include "engine/print_engine.h"
-#include "engine/print_series.h"
 #include "window/window_system.h"
 
 namespace pagivo::native {

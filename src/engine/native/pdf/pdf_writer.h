@@ -7,7 +7,7 @@
 
 #include "engine/native/document/document.h"
 #include "engine/native/pdf/pdf_file.h"
-#include "engine/pdf_exporter.h"
+#include "engine/print_engine.h"
 
 namespace pagivo::native {
 

@@ -9,7 +9,7 @@
 
 #include "engine/native/printing/document_printing.h"
 #include "engine/native/printing/print_progress.h"
-#include "engine/print_series.h"
+#include "engine/print_engine.h"
 
 namespace pagivo::native {
 

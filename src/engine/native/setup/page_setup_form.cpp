@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "engine/native/setup/millimetres.h"
 #include "values/measures.h"
+#include "values/number_text.h"
 
 namespace pagivo::native {
 namespace {
