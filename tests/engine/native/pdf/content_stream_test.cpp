@@ -77,6 +77,11 @@ TEST_F(ContentStreamTest, AStyleOfGlyphsEndsTheStringOnlyWhenItChanges) {
       "/F0 9 Tf\nBT\n10 50 Td\n[(ab)]TJ\n1 0 0 rg\n2 Tr\n1 0 0 RG\n.3 w\n1 j\n[(cd)]TJ\nET\n");
 }
 
+TEST_F(ContentStreamTest, GreyTakesOneNumber) {
+  stream_.SetTextColor(0x808080);
+  EXPECT_EQ(stream_.Finish(), ".502 g\n");
+}
+
 TEST_F(ContentStreamTest, ActualTextHoldsStringsOfItsOwn) {
   Write('a');
   stream_.BeginActualText("\u00E9");

@@ -84,12 +84,6 @@ TEST_F(Content, StylesAreWrittenWhenTheyChangeOnly) {
   EXPECT_EQ(CountOf(" w\n", content), 0) << "1 pt is what pages start with";
 }
 
-TEST_F(Content, GreyTakesOneNumber) {
-  recorder_.SetTextColor(0x808080);
-  recorder_.DrawText({200, 2000}, "a");
-  EXPECT_THAT(Played(), StartsWith(".502 g\n"));
-}
-
 TEST_F(Content, BlackTextNeedsNoColour) {
   recorder_.SetTextColor(0);
   recorder_.DrawText({200, 2000}, "a");
@@ -397,33 +391,6 @@ TEST_F(Content, FewerThanTwoPointsDrawNothing) {
   recorder_.DrawPolyline(point);
   recorder_.DrawPolygon(point);
   EXPECT_EQ(Played(), "");
-}
-
-// Follows the operators as a reader does and compares every glyph with the record.
-TEST_F(Content, EveryGlyphStandsWithinTwoHundredthsOfAPointOfItsRecord) {
-  const std::string text = "AVATAR Te Wo 1.234,56 fluweel: rillerig illiquide WAVE Yp mmmmmmmmm";
-  for (const float size : {7.3333F, 10.0F, 14.0F, 33.3F, 72.0F}) {
-    Document document;
-    Recorder recorder(document);
-    recorder.BeginPage({60000, 20000});
-    recorder.SetFont({.name = "Arial", .size = size});
-    recorder.DrawText({123.4F, 2000}, text);
-    const PdfOnDisk pdf(document);
-    const std::string trace = OutputOf("mutool trace '" + pdf.Path() + "'");
-
-    ShapedLine line;
-    FontLibrary::Instance().Find("Arial", false, false).Shape(text, line);
-    double x = 123.4 / kTwipsPerPoint;
-    std::size_t at = trace.find("<g ");
-    for (const ShapedGlyph& glyph : line.glyphs) {
-      ASSERT_NE(at, std::string::npos);
-      at = trace.find(" x=\"", at) + 4;
-      EXPECT_NEAR(std::strtod(&trace[at], nullptr), x, 0.02) << size;
-      at = trace.find("<g ", at);
-      x += static_cast<double>(glyph.advance) * size / line.runs.at(0).face->UnitsPerEm();
-    }
-    EXPECT_EQ(at, std::string::npos);
-  }
 }
 
 }  // namespace

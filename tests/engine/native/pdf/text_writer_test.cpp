@@ -1,7 +1,12 @@
-// The two ways in which lines are written: the quick one of plain lines and the general one.
+// Lines as they are written, in two ways: the quick one of plain lines and the general one.
 #include "engine/native/pdf/text_writer.h"
 
 #include <gmock/gmock.h>
+
+#include <cstdlib>
+
+#include "engine/native/document/recorder.h"
+#include "engine/native/pdf/pdf_readers.h"
 
 namespace pagivo::native::testing {
 namespace {
@@ -82,6 +87,33 @@ TEST_P(TextWays, WriteTheSameBytes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(PlainTexts, TextWays, ::testing::ValuesIn(kPlainTexts));
+
+// Follows the operators as a reader does and compares every glyph with the record.
+TEST(TextWriter, EveryGlyphStandsWithinTwoHundredthsOfAPointOfItsRecord) {
+  const std::string text = "AVATAR Te Wo 1.234,56 fluweel: rillerig illiquide WAVE Yp mmmmmmmmm";
+  for (const float size : {7.3333F, 10.0F, 14.0F, 33.3F, 72.0F}) {
+    Document document;
+    Recorder recorder(document);
+    recorder.BeginPage({60000, 20000});
+    recorder.SetFont({.name = "Arial", .size = size});
+    recorder.DrawText({123.4F, 2000}, text);
+    const PdfOnDisk pdf(document);
+    const std::string trace = OutputOf("mutool trace '" + pdf.Path() + "'");
+
+    ShapedLine line;
+    FontLibrary::Instance().Find("Arial", false, false).Shape(text, line);
+    double x = 123.4 / kTwipsPerPoint;
+    std::size_t at = trace.find("<g ");
+    for (const ShapedGlyph& glyph : line.glyphs) {
+      ASSERT_NE(at, std::string::npos);
+      at = trace.find(" x=\"", at) + 4;
+      EXPECT_NEAR(std::strtod(&trace[at], nullptr), x, 0.02) << size;
+      at = trace.find("<g ", at);
+      x += static_cast<double>(glyph.advance) * size / line.runs.at(0).face->UnitsPerEm();
+    }
+    EXPECT_EQ(at, std::string::npos);
+  }
+}
 
 }  // namespace
 }  // namespace pagivo::native::testing
