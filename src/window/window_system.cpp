@@ -1,7 +1,5 @@
 #include "window/window_system.h"
 
-#include "window/form_user.h"
-
 namespace pagivo {
 
 FormPeer::~FormPeer() = default;
@@ -9,7 +7,5 @@ FormPeer::~FormPeer() = default;
 ControlPeer::~ControlPeer() = default;
 
 WindowSystem::~WindowSystem() = default;
-
-FormUser::~FormUser() = default;
 
 }  // namespace pagivo

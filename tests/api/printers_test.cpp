@@ -2,8 +2,8 @@
 
 #include "api/api_test.h"
 #include "platform/platform.h"
+#include "support/form_user.h"
 #include "support/no_windows.h"
-#include "window/headless/headless_user.h"
 
 namespace pagivo::testing {
 namespace {

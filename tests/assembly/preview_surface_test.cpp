@@ -9,7 +9,7 @@
 #include "pagivo/pg_print.h"
 #include "platform/platform.h"
 #include "preview/preview_form.h"
-#include "window/headless/headless_user.h"
+#include "support/user/headless_user.h"
 #include "window/headless/headless_windows.h"
 #include "window/key_codes.h"
 

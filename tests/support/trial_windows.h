@@ -6,8 +6,8 @@
 #include <functional>
 #include <memory>
 
+#include "support/form_user.h"
 #include "window/form.h"
-#include "window/form_user.h"
 #include "window/window_system.h"
 
 namespace pagivo::testing {

@@ -13,8 +13,8 @@
 
 #include "engine/native/engine_test.h"
 #include "engine/native/spool/memory_print_server.h"
+#include "support/user/headless_user.h"
 #include "values/errors.h"
-#include "window/headless/headless_user.h"
 #include "window/headless/headless_windows.h"
 
 namespace pagivo::native {

@@ -8,8 +8,8 @@
 #include "engine/native/pdf/pdf_writer.h"
 #include "support/read_file.h"
 #include "support/scratch_folder.h"
+#include "support/user/headless_user.h"
 #include "values/conversions.h"
-#include "window/headless/headless_user.h"
 #include "window/headless/headless_windows.h"
 
 namespace pagivo::native {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "support/trial_windows.h"
-#include "window/headless/headless_user.h"
+#include "support/user/headless_user.h"
 #include "window/headless/headless_windows.h"
 
 namespace pagivo::testing {

@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "support/form_user.h"
 #include "window/form.h"
-#include "window/form_user.h"
 
 namespace pagivo::testing {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "pagivo/error.h"
-#include "window/headless/headless_user.h"
+#include "support/user/headless_user.h"
 #include "window/headless/headless_windows.h"
 #include "window/key_codes.h"
 

@@ -5,7 +5,7 @@
 
 #include "engine/native/spool/cups/printing_test.h"
 #include "support/printing/loopback.h"
-#include "window/headless/headless_user.h"
+#include "support/user/headless_user.h"
 
 namespace pagivo {
 namespace {

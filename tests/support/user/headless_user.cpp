@@ -1,4 +1,4 @@
-#include "window/headless/headless_user.h"
+#include "support/user/headless_user.h"
 
 #include <memory>
 #include <string>

@@ -14,7 +14,7 @@ namespace pagivo {
 // system with an event loop of its own passes them on to whoever showed the form.
 class FormUser {
  public:
-  virtual ~FormUser();
+  virtual ~FormUser() = default;
 
   virtual void Click(std::string_view control) = 0;
   virtual void ClickToolbar(std::string_view toolbar, std::string_view button) = 0;
