@@ -1,9 +1,15 @@
 #include "window/control.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "pagivo/error.h"
-#include "window/control_set.h"
+#include "window/combo_box.h"
+#include "window/option_button.h"
+#include "window/scroll_bar.h"
+#include "window/surface.h"
+#include "window/text_box.h"
+#include "window/toolbar.h"
 
 namespace pagivo {
 
@@ -25,6 +31,47 @@ bool KindTakesFocus(ControlKind kind) {
   }
 }
 
+std::shared_ptr<Control> MakeControl(ControlSet& controls, const ControlDesign& design) {
+  switch (design.kind) {
+    case ControlKind::TextBox:
+      return std::make_shared<TextBox>(controls, design);
+    case ControlKind::ComboBox:
+      return std::make_shared<ComboBox>(controls, design);
+    case ControlKind::OptionButton:
+      return std::make_shared<OptionButton>(controls, design);
+    case ControlKind::ScrollBar:
+      return std::make_shared<ScrollBar>(controls, design);
+    case ControlKind::Surface:
+      return std::make_shared<Surface>(controls, design);
+    case ControlKind::Toolbar:
+      return std::make_shared<Toolbar>(controls, design);
+    default:
+      return std::make_shared<Control>(controls, design);
+  }
+}
+
+// Whether the keyboard reaches another option of its group instead.
+bool IsPassedOver(const Control& control) {
+  const auto* option = dynamic_cast<const OptionButton*>(&control);
+  return option != nullptr && !option->Value() && option->GroupHasChoice();
+}
+
+// The control that stands before another one in the tab order.
+const Control* BeforeInTabOrder(const ControlSet& controls, const Control& control) {
+  const Control* nearest = nullptr;
+  for (const auto& other : controls.All()) {
+    const std::int16_t place = other->Design().tabIndex;
+    if (place < 0 || place >= control.Design().tabIndex) continue;
+    if (nearest == nullptr || place > nearest->Design().tabIndex) nearest = other.get();
+  }
+  return nearest;
+}
+
+// Text and combo boxes show what the user puts there, not what it is for.
+bool ShowsItsName(const Control& control) {
+  return control.Kind() != ControlKind::TextBox && control.Kind() != ControlKind::ComboBox;
+}
+
 }  // namespace
 
 Control::Control(ControlSet& controls, const ControlDesign& design)
@@ -37,6 +84,8 @@ Control::Control(ControlSet& controls, const ControlDesign& design)
       fontSize_(design.fontSize) {}
 
 Control::~Control() = default;
+
+ControlPeer::~ControlPeer() = default;
 
 template <typename Value>
 void Control::Put(Value& property, Value value) {
@@ -55,6 +104,15 @@ char Control::AccessKey() const noexcept {
     ++i;
   }
   return 0;
+}
+
+std::string Control::PlainCaption() const {
+  std::string plain;
+  for (std::size_t i = 0; i < caption_.size(); ++i) {
+    if (caption_[i] == '&' && i + 1 < caption_.size()) ++i;
+    plain += caption_[i];
+  }
+  return plain;
 }
 
 void Control::PutLeft(float left) {
@@ -114,6 +172,7 @@ void Control::Focus() {
     throw Error(ErrorNumber::InvalidArgument,
                 "Het besturingselement \"" + std::string(Name()) + "\" kan de focus niet krijgen");
   }
+  if (Toolbar* toolbar = controls_.toolbarWithKeyboard_) toolbar->GiveKeyboardBack();
   if (HasFocus()) return;
   controls_.focused_ = this;
   if (peer_) peer_->Focus();
@@ -136,6 +195,65 @@ void Control::Raise(const Handler& handler) {
   // Copied and held: a handler that unloads the form gives up this control and its handlers.
   const auto self = shared_from_this();
   if (const Handler running = handler) running();
+}
+
+// --- The controls of a form ---------------------------------------------------------------------
+
+ControlSet::ControlSet(std::span<const ControlDesign> designs) {
+  controls_.reserve(designs.size());
+  for (const ControlDesign& design : designs) controls_.push_back(MakeControl(*this, design));
+}
+
+Control& ControlSet::Find(std::string_view name) const {
+  const auto found = std::ranges::find(controls_, name, &Control::Name);
+  if (found == controls_.end()) {
+    throw Error(ErrorNumber::InvalidArgument,
+                "Het venster heeft geen besturingselement \"" + std::string(name) + "\"");
+  }
+  return **found;
+}
+
+Control* ControlSet::ButtonWith(ButtonRole role) const {
+  const auto found = std::ranges::find_if(
+      controls_, [role](const auto& control) { return control->Design().role == role; });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+Control* ControlSet::NextInTabOrder(const Control* from, bool backwards) const {
+  std::vector<Control*> order = TabOrder();
+  if (backwards) std::reverse(order.begin(), order.end());
+  const auto here = std::ranges::find(order, from);
+  if (here != order.end()) std::rotate(order.begin(), here + 1, order.end());
+  const auto next = std::ranges::find_if(order, [](const Control* control) {
+    return control->CanTakeFocus() && !IsPassedOver(*control);
+  });
+  return next == order.end() ? nullptr : *next;
+}
+
+std::vector<Control*> ControlSet::TabOrder() const {
+  std::vector<Control*> order;
+  for (const auto& control : controls_) {
+    if (control->Design().tabIndex >= 0) order.push_back(control.get());
+  }
+  std::stable_sort(order.begin(), order.end(), [](const Control* left, const Control* right) {
+    return left->Design().tabIndex < right->Design().tabIndex;
+  });
+  return order;
+}
+
+const Control* ControlSet::LabelOf(const Control& control) const {
+  if (ShowsItsName(control)) return nullptr;
+  const Control* before = BeforeInTabOrder(*this, control);
+  return before != nullptr && before->Kind() == ControlKind::Label ? before : nullptr;
+}
+
+std::string ControlSet::AccessibleNameOf(const Control& control) const {
+  if (!control.Design().accessibleName.empty()) return std::string(control.Design().accessibleName);
+  if (ShowsItsName(control)) return control.PlainCaption();
+  const Control* label = LabelOf(control);
+  std::string name = label == nullptr ? std::string() : label->PlainCaption();
+  if (name.ends_with(':')) name.pop_back();
+  return name;
 }
 
 }  // namespace pagivo

@@ -1,15 +1,60 @@
 #include "window/form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "pagivo/error.h"
+#include "window/key_codes.h"
+#include "window/toolbar.h"
 
 namespace pagivo {
+
+namespace {
+
+// Where a length begins that lies in the middle of another one, but within the screen as far as it
+// fits, and rather with its beginning than with its end.
+float Centred(float length, float from, float extent, float screenFrom, float screenExtent) {
+  const float middle = from + (extent - length) / 2;
+  return std::max(std::min(middle, screenFrom + screenExtent - length), screenFrom);
+}
+
+void ClickIfReachable(Control& button) {
+  if (button.IsReachable()) button.Click();
+}
+
+// The control that Enter presses; null when there is none.
+Control* EnterButton(const ControlSet& controls) {
+  Control* focused = controls.Focused();
+  if (focused != nullptr && focused->Kind() == ControlKind::Button) return focused;
+  return controls.ButtonWith(ButtonRole::Default);
+}
+
+// The button that a key presses; null when there is none.
+Control* ButtonFor(std::int16_t keyCode, const ControlSet& controls) {
+  switch (keyCode) {
+    case kKeyEnter:
+      return EnterButton(controls);
+    case kKeyEscape:
+      return controls.ButtonWith(ButtonRole::Cancel);
+    default:
+      return nullptr;
+  }
+}
+
+bool IsPressedByItsAccessKey(const Control& control) {
+  return control.Kind() == ControlKind::Button || control.Kind() == ControlKind::OptionButton;
+}
+
+}  // namespace
 
 Form::Form(std::shared_ptr<WindowSystem> windows, const FormDesign& design)
     : windows_(std::move(windows)), design_(design) {
   TakeDesign({});
 }
+
+FormPeer::~FormPeer() = default;
+
+WindowSystem::~WindowSystem() = default;
 
 Form::~Form() = default;
 
@@ -79,6 +124,7 @@ void Form::PassOnFailure(Step step) {
 void Form::ShowBy(void (FormPeer::*showing)()) {
   // Held on its own: the form gives it up when it is unloaded during the showing.
   const std::shared_ptr<FormPeer> peer = peer_;
+  if (Toolbar* toolbar = controls_->ToolbarWithKeyboard()) toolbar->GiveKeyboardBack();
   if (!std::exchange(displayed_, true)) OnResize();
   if (visible_ && controls_->Focused() == nullptr) MoveFocus(false);
   if (visible_) (peer.get()->*showing)();
@@ -145,6 +191,14 @@ void Form::PutSize(const Extent& size) {
   OnResize();
 }
 
+Placement Form::PlacementOver(const Placement& below, const Placement& screen) const noexcept {
+  if (placed_ || design_.sizable) return {left_, top_, width_, height_};
+  return {.left = Centred(width_, below.left, below.width, screen.left, screen.width),
+          .top = Centred(height_, below.top, below.height, screen.top, screen.height),
+          .width = width_,
+          .height = height_};
+}
+
 void Form::TakePlacement(const Placement& window, const Extent& frame, WindowState state) {
   if (!loaded_) return;
   const auto self = shared_from_this();
@@ -207,28 +261,6 @@ void Form::Paint() {
   if (loaded_) OnPaint();
 }
 
-void Form::CreateControls() {}
-
-void Form::DestroyControls() {}
-
-void Form::OnLoad() {}
-
-void Form::OnResize() {}
-
-void Form::OnPaint() {}
-
-void Form::OnKeyDown(std::int16_t&, std::int16_t) {}
-
-bool Form::OnUnusedKey(std::int16_t, std::int16_t) {
-  return false;
-}
-
-void Form::OnShowingFailed() {}
-
-void Form::OnQueryUnload(bool&, UnloadMode) {}
-
-void Form::OnUnload() {}
-
 void Form::TakeDesign(const Extent& frame) {
   frame_ = frame;
   caption_ = design_.caption;
@@ -267,6 +299,64 @@ void Form::Put(Value Form::*property, Value value) {
   Load();
   this->*property = std::move(value);
   peer_->Update();
+}
+
+// --- The keyboard -------------------------------------------------------------------------------
+
+bool Form::PressKey(std::int16_t keyCode, std::int16_t shift) {
+  const auto self = shared_from_this();
+  Toolbar* toolbar = loaded_ ? controls_->ToolbarWithKeyboard() : nullptr;
+  if (toolbar != nullptr) {
+    if (toolbar->PressKey(keyCode, shift)) return true;
+    if (toolbar->ButtonWithKeyboard() != nullptr) return false;
+  }
+  if (design_.keyPreview) OnKeyDown(keyCode, shift);
+  // The handler may have hidden or unloaded the form.
+  if (keyCode == 0 || !visible_) return true;
+  if (keyCode == kKeyTab) {
+    MoveFocus((shift & kShiftKey) != 0);
+    return true;
+  }
+  if (Control* button = ButtonFor(keyCode, *controls_); button != nullptr) {
+    ClickIfReachable(*button);
+    return true;
+  }
+  return PressInFocus(keyCode, shift) || (visible_ && EnterToolbar(keyCode, shift));
+}
+
+bool Form::PressInFocus(std::int16_t keyCode, std::int16_t shift) {
+  Control* focused = controls_->Focused();
+  if (focused == nullptr || !focused->IsReachable()) return false;
+  if (focused->PressKey(keyCode, shift)) return true;
+  return visible_ && OnUnusedKey(keyCode, shift);
+}
+
+bool Form::EnterToolbar(std::int16_t keyCode, std::int16_t shift) {
+  if ((keyCode != kKeyF10 && keyCode != kKeyF6) || shift != 0) return false;
+  return std::ranges::any_of(controls_->All(), [](const auto& control) {
+    auto* toolbar = dynamic_cast<Toolbar*>(control.get());
+    return toolbar != nullptr && toolbar->TakeKeyboard();
+  });
+}
+
+void Form::PressAccessKey(char letter) {
+  const auto self = shared_from_this();
+  const auto controls = Controls().All();
+  const auto found = std::ranges::find_if(controls, [letter](const auto& control) {
+    return control->AccessKey() == letter && control->IsReachable();
+  });
+  if (found == controls.end()) return;
+  // Held: the focus handler may unload the form.
+  const auto control = (*found)->shared_from_this();
+  Control* target =
+      control->CanTakeFocus() ? control.get() : controls_->NextInTabOrder(control.get());
+  if (target != nullptr) target->Focus();
+  if (loaded_ && IsPressedByItsAccessKey(*control)) control->Click();
+}
+
+void Form::MoveFocus(bool backwards) {
+  Control* next = controls_->NextInTabOrder(controls_->Focused(), backwards);
+  if (next != nullptr) next->Focus();
 }
 
 }  // namespace pagivo

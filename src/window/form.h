@@ -10,7 +10,7 @@
 
 #include "pagivo/error.h"
 #include "pagivo/export.h"
-#include "window/control_set.h"
+#include "window/control.h"
 #include "window/window_system.h"
 
 namespace pagivo {
@@ -94,9 +94,11 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   void PutHeight(float height);
   // Both at once, as the user does by dragging an edge.
   void PutSize(const Extent& size);
-  // Whether left or top was put since the form was loaded; else its peer chooses the place of a
-  // dialog. A sizable window stands where its left and top say.
-  bool IsPlaced() const noexcept { return placed_; }
+  // Where the window belongs when it is shown, and how large it is. A sizable window and one whose
+  // left or top was put since it was loaded stand where these say. Any other dialog stands in the
+  // middle of `below`, the window that it is shown over or else the screen, but whole on the screen
+  // as far as it fits.
+  Placement PlacementOver(const Placement& below, const Placement& screen) const noexcept;
   // Where the user or the window system has put the window, as its peer reports it. A client area
   // of another size raises resize.
   void TakePlacement(const Placement& window, const Extent& frame, WindowState state);
@@ -117,35 +119,38 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
     return *control;
   }
 
-  // A key of the user: goes to the form's key-down handler when it previews keys, then Enter
-  // presses the default button (or the one with the focus), Esc the cancel button, Tab moves the
-  // focus, and any other key goes to the control with the focus, as Enter and Esc do in a form
-  // without such buttons, and then to the form's handler of unused keys. Whether anybody had a use
-  // for the key.
+  // A key of the user. While a toolbar has the keyboard the key is the toolbar's. Else it goes to
+  // the form's key-down handler when the form previews keys; then Enter presses the default button
+  // (or the one with the focus), Esc the cancel button, and Tab moves the focus. Any other key goes
+  // to the control with the focus, as Enter and Esc do in a form without such buttons, then to the
+  // form's handler of unused keys; and F10 or F6 takes the keyboard into the toolbar. Returns
+  // whether anybody had a use for the key.
   bool PressKey(std::int16_t keyCode, std::int16_t shift = 0);
   // A letter with Alt: presses the control whose caption has it, or gives it the focus; a label or
   // frame gives the focus to what follows it in the tab order.
   void PressAccessKey(char letter);
+  // To the next control of the tab order, or the one before.
+  void MoveFocus(bool backwards);
   // The window is drawn: raises paint.
   void Paint();
 
  protected:
   // Makes what the form has beside the controls of its table, and connects their handlers.
-  virtual void CreateControls();
-  virtual void DestroyControls();
+  virtual void CreateControls() {}
+  virtual void DestroyControls() {}
 
   // The form's own handlers.
-  virtual void OnLoad();
-  virtual void OnResize();
-  virtual void OnPaint();
+  virtual void OnLoad() {}
+  virtual void OnResize() {}
+  virtual void OnPaint() {}
   // Sets keyCode to 0 when it consumes the key.
-  virtual void OnKeyDown(std::int16_t& keyCode, std::int16_t shift);
-  // A key that the control with the focus has no use for. Whether the form has.
-  virtual bool OnUnusedKey(std::int16_t keyCode, std::int16_t shift);
+  virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
+  // A key that the control with the focus has no use for. Returns whether the form has one.
+  virtual bool OnUnusedKey(std::int16_t /*keyCode*/, std::int16_t /*shift*/) { return false; }
   // A handler failed during the showing; the form is hidden.
-  virtual void OnShowingFailed();
-  virtual void OnQueryUnload(bool& cancel, UnloadMode mode);
-  virtual void OnUnload();
+  virtual void OnShowingFailed() {}
+  virtual void OnQueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
+  virtual void OnUnload() {}
 
  private:
   void LoadNow();
@@ -159,7 +164,8 @@ class PAGIVO_EXPORT Form : public std::enable_shared_from_this<Form> {
   // Hides the form when the step fails.
   template <typename Step>
   void PassOnFailure(Step step);
-  void MoveFocus(bool backwards);
+  bool PressInFocus(std::int16_t keyCode, std::int16_t shift);
+  bool EnterToolbar(std::int16_t keyCode, std::int16_t shift);
   void Discard();
   // Changes one property of the loaded form and shows it.
   template <typename Value>

@@ -10,6 +10,7 @@ inline constexpr std::int16_t kKeyBackspace = 8;
 inline constexpr std::int16_t kKeyTab = 9;
 inline constexpr std::int16_t kKeyEnter = 13;
 inline constexpr std::int16_t kKeyEscape = 27;
+inline constexpr std::int16_t kKeySpace = 32;
 inline constexpr std::int16_t kKeyPageUp = 33;
 inline constexpr std::int16_t kKeyPageDown = 34;
 inline constexpr std::int16_t kKeyEnd = 35;
@@ -23,6 +24,8 @@ inline constexpr std::int16_t kKeyZero = 48;
 inline constexpr std::int16_t kKeyNumberPadZero = 96;
 inline constexpr std::int16_t kKeyNumberPadPlus = 107;
 inline constexpr std::int16_t kKeyNumberPadMinus = 109;
+inline constexpr std::int16_t kKeyF6 = 117;
+inline constexpr std::int16_t kKeyF10 = 121;
 // Among the letters; the plus whether or not it is typed with Shift.
 inline constexpr std::int16_t kKeyPlus = 187;
 inline constexpr std::int16_t kKeyMinus = 189;

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "window/control_set.h"
+#include "window/control.h"
 #include "window/key_codes.h"
 
 namespace pagivo {

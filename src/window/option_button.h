@@ -17,7 +17,7 @@ class PAGIVO_EXPORT OptionButton : public Control {
   // Setting it clears the other options of its container and raises its click; clearing raises
   // nothing and sets no other.
   void PutValue(bool value);
-  // Whether an option of its container is set.
+  // Tells whether an option of its container is set.
   bool GroupHasChoice() const;
 
   void Click() override { PutValue(true); }

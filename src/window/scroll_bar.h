@@ -8,7 +8,7 @@
 
 namespace pagivo {
 
-// Starts at its minimum.
+// Its value starts at the minimum.
 class PAGIVO_EXPORT ScrollBar : public Control {
  public:
   ScrollBar(ControlSet& controls, const ControlDesign& design);
@@ -19,7 +19,7 @@ class PAGIVO_EXPORT ScrollBar : public Control {
   // Raises change when the value differs, and Error, changing nothing, when it is out of range.
   void PutValue(std::int16_t value);
 
-  // Its arrows: one less, one more, as far as the range goes.
+  // What its arrows do: one less, one more, as far as the range goes.
   void StepUp();
   void StepDown();
 

@@ -34,6 +34,12 @@ struct SurfaceColors {
   std::uint32_t highlight = 0xFF2A6FC9;  // around the page that is chosen among many
 };
 
+// A quiet ground, a little darker than windows are, on which white pages stand out in light and in
+// dark themes, and an edge that parts the two: from the desktop's colours for windows, for texts in
+// them and for what is selected.
+PAGIVO_EXPORT SurfaceColors SurfaceColorsFor(std::uint32_t window, std::uint32_t text,
+                                             std::uint32_t highlight) noexcept;
+
 // Pixels 0xFFRRGGBB in the machine's byte order, rows top down without padding. Borrowed.
 struct SurfaceBitmap {
   std::int32_t width = 0;
@@ -63,7 +69,7 @@ class SurfaceContent {
 
   virtual ~SurfaceContent();
 
-  // What is told whenever bitmap or scroll ranges are no longer what they were; null for nobody.
+  // Sets who is told when bitmap or scroll ranges are no longer what they were; null for nobody.
   virtual void WhenChanged(Handler handler) = 0;
 
   // The size it is shown in from now on. Does not count as a change by itself.
@@ -73,10 +79,10 @@ class SurfaceContent {
 
   virtual ScrollRange HorizontalRange() const = 0;
   virtual ScrollRange VerticalRange() const = 0;
-  // The user moves a scroll bar. Clamped.
+  // The user moves a scroll bar. The content scrolls as far as it goes.
   virtual void ScrollTo(std::int32_t left, std::int32_t top) = 0;
 
-  // Whether it had a use for the key.
+  // Returns whether it had a use for the key.
   virtual bool PressKey(std::int16_t keyCode, std::int16_t shift) = 0;
   // Notches of the wheel, fractions of them on fine wheels: positive when it is turned away from
   // the user, or to the left.
@@ -126,6 +132,14 @@ class StillContent : public SurfaceContent {
   Handler changed_;
 };
 
+// Which scroll bars stand beside a surface.
+struct SurfaceBars {
+  bool horizontal = false;
+  bool vertical = false;
+
+  friend bool operator==(const SurfaceBars&, const SurfaceBars&) = default;
+};
+
 class PAGIVO_EXPORT Surface : public Control {
  public:
   using Control::Control;
@@ -135,7 +149,14 @@ class PAGIVO_EXPORT Surface : public Control {
   const std::shared_ptr<SurfaceContent>& Content() const noexcept { return content_; }
   void PutContent(std::shared_ptr<SurfaceContent> content);
 
-  // Goes to the content.
+  // Gives the content the area that is left beside the scroll bars that it wants, and returns
+  // those. A bar takes room, and with less room others may be wanted, or none. `areaBeside` puts
+  // bars in place and returns the area that they leave; `present` are those that stand there now.
+  // Nothing without a content.
+  using AreaBeside = std::function<SurfaceArea(const SurfaceBars& bars)>;
+  SurfaceBars FitBars(const SurfaceBars& present, const AreaBeside& areaBeside);
+
+  // Hands the key to the content.
   bool PressKey(std::int16_t keyCode, std::int16_t shift) override;
 
  private:

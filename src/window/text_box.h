@@ -27,7 +27,7 @@ class PAGIVO_EXPORT TextBox : public Control {
   void PutSelection(std::size_t start, std::size_t length);
   void SelectAll();
 
-  // The user types, takes away or edits. Nothing in a box that takes no text.
+  // What the user does to the text. A box that takes no text ignores it.
 
   // Replaces the selection as typing does: what goes beyond the maximum length is lost. Raises
   // change when the text differs.

@@ -1,7 +1,7 @@
 // What a back end does for forms and controls.
 //
 // Forms and controls are portable: they hold their state and run their rules. A back end gives each
-// of them a peer that shows the state and reports what the user does, nothing else.
+// of them a peer, which shows the state and reports what the user does and nothing else.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +14,7 @@ namespace pagivo {
 
 class Control;
 class Form;
+struct ToolbarButton;
 
 // A length in two directions, in twips.
 struct Extent {
@@ -55,6 +56,9 @@ class PAGIVO_EXPORT ControlPeer {
   virtual void Update() = 0;
   // The control has got the focus.
   virtual void Focus() = 0;
+  // The user opens the menu of a toolbar's button by the keyboard. Returns when the menu is open or
+  // closed again. Only toolbars have menus.
+  virtual void OpenMenu(const ToolbarButton& /*button*/) {}
 };
 
 // What a window shows, as a picture: pixels 0xFFRRGGBB in the machine's byte order, rows top down

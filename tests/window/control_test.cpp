@@ -9,7 +9,6 @@
 
 #include "pagivo/error.h"
 #include "window/combo_box.h"
-#include "window/control_set.h"
 #include "window/key_codes.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"
@@ -105,6 +104,18 @@ TEST_F(Controls, HoldWhatIsPut) {
 TEST_F(Controls, AreFoundByTheirExactName) {
   EXPECT_THROW(set.Find("cmdok"), Error);
   EXPECT_EQ(set.All().size(), kControls.size());
+}
+
+TEST_F(Controls, TheCaptionIsReadWithoutTheMarkOfItsAccessKey) {
+  struct Row {
+    const char* caption;
+    const char* read;
+  };
+  for (const Row& row : {Row{"&Pagina's", "Pagina's"}, Row{"Jansen && Zn", "Jansen & Zn"},
+                         Row{"einde&", "einde&"}, Row{"", ""}}) {
+    Get("cmdOK").PutCaption(row.caption);
+    EXPECT_EQ(Get("cmdOK").PlainCaption(), row.read);
+  }
 }
 
 TEST_F(Controls, TheAccessKeyIsTheLetterBehindTheFirstSingleAmpersand) {
@@ -498,6 +509,50 @@ TEST_F(Controls, AScrollBarStepsAsFarAsItsRangeGoes) {
   EXPECT_EQ(bar.Value(), 10);
   bar.StepUp();
   EXPECT_EQ(bar.Value(), 9);
+}
+
+// --- Names for those who cannot see them ------------------------------------------------------
+
+constexpr std::array<ControlDesign, 9> kNamed{{
+    {.name = "lblPagina", .kind = ControlKind::Label, .caption = "&Pagina:", .tabIndex = 4},
+    {.name = "txtPagina", .kind = ControlKind::TextBox, .caption = "12", .tabIndex = 5},
+    {.name = "txtTot", .kind = ControlKind::TextBox, .caption = "14", .tabIndex = 6},
+    {.name = "lblLijst", .kind = ControlKind::Label, .caption = "Soort && maat", .tabIndex = 7},
+    {.name = "cboLijst", .kind = ControlKind::ComboBox, .tabIndex = 8},
+    {.name = "cmdOK", .kind = ControlKind::Button, .caption = "&OK", .tabIndex = 9},
+    {.name = "lblBalk", .kind = ControlKind::Label, .caption = "Aantal:", .tabIndex = 10},
+    {.name = "vsbBalk",
+     .kind = ControlKind::ScrollBar,
+     .tabIndex = 11,
+     .accessibleName = "Aantal exemplaren"},
+    {.name = "txtLos", .kind = ControlKind::TextBox},
+}};
+
+TEST(ControlNames, AreTheDesignsTheCaptionOrTheLabelBefore) {
+  const ControlSet controls(kNamed);
+  struct Row {
+    const char* control;
+    const char* name;
+    const char* label;  // null for none
+  };
+  for (const Row& row : {
+           Row{"txtPagina", "Pagina", "lblPagina"},
+           Row{"txtTot", "", nullptr},
+           Row{"cboLijst", "Soort & maat", "lblLijst"},
+           Row{"cmdOK", "OK", nullptr},
+           Row{"vsbBalk", "Aantal exemplaren", nullptr},
+           Row{"txtLos", "", nullptr},
+           Row{"lblPagina", "Pagina:", nullptr},
+       }) {
+    const Control& control = controls.Find(row.control);
+    const Control* label = controls.LabelOf(control);
+    EXPECT_EQ(controls.AccessibleNameOf(control), row.name) << row.control;
+    if (row.label == nullptr) {
+      EXPECT_EQ(label, nullptr) << row.control;
+    } else {
+      EXPECT_EQ(label, &controls.Find(row.label)) << row.control;
+    }
+  }
 }
 
 }  // namespace

@@ -57,6 +57,13 @@ class NotingForm : public Form {
   std::unique_ptr<int> control_;
 };
 
+// Whether the next showing leaves the form where its left and top say.
+bool StandsWhereItWasPut(const Form& form) {
+  constexpr Placement kFarAway{.left = 10000, .top = 10000, .width = 90000, .height = 90000};
+  const Placement place = form.PlacementOver(kFarAway, kFarAway);
+  return place.left == form.Left() && place.top == form.Top();
+}
+
 class FormLife : public ::testing::Test {
  protected:
   std::shared_ptr<testing::TrialWindows> windows = testing::MakeTrialWindows();
@@ -329,7 +336,7 @@ TEST(FormPeers, ReportAPlacementThatTheFormTakesAsItIs) {
   // It comes from the peer, which knows it already.
   EXPECT_EQ(windows->updates, afterLoad);
   EXPECT_THAT(form->notes, ElementsAre("resize"));
-  EXPECT_FALSE(form->IsPlaced());
+  EXPECT_FALSE(StandsWhereItWasPut(*form));
 }
 
 TEST(FormPeers, RaiseResizeOnlyForAnotherClientArea) {
@@ -350,12 +357,12 @@ TEST(FormPeers, ReportNothingToAFormThatIsNotLoaded) {
 
 TEST(FormPeers, ChooseThePlaceOfAFormThatWasNotPlacedSinceItWasLoaded) {
   const auto form = std::make_shared<NotingForm>(std::make_shared<FramedWindows>());
-  EXPECT_FALSE(form->IsPlaced());
+  EXPECT_FALSE(StandsWhereItWasPut(*form));
   form->PutTop(0);
-  EXPECT_TRUE(form->IsPlaced());
+  EXPECT_TRUE(StandsWhereItWasPut(*form));
   form->Unload();
   form->Load();
-  EXPECT_FALSE(form->IsPlaced());
+  EXPECT_FALSE(StandsWhereItWasPut(*form));
 }
 
 // --- Windows that change ------------------------------------------------------------------------
@@ -430,6 +437,42 @@ TEST(FormPeers, AShowingThatCannotBeginLeavesTheFormHidden) {
   const auto form = std::make_shared<NotingForm>(std::make_shared<FramedWindows>());
   EXPECT_THROW(form->ShowModal(), Error);
   EXPECT_FALSE(form->Visible());
+}
+
+// --- Where a window is shown ------------------------------------------------------------------
+
+constexpr Placement kScreen{.left = 0, .top = 450, .width = 30000, .height = 20000};
+
+TEST_F(FormLife, ADialogIsShownInTheMiddleOfWhatIsBelow) {
+  form->Load();
+  form->PutSize({.width = 3000, .height = 2000});
+  const Placement below{.left = 6000, .top = 5000, .width = 9000, .height = 8000};
+  EXPECT_EQ(form->PlacementOver(below, kScreen), (Placement{9000, 8000, 3000, 2000}));
+  EXPECT_EQ(form->PlacementOver(kScreen, kScreen), (Placement{13500, 9450, 3000, 2000}));
+}
+
+TEST_F(FormLife, ADialogIsWholeOnTheScreenAsFarAsItFits) {
+  form->Load();
+  form->PutSize({.width = 3000, .height = 2000});
+  const Placement corner{.left = 29000, .top = 20000, .width = 900, .height = 400};
+  EXPECT_EQ(form->PlacementOver(corner, kScreen), (Placement{27000, 18450, 3000, 2000}));
+  const Placement outside{.left = -9000, .top = -9000, .width = 900, .height = 400};
+  EXPECT_EQ(form->PlacementOver(outside, kScreen), (Placement{0, 450, 3000, 2000}));
+  form->PutSize({.width = 40000, .height = 30000});
+  EXPECT_EQ(form->PlacementOver(corner, kScreen), (Placement{0, 450, 40000, 30000}));
+}
+
+TEST_F(FormLife, APlacedDialogAndASizableWindowAreShownWhereTheyStand) {
+  form->Load();
+  form->PutSize({.width = 3000, .height = 2000});
+  form->PutTop(-700);
+  EXPECT_EQ(form->PlacementOver(kScreen, kScreen), (Placement{0, -700, 3000, 2000}));
+  constexpr FormDesign kSizable{
+      .caption = "Ruim", .client = {.width = 3000, .height = 2000}, .sizable = true};
+  const auto sizable = std::make_shared<Form>(windows, kSizable);
+  sizable->Load();
+  sizable->PutSize({.width = 5000, .height = 4000});
+  EXPECT_EQ(sizable->PlacementOver(kScreen, kScreen), (Placement{0, 0, 5000, 4000}));
 }
 
 }  // namespace

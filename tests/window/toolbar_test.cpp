@@ -8,7 +8,11 @@
 #include <vector>
 
 #include "pagivo/error.h"
-#include "window/control_set.h"
+#include "support/trial_windows.h"
+#include "window/control.h"
+#include "window/form.h"
+#include "window/key_codes.h"
+#include "window/text_box.h"
 
 namespace pagivo {
 namespace {
@@ -144,6 +148,198 @@ TEST_F(ToolbarButtons, WithoutAHandlerClicksAreLost) {
   toolbar.WhenButtonClicked({});
   toolbar.ClickButton("Open");
   EXPECT_THAT(clicks, IsEmpty());
+}
+
+// --- The keyboard -----------------------------------------------------------------------------
+
+constexpr std::array<ControlDesign, 5> kFormControls{{
+    {.name = "tbProef",
+     .kind = ControlKind::Toolbar,
+     .placement = {0, 0, 6000, 420},
+     .buttons = kButtons},
+    {.name = "txtEen",
+     .kind = ControlKind::TextBox,
+     .placement = {0, 600, 1500, 330},
+     .tabIndex = 0},
+    {.name = "txtTwee",
+     .kind = ControlKind::TextBox,
+     .placement = {0, 1200, 1500, 330},
+     .tabIndex = 1},
+    {.name = "cmdOK",
+     .kind = ControlKind::Button,
+     .caption = "OK",
+     .placement = {0, 1800, 1200, 330},
+     .tabIndex = 2,
+     .role = ButtonRole::Default},
+    {.name = "cmdAnnuleren",
+     .kind = ControlKind::Button,
+     .caption = "Annuleren",
+     .placement = {1500, 1800, 1200, 330},
+     .tabIndex = 3,
+     .role = ButtonRole::Cancel},
+}};
+constexpr FormDesign kFormDesign{
+    .caption = "Proef", .client = {.width = 6000, .height = 3000}, .controls = kFormControls};
+
+class ToolbarKeyboard : public ::testing::Test {
+ protected:
+  // What the user does in the shown form.
+  void Show(const std::function<void(FormUser& user)>& acts) {
+    for (const auto* name : {"cmdOK", "cmdAnnuleren"}) {
+      form->Get(name).WhenClicked([this, name] { notes.emplace_back(name); });
+    }
+    Bar().WhenButtonClicked([this](std::string_view key) { notes.emplace_back(key); });
+    bool shown = false;
+    windows->AddScript([&](Form&, FormUser& user) {
+      shown = true;
+      acts(user);
+    });
+    form->ShowModal();
+    EXPECT_TRUE(shown);
+  }
+  Toolbar& Bar() { return form->Get<Toolbar>("tbProef"); }
+  // The key of the button with the keyboard.
+  std::string At() {
+    const ToolbarButton* button = Bar().ButtonWithKeyboard();
+    return button == nullptr ? "none" : std::string(button->key);
+  }
+  std::string_view Focused() { return form->Controls().Focused()->Name(); }
+
+  std::shared_ptr<testing::TrialWindows> windows = testing::MakeTrialWindows();
+  std::shared_ptr<Form> form = std::make_shared<Form>(windows, kFormDesign);
+  std::vector<std::string> notes;
+};
+
+TEST_F(ToolbarKeyboard, ComesWithF10OrF6AndGoesWithThoseOrTab) {
+  Show([this](FormUser& user) {
+    for (const std::int16_t enter : {kKeyF10, kKeyF6}) {
+      for (const std::int16_t leave : {kKeyF10, kKeyF6, kKeyTab}) {
+        user.Press(enter);
+        EXPECT_EQ(At(), "Open");
+        user.Press(leave);
+        EXPECT_EQ(At(), "none");
+        EXPECT_EQ(Focused(), "txtEen") << "the form's focus stays where it is";
+      }
+    }
+    user.Press(kKeyF10, kShiftKey);
+    EXPECT_EQ(At(), "none");
+  });
+}
+
+TEST_F(ToolbarKeyboard, WalksRoundTheEndsPastWhatCannotBePressed) {
+  Show([this](FormUser& user) {
+    user.Press(kKeyF10);
+    for (const auto& [key, at] : {std::pair{kKeyRight, "Zoom"},
+                                  {kKeyRight, "Laatste"},
+                                  {kKeyRight, "Open"},
+                                  {kKeyLeft, "Laatste"},
+                                  {kKeyLeft, "Zoom"},
+                                  {kKeyHome, "Open"},
+                                  {kKeyUp, "Open"},
+                                  {kKeyEnd, "Laatste"}}) {
+      user.Press(key);
+      EXPECT_EQ(At(), at);
+    }
+    user.Press(kKeyTab);
+  });
+  EXPECT_THAT(notes, IsEmpty());
+}
+
+TEST_F(ToolbarKeyboard, PressesWithEnterAndSpaceAndGoesBack) {
+  Show([this](FormUser& user) {
+    for (const std::int16_t press : {kKeyEnter, kKeySpace}) {
+      user.Press(kKeyF10);
+      user.Press(kKeyRight);
+      user.Press(press);
+      EXPECT_EQ(At(), "none");
+    }
+    user.Press(kKeyEnter);
+  });
+  EXPECT_THAT(notes, ElementsAre("Zoom", "Zoom", "cmdOK")) << "the last Enter is the form's again";
+}
+
+TEST_F(ToolbarKeyboard, LeavesEscToTheForm) {
+  Show([this](FormUser& user) {
+    user.Press(kKeyF10);
+    user.Press(kKeyEscape);
+    EXPECT_EQ(At(), "none");
+  });
+  EXPECT_THAT(notes, ElementsAre("cmdAnnuleren"));
+}
+
+TEST_F(ToolbarKeyboard, KeepsOtherKeysFromTheForm) {
+  Show([this](FormUser& user) {
+    user.Press(kKeyF10);
+    user.Press('A');
+    EXPECT_EQ(At(), "Open");
+    EXPECT_EQ(form->Get<TextBox>("txtEen").Text(), "");
+    user.Press(kKeyF6);
+  });
+}
+
+TEST_F(ToolbarKeyboard, GoesToAControlThatGetsTheFocus) {
+  Show([this](FormUser& user) {
+    user.Press(kKeyF10);
+    user.Click("txtTwee");
+    EXPECT_EQ(At(), "none");
+    user.Press(kKeyF10);
+    form->Get("txtTwee").Focus();
+    EXPECT_EQ(At(), "none") << "though it has had the form's focus all the time";
+    EXPECT_EQ(Focused(), "txtTwee");
+  });
+}
+
+TEST_F(ToolbarKeyboard, IsNotTakenWhereNothingCanBePressed) {
+  for (const auto* key : {"Open", "Zoom", "Laatste"}) Bar().Button(key).enabled = false;
+  Bar().Refresh();
+  Show([this](FormUser& user) {
+    user.Press(kKeyF10);
+    EXPECT_EQ(At(), "none");
+  });
+}
+
+TEST_F(ToolbarKeyboard, ACommandMayUnloadTheForm) {
+  Show([this](FormUser& user) {
+    Bar().WhenButtonClicked([this](std::string_view) { form->Unload(); });
+    user.Press(kKeyF10);
+    user.Press(kKeyEnter);
+  });
+  EXPECT_FALSE(form->IsLoaded());
+}
+
+TEST_F(ToolbarKeyboard, OfAFormThatWasHiddenBeginsAnewAtItsNextShowing) {
+  Show([this](FormUser& user) {
+    user.Press(kKeyF10);
+    form->Hide();
+  });
+  Show([this](FormUser& user) {
+    EXPECT_EQ(At(), "none");
+    user.Press(kKeyF10);
+    user.Press(kKeyF10);
+  });
+}
+
+TEST_F(ToolbarButtons, OpenTheirMenuWithArrowDown) {
+  class MenuPeer final : public ControlPeer {
+   public:
+    explicit MenuPeer(std::vector<std::string>& opened) : opened_(opened) {}
+    void Update() override {}
+    void Focus() override {}
+    void OpenMenu(const ToolbarButton& button) override { opened_.emplace_back(button.key); }
+
+   private:
+    std::vector<std::string>& opened_;
+  };
+  std::vector<std::string> opened;
+  EXPECT_FALSE(toolbar.PressKey(kKeyDown, 0)) << "no button has the keyboard";
+  toolbar.Attach(std::make_unique<MenuPeer>(opened));
+  toolbar.TakeKeyboard();
+  EXPECT_TRUE(toolbar.PressKey(kKeyDown, 0)) << "it has no menu, but the key is the toolbar's";
+  toolbar.PressKey(kKeyRight, 0);
+  EXPECT_TRUE(toolbar.PressKey(kKeyDown, 0));
+  EXPECT_THAT(opened, ElementsAre("Zoom"));
+  toolbar.ClickMenu("Groot");
+  EXPECT_EQ(toolbar.ButtonWithKeyboard(), nullptr) << "a command gives the keyboard back";
 }
 
 }  // namespace

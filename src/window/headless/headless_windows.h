@@ -20,7 +20,7 @@ class HeadlessWindows : public WindowSystem {
   // What the user does while the window is shown.
   using Script = std::function<void(Form& form)>;
 
-  // Scripts one showing more.
+  // Adds the script of one more showing.
   void AddScript(Script script) { scripts_.push_back(std::move(script)); }
   std::size_t ScriptsLeft() const noexcept { return scripts_.size(); }
 

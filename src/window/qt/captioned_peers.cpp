@@ -1,13 +1,13 @@
-// Controls that show a caption or nothing: frame, label, picture box and button.
+// Controls that show a caption or nothing: frame, label, picture box, button and option button.
 #include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStyle>
 
 #include "window/qt/control_peers.h"
-#include "window/qt/focus_mark.h"
-#include "window/qt/text.h"
+#include "window/qt/conversions.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {
@@ -104,6 +104,28 @@ class ButtonPeer final : public WidgetPeer {
   QPushButton* widget_;
 };
 
+class OptionButtonPeer final : public WidgetPeer {
+ public:
+  OptionButtonPeer(FormWindow& window, OptionButton& option)
+      : OptionButtonPeer(window, option, new QRadioButton(window.ParentFor(option))) {}
+
+ private:
+  OptionButtonPeer(FormWindow& window, OptionButton& option, QRadioButton* button)
+      : WidgetPeer(window, option, button), option_(option), button_(button) {
+    // Which options go out when one is set is the options' own rule.
+    button->setAutoExclusive(false);
+    connect(button, &QRadioButton::clicked, this, [this] { Report([this] { option_.Click(); }); });
+  }
+
+  void Show() override {
+    button_->setText(ToQt(option_.Caption()));
+    button_->setChecked(option_.Value());
+  }
+
+  OptionButton& option_;
+  QRadioButton* button_;
+};
+
 }  // namespace
 
 std::unique_ptr<ControlPeer> MakeFramePeer(FormWindow& window, Control& frame) {
@@ -120,6 +142,10 @@ std::unique_ptr<ControlPeer> MakePictureBoxPeer(FormWindow& window, Control& box
 
 std::unique_ptr<ControlPeer> MakeButtonPeer(FormWindow& window, Control& button) {
   return std::make_unique<ButtonPeer>(window, button);
+}
+
+std::unique_ptr<ControlPeer> MakeOptionButtonPeer(FormWindow& window, OptionButton& option) {
+  return std::make_unique<OptionButtonPeer>(window, option);
 }
 
 }  // namespace pagivo::qt

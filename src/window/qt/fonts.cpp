@@ -4,8 +4,7 @@
 #include <QHash>
 #include <QStringList>
 
-#include "window/qt/text.h"
-#include "window/qt/units.h"
+#include "window/qt/conversions.h"
 
 namespace pagivo::qt {
 

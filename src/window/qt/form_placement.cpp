@@ -1,16 +1,29 @@
 // Where a form's window stands and how large it is.
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
-#include <algorithm>
+#include <map>
 
+#include "window/qt/conversions.h"
 #include "window/qt/form_window.h"
-#include "window/qt/frame_margins.h"
-#include "window/qt/units.h"
 
 namespace pagivo::qt {
 
 namespace {
+
+std::map<bool, QMargins>& SeenFrames() {
+  static std::map<bool, QMargins> frames;
+  return frames;
+}
+
+QMargins GuessFrame() {
+  const QString platform = QGuiApplication::platformName();
+  // What Qt frames windows with that are drawn into memory.
+  if (platform == QLatin1String("offscreen")) return {2, 2, 2, 2};
+  if (platform != QLatin1String("xcb") && !platform.startsWith(QLatin1String("wayland"))) return {};
+  return {1, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight), 1, 1};
+}
 
 Extent ToExtent(const QMargins& margins) {
   return {.width = ToTwips(margins.left() + margins.right()),
@@ -21,15 +34,6 @@ QSize ClientSizeOf(const Form& form) {
   return QSize(ToPixels(form.ClientWidth()), ToPixels(form.ClientHeight())).expandedTo(QSize(1, 1));
 }
 
-// In the middle of `anchor`, but whole on its screen as far as it fits.
-QPoint CentredOn(const QRect& anchor, const QSize& size, const QRect& screen) {
-  QRect place(QPoint(0, 0), size);
-  place.moveCenter(anchor.center());
-  const int left = std::min(place.left(), screen.left() + screen.width() - size.width());
-  const int top = std::min(place.top(), screen.top() + screen.height() - size.height());
-  return {std::max(left, screen.left()), std::max(top, screen.top())};
-}
-
 // A length that was put keeps its fraction of a pixel as long as the window shows it.
 float Present(float put, int pixels) {
   return ToPixels(put) == pixels ? put : ToTwips(pixels);
@@ -37,22 +41,23 @@ float Present(float put, int pixels) {
 
 }  // namespace
 
+QMargins FormWindow::ExpectedFrame(bool sizable) {
+  const auto frame = SeenFrames().find(sizable);
+  return frame == SeenFrames().end() ? GuessFrame() : frame->second;
+}
+
 Extent FormWindow::FrameExtent() const {
   return ToExtent(frame_);
 }
 
 void FormWindow::Place() {
   Resize();
-  if (form_.IsPlaced() || form_.Design().sizable) {
-    window_->move(ToPixels(form_.Left()), ToPixels(form_.Top()));
-    return;
-  }
   const bool overWindow = before_ && before_->isVisible();
   const QScreen* screen = overWindow ? before_->screen() : QGuiApplication::primaryScreen();
-  if (screen == nullptr) return;
-  const QRect available = screen->availableGeometry();
-  const QSize size = ClientSizeOf(form_).grownBy(frame_);
-  window_->move(CentredOn(overWindow ? before_->frameGeometry() : available, size, available));
+  const QRect available = screen == nullptr ? QRect() : screen->availableGeometry();
+  const QRect below = overWindow ? before_->frameGeometry() : available;
+  const Placement place = form_.PlacementOver(ToTwips(below), ToTwips(available));
+  window_->move(ToPixels(place.left), ToPixels(place.top));
 }
 
 void FormWindow::Resize() {
@@ -93,7 +98,7 @@ void FormWindow::SettleFrame() {
   const QWindow* handle = window_->windowHandle();
   if (handle->frameMargins() == frame_) return;
   frame_ = handle->frameMargins();
-  RememberFrame(form_.Design().sizable, frame_);
+  SeenFrames()[form_.Design().sizable] = frame_;
   if (!form_.Design().sizable || PresentState() != WindowState::Normal) return;
   const QSize asked(ToPixels(form_.Width()), ToPixels(form_.Height()));
   window_->resize(asked.shrunkBy(frame_).expandedTo(QSize(1, 1)));

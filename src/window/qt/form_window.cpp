@@ -1,17 +1,16 @@
 #include "window/qt/form_window.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QWindow>
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "pagivo/error.h"
-#include "window/qt/accessible_names.h"
-#include "window/qt/focus_mark.h"
-#include "window/qt/form_widget.h"
-#include "window/qt/frame_margins.h"
+#include "window/qt/conversions.h"
 #include "window/qt/keys.h"
-#include "window/qt/text.h"
+#include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {
 
@@ -50,6 +49,39 @@ void MarkFocus(QWidget& window) {
   window.setAttribute(Qt::WA_KeyboardFocusChange);
   if (QWidget* focused = window.focusWidget()) focused->update();
 }
+
+// The name of a control is told to whoever cannot see it. A label's & is drawn, and makes its
+// access key work, only when the label belongs to a widget.
+void NameControls(const FormWindow& window) {
+  const ControlSet& controls = window.GetForm().Controls();
+  for (const auto& control : controls.All()) {
+    QWidget* widget = window.WidgetOf(*control);
+    if (widget == nullptr) continue;
+    widget->setAccessibleName(ToQt(controls.AccessibleNameOf(*control)));
+    const Control* label = controls.LabelOf(*control);
+    auto* shown = label == nullptr ? nullptr : qobject_cast<QLabel*>(window.WidgetOf(*label));
+    if (shown != nullptr) shown->setBuddy(widget);
+  }
+}
+
+// The widget of a form's window.
+class FormWidget final : public QWidget {
+ public:
+  // `moveFocus` is asked when Qt wants the focus to go on by itself, because the control that had
+  // it was disabled or hidden; its argument tells the direction.
+  FormWidget(Qt::WindowFlags flags, std::function<void(bool forwards)> moveFocus)
+      : QWidget(nullptr, flags), moveFocus_(std::move(moveFocus)) {}
+
+ protected:
+  bool focusNextPrevChild(bool next) override {
+    const QWidget* before = focusWidget();
+    moveFocus_(next);
+    return focusWidget() != before;
+  }
+
+ private:
+  std::function<void(bool forwards)> moveFocus_;
+};
 
 }  // namespace
 
@@ -191,11 +223,7 @@ void FormWindow::ReturnFocus() {
 }
 
 void FormWindow::MoveFocus(bool forwards) {
-  Report([&] {
-    const ControlSet& controls = form_.Controls();
-    Control* next = controls.NextInTabOrder(controls.Focused(), !forwards);
-    if (next != nullptr) next->Focus();
-  });
+  Report([&] { form_.MoveFocus(!forwards); });
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {

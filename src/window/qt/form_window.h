@@ -26,7 +26,7 @@ class FormWindow final : public QObject,
   explicit FormWindow(Form& form);
   ~FormWindow() override;
 
-  // Estimated before a window of this kind was seen on the screen.
+  // An estimate until a window of this kind has been seen on the screen.
   Extent FrameExtent() const override;
   void Update() override;
   void ShowModal() override;
@@ -76,6 +76,9 @@ class FormWindow final : public QObject,
   void PassOnFailure();
 
   // --- Placement (form_placement.cpp) ---------------------------------------------------------
+  // What title bar and borders add, logical pixels: those of the last such window that was seen,
+  // else a guess.
+  static QMargins ExpectedFrame(bool sizable);
   void Place();
   void Resize();
   void ShowPlacement();

@@ -11,7 +11,7 @@
 #include "pagivo/qt_windows.h"
 #include "values/late_binding.h"
 #include "window/form.h"
-#include "window/qt/units.h"
+#include "window/qt/conversions.h"
 
 namespace pagivo {
 

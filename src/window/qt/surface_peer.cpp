@@ -9,10 +9,8 @@
 #include <cmath>
 
 #include "window/qt/control_peers.h"
-#include "window/qt/focus_mark.h"
+#include "window/qt/conversions.h"
 #include "window/qt/keys.h"
-#include "window/qt/surface_colors.h"
-#include "window/qt/text.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {
@@ -67,9 +65,10 @@ class SurfacePeer final : public WidgetPeer {
   SurfacePeer(FormWindow& window, Surface& surface, SurfaceWidget* area);
 
   void Show() override;
-  void TakeArea();
   SurfaceArea PresentArea() const;
-  bool SwitchBars(bool mayHide);
+  SurfaceBars PresentBars() const;
+  SurfaceArea AreaBeside(const SurfaceBars& bars);
+  SurfaceColors Colors() const;
 
   bool FilterViewport(QEvent& event);
   void Paint();
@@ -105,12 +104,7 @@ void SurfacePeer::Show() {
   const auto content = surface_.Content();
   if (!content) return;
   isPlacing_ = true;
-  TakeArea();
-  // A bar takes room, and with less room others may be wanted, or none. One that has appeared
-  // stays, so that this comes to an end.
-  for (const bool mayHide : {true, false, false}) {
-    if (SwitchBars(mayHide)) TakeArea();
-  }
+  surface_.FitBars(PresentBars(), [this](const SurfaceBars& bars) { return AreaBeside(bars); });
   isPlacing_ = false;
   ShowRange(*area_->horizontalScrollBar(), content->HorizontalRange());
   ShowRange(*area_->verticalScrollBar(), content->VerticalRange());
@@ -123,26 +117,28 @@ SurfaceArea SurfacePeer::PresentArea() const {
           .scale = scale};
 }
 
-void SurfacePeer::TakeArea() {
-  taken_ = PresentArea();
-  surface_.Content()->PutArea(taken_);
+SurfaceBars SurfacePeer::PresentBars() const {
+  return {.horizontal = area_->horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn,
+          .vertical = area_->verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOn};
 }
 
-bool SurfacePeer::SwitchBars(bool mayHide) {
-  const auto content = surface_.Content();
-  const auto policy = [mayHide](const ScrollRange& range, Qt::ScrollBarPolicy present) {
-    const bool stays = !mayHide && present == Qt::ScrollBarAlwaysOn;
-    return range.wanted || stays ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+SurfaceArea SurfacePeer::AreaBeside(const SurfaceBars& bars) {
+  const auto policy = [](bool isThere) {
+    return isThere ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
   };
-  const auto horizontal = policy(content->HorizontalRange(), area_->horizontalScrollBarPolicy());
-  const auto vertical = policy(content->VerticalRange(), area_->verticalScrollBarPolicy());
-  if (horizontal == area_->horizontalScrollBarPolicy() &&
-      vertical == area_->verticalScrollBarPolicy()) {
-    return false;
-  }
-  area_->setHorizontalScrollBarPolicy(horizontal);
-  area_->setVerticalScrollBarPolicy(vertical);
-  return true;
+  area_->setHorizontalScrollBarPolicy(policy(bars.horizontal));
+  area_->setVerticalScrollBarPolicy(policy(bars.vertical));
+  taken_ = PresentArea();
+  return taken_;
+}
+
+// The colours of the desktop's active windows.
+SurfaceColors SurfacePeer::Colors() const {
+  const auto color = [this](QPalette::ColorRole role) {
+    return Viewport().palette().color(QPalette::Active, role).rgb();
+  };
+  return SurfaceColorsFor(color(QPalette::Window), color(QPalette::WindowText),
+                          color(QPalette::Highlight));
 }
 
 bool SurfacePeer::eventFilter(QObject* watched, QEvent* event) {
@@ -207,7 +203,7 @@ void SurfacePeer::Paint() {
 // Tells whether there is still something to be shown.
 bool SurfacePeer::Draw() {
   const SurfaceArea area = PresentArea();
-  const SurfaceColors colors = SurfaceColorsFor(Viewport().palette());
+  const SurfaceColors colors = Colors();
   if (bitmap_.size() != QSize(area.width, area.height)) {
     bitmap_ = QImage(area.width, area.height, QImage::Format_RGB32);
   }

@@ -17,9 +17,8 @@
 
 #include "window/key_codes.h"
 #include "window/qt/control_peers.h"
-#include "window/qt/focus_mark.h"
-#include "window/qt/text.h"
-#include "window/qt/units.h"
+#include "window/qt/conversions.h"
+#include "window/qt/keys.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {
@@ -63,14 +62,14 @@ class Icons : public QObject {
   std::map<std::pair<const ImageList*, std::string_view>, QIcon> icons_;  // designs are for ever
 };
 
-// The buttons stand where the portable toolbar says, with room left for placeholders. F10 or F6
-// takes the keyboard into the toolbar: arrows, Home and End move along its buttons, Enter and space
-// press, arrow down opens a menu, Tab, F10 and F6 leave, and so does every command. Esc is the
-// form's, whoever has the keyboard.
+// The buttons stand where the portable toolbar says, with room left for placeholders, and the one
+// that has the keyboard has Qt's focus.
 class ToolbarPeer final : public WidgetPeer {
  public:
   ToolbarPeer(FormWindow& window, Toolbar& toolbar)
       : ToolbarPeer(window, toolbar, new QWidget(window.ParentFor(toolbar))) {}
+
+  void OpenMenu(const ToolbarButton& button) override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -84,10 +83,11 @@ class ToolbarPeer final : public WidgetPeer {
   void Place(QWidget& part, const ToolbarButton& button) const;
   void Command(std::string_view key, void (Toolbar::*click)(std::string_view));
 
-  std::vector<QToolButton*> ReachableButtons() const;
-  bool Enter();
-  bool PressKey(QToolButton* button, int key);
-  bool MoveFrom(QToolButton* button, int key);
+  // The place of a button's widget among the parts; their number for any other widget.
+  std::size_t PlaceOf(const QObject* part) const;
+  QWidget* PartOf(const ToolbarButton& button) const;
+  void ShowKeyboard();
+  bool PressKey(const QKeyEvent& event);
 
   Toolbar& toolbar_;
   QWidget* bar_;
@@ -97,8 +97,6 @@ class ToolbarPeer final : public WidgetPeer {
 ToolbarPeer::ToolbarPeer(FormWindow& window, Toolbar& toolbar, QWidget* bar)
     : WidgetPeer(window, toolbar, bar), toolbar_(toolbar), bar_(bar) {
   for (const ToolbarButton& design : toolbar.Buttons()) parts_.push_back(MakePart(design));
-  // Keys that nobody in the window has a use for come by there.
-  window.Window()->installEventFilter(this);
 }
 
 QWidget* ToolbarPeer::MakePart(const ToolbarButton& design) {
@@ -150,6 +148,30 @@ QMenu* ToolbarPeer::MakeMenu(const ToolbarButton& design, QWidget* owner) {
 void ToolbarPeer::Show() {
   const auto buttons = toolbar_.Buttons();
   for (std::size_t i = 0; i < parts_.size(); ++i) Place(*parts_[i], buttons[i]);
+  ShowKeyboard();
+}
+
+std::size_t ToolbarPeer::PlaceOf(const QObject* part) const {
+  return static_cast<std::size_t>(std::ranges::find(parts_, part) - parts_.begin());
+}
+
+QWidget* ToolbarPeer::PartOf(const ToolbarButton& button) const {
+  return parts_[static_cast<std::size_t>(&button - toolbar_.Buttons().data())];
+}
+
+void ToolbarPeer::ShowKeyboard() {
+  const QWidget* focused = Window().Window()->focusWidget();
+  if (const ToolbarButton* button = toolbar_.ButtonWithKeyboard()) {
+    QWidget* part = PartOf(*button);
+    if (part != focused) part->setFocus(Qt::TabFocusReason);
+  } else if (PlaceOf(focused) < parts_.size()) {
+    Window().ReturnFocus();
+  }
+}
+
+void ToolbarPeer::OpenMenu(const ToolbarButton& button) {
+  auto* shown = qobject_cast<QToolButton*>(PartOf(button));
+  if (shown != nullptr) shown->showMenu();
 }
 
 void ToolbarPeer::Place(QWidget& part, const ToolbarButton& button) const {
@@ -169,82 +191,30 @@ void ToolbarPeer::Place(QWidget& part, const ToolbarButton& button) const {
 // in the call, for which GCC 12's undefined-behaviour sanitizer makes code that reads a pointer
 // before it is set.
 void ToolbarPeer::Command(std::string_view key, void (Toolbar::*click)(std::string_view)) {
-  Window().ReturnFocus();
   Report([&toolbar = toolbar_, key, click] { (toolbar.*click)(key); });
 }
 
-std::vector<QToolButton*> ToolbarPeer::ReachableButtons() const {
-  std::vector<QToolButton*> reachable;
-  for (QWidget* part : parts_) {
-    auto* button = qobject_cast<QToolButton*>(part);
-    if (button != nullptr && button->isEnabled() && button->isVisible())
-      reachable.push_back(button);
-  }
-  return reachable;
-}
-
 bool ToolbarPeer::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    const bool isPlain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (auto* button = qobject_cast<QToolButton*>(watched)) return PressKey(button, key.key());
-    const bool enters = key.key() == Qt::Key_F10 || key.key() == Qt::Key_F6;
-    if (watched == Window().Window() && isPlain && enters) return Enter();
+  const std::size_t place = PlaceOf(watched);
+  if (place == parts_.size()) return WidgetPeer::eventFilter(watched, event);
+  if (event->type() == QEvent::KeyPress) return PressKey(static_cast<const QKeyEvent&>(*event));
+  if (event->type() == QEvent::FocusIn) {
+    Report([&toolbar = toolbar_, place] { toolbar.TakeKeyboard(toolbar.Buttons()[place]); });
   }
-  return watched == bar_ && WidgetPeer::eventFilter(watched, event);
+  return false;
 }
 
-bool ToolbarPeer::Enter() {
-  const std::vector<QToolButton*> reachable = ReachableButtons();
-  if (reachable.empty()) return false;
-  reachable.front()->setFocus(Qt::TabFocusReason);
-  return true;
-}
-
-bool ToolbarPeer::PressKey(QToolButton* button, int key) {
-  switch (key) {
-    case Qt::Key_Escape:
-      Window().ReturnFocus();
-      Report([this] { Window().GetForm().PressKey(kKeyEscape); });
-      return true;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_F6:
-    case Qt::Key_F10:
-      Window().ReturnFocus();
-      return true;
-    case Qt::Key_Enter:
-    case Qt::Key_Return:
-      button->click();
-      return true;
-    case Qt::Key_Down:
-      if (button->menu() != nullptr) button->showMenu();
-      return true;
-    case Qt::Key_Up:
-      return true;
-    default:
-      return MoveFrom(button, key);
-  }
-}
-
-bool ToolbarPeer::MoveFrom(QToolButton* button, int key) {
-  const std::vector<QToolButton*> reachable = ReachableButtons();
-  const auto here = std::ranges::find(reachable, button);
-  if (here == reachable.end()) return false;
-  auto target = here;
-  if (key == Qt::Key_Home) {
-    target = reachable.begin();
-  } else if (key == Qt::Key_End) {
-    target = reachable.end() - 1;
-  } else if (key == Qt::Key_Left) {
-    target = (here == reachable.begin() ? reachable.end() : here) - 1;
-  } else if (key == Qt::Key_Right) {
-    target = here + 1 == reachable.end() ? reachable.begin() : here + 1;
-  } else {
-    return false;
-  }
-  (*target)->setFocus(Qt::TabFocusReason);
-  return true;
+// The form knows which button the key is for. The space bar is left to Qt, which presses the button
+// when it comes up again.
+bool ToolbarPeer::PressKey(const QKeyEvent& event) {
+  const std::int16_t code = KeyCodeOf(event.key(), event.modifiers());
+  if (code == 0 || code == kKeySpace) return false;
+  bool used = false;
+  const bool isAlive =
+      Report([&used, &form = Window().GetForm(), code, shift = ShiftStateOf(event.modifiers())] {
+        used = form.PressKey(code, shift);
+      });
+  return used || !isAlive;
 }
 
 }  // namespace

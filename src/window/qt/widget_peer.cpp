@@ -1,11 +1,14 @@
 #include "window/qt/widget_peer.h"
 
 #include <QEvent>
+#include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QRect>
 #include <utility>
 
+#include "window/qt/conversions.h"
 #include "window/qt/fonts.h"
-#include "window/qt/text.h"
-#include "window/qt/units.h"
 
 namespace pagivo::qt {
 
@@ -63,6 +66,15 @@ bool WidgetPeer::eventFilter(QObject*, QEvent* event) {
     });
   }
   return false;
+}
+
+void DrawFocusMark(QWidget& widget) {
+  if (!widget.hasFocus() || !MarksFocus(*widget.window())) return;
+  constexpr int kNarrow = 16;  // pixels
+  const int within = widget.width() > kNarrow ? 3 : 1;
+  QPainter painter(&widget);
+  painter.setPen(QPen(widget.palette().color(widget.foregroundRole()), 1, Qt::DotLine));
+  painter.drawRect(widget.rect().adjusted(within, within, -within - 1, -within - 1));
 }
 
 }  // namespace pagivo::qt

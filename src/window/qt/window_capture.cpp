@@ -8,8 +8,8 @@
 #include <cstring>
 
 #include "pagivo/error.h"
+#include "window/qt/conversions.h"
 #include "window/qt/qt_windows.h"
-#include "window/qt/units.h"
 #include "window/qt/x11_capture.h"
 
 namespace pagivo {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "pagivo/error.h"
-#include "window/qt/units.h"
+#include "window/qt/conversions.h"
 
 namespace pagivo::qt {
 

@@ -14,6 +14,7 @@
 
 #include "pagivo/error.h"
 #include "support/qt/qt_values.h"
+#include "values/measures.h"
 #include "window/combo_box.h"
 #include "window/key_codes.h"
 #include "window/scroll_bar.h"
@@ -48,6 +49,8 @@ constexpr Key kKeys[] = {
     {kKeyUp, Qt::Key_Up},
     {kKeyRight, Qt::Key_Right},
     {kKeyDown, Qt::Key_Down},
+    {kKeyF6, Qt::Key_F6},
+    {kKeyF10, Qt::Key_F10},
 };
 
 // Letters and digits have the key codes of their characters in both.

@@ -6,8 +6,6 @@
 
 namespace pagivo::testing {
 
-inline constexpr float kTwipsPerPixel = 15;
-
 inline QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

@@ -15,6 +15,7 @@
 #include <string>
 
 #include "support/qt/qt_values.h"
+#include "values/measures.h"
 #include "window/combo_box.h"
 #include "window/option_button.h"
 #include "window/scroll_bar.h"

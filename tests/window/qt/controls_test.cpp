@@ -9,9 +9,8 @@
 
 #include "window/combo_box.h"
 #include "window/option_button.h"
+#include "window/qt/conversions.h"
 #include "window/qt/qt_test.h"
-#include "window/qt/spin_arrows.h"
-#include "window/qt/text.h"
 #include "window/scroll_bar.h"
 #include "window/text_box.h"
 
@@ -444,12 +443,6 @@ TEST(Text, CountsCharactersNotUnits) {
   EXPECT_EQ(qt::CharactersBefore(text, 3), 2U);
   EXPECT_EQ(qt::UnitsBefore(text, 2), 3);
   EXPECT_EQ(qt::UnitsBefore(text, 9), 4);
-}
-
-TEST(Text, LosesTheMarkOfItsAccessKey) {
-  EXPECT_EQ(qt::WithoutAccessKey("&Pagina's"), "Pagina's");
-  EXPECT_EQ(qt::WithoutAccessKey("Jansen && Zn"), "Jansen & Zn");
-  EXPECT_EQ(qt::WithoutAccessKey("einde&"), "einde&");
 }
 
 }  // namespace

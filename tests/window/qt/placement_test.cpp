@@ -5,9 +5,9 @@
 #include <QScreen>
 #include <vector>
 
+#include "window/qt/conversions.h"
 #include "window/qt/fonts.h"
 #include "window/qt/qt_test.h"
-#include "window/qt/units.h"
 
 namespace pagivo {
 namespace {

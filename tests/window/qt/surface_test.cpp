@@ -9,7 +9,6 @@
 
 #include "window/key_codes.h"
 #include "window/qt/qt_test.h"
-#include "window/qt/surface_colors.h"
 
 namespace pagivo {
 namespace {
@@ -149,7 +148,10 @@ TEST_F(SurfaceShown, DrawsAnewOnlyWhenTheContentOrItsSizeChanges) {
 TEST_F(SurfaceShown, IsBlankWithoutContent) {
   View().PutContent(nullptr);
   Show(*form, [&](QWidget& window) {
-    const auto ground = qt::SurfaceColorsFor(window.palette()).ground;
+    const auto color = [&](QPalette::ColorRole role) { return window.palette().color(role).rgb(); };
+    const auto ground = SurfaceColorsFor(color(QPalette::Window), color(QPalette::WindowText),
+                                         color(QPalette::Highlight))
+                            .ground;
     EXPECT_EQ(ViewportOf(window).grab().toImage().pixel(10, 10), ground);
   });
   EXPECT_EQ(sheet->drawings, 0);
@@ -281,20 +283,6 @@ TEST_F(SurfaceShown, ReportsNothingOnceTheFormIsHidden) {
     QTest::mousePress(&ViewportOf(window), Qt::LeftButton, {}, QPoint(10, 20));
   });
   EXPECT_THAT(sheet->pointer, IsEmpty());
-}
-
-// --- Colours
-
-TEST(SurfaceColours, PartGroundEdgeAndPageInLightAndDarkThemes) {
-  for (const QColor& window : {QColor(0xEF, 0xEF, 0xEF), QColor(0x35, 0x35, 0x35)}) {
-    QPalette palette(window);
-    const SurfaceColors colors = qt::SurfaceColorsFor(palette);
-    const QColor ground(colors.ground);
-    EXPECT_LT(ground.lightness(), window.lightness());
-    EXPECT_GT(255 - ground.lightness(), 30);
-    EXPECT_GT(std::abs(QColor(colors.edge).lightness() - ground.lightness()), 30);
-    EXPECT_EQ(colors.highlight, palette.color(QPalette::Highlight).rgb());
-  }
 }
 
 }  // namespace

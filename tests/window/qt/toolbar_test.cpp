@@ -10,8 +10,8 @@
 
 #include "preview/toolbar_design.h"
 #include "window/key_codes.h"
+#include "window/qt/conversions.h"
 #include "window/qt/qt_test.h"
-#include "window/qt/units.h"
 
 namespace pagivo {
 namespace {

@@ -13,7 +13,7 @@
 
 namespace pagivo::native {
 
-// Which part of a page, as it is now, at which size.
+// Names a bitmap: which part of a page, as it is now, at which size.
 struct BitmapKey {
   std::int32_t page = 0;
   std::size_t revision = 0;  // of the page's record
@@ -75,7 +75,7 @@ class PageBitmaps {
 
   // Copies the visible part of a page onto the surface.
   void Show(const Document& document, const PlacedPage& placed, const SurfaceBitmap& surface);
-  // Forgets everything. To be called when there is another document.
+  // Forgets everything, which must happen when there is another document.
   void Clear() noexcept { cache_.Clear(); }
 
   const BitmapCache& Cache() const noexcept { return cache_; }

@@ -36,7 +36,7 @@ inline SurfaceBox Intersection(const SurfaceBox& one, const SurfaceBox& other) {
           std::min(one.right, other.right), std::min(one.bottom, other.bottom)};
 }
 
-// The pages that there are to be shown.
+// The pages that a layout can choose from.
 class PageSource {
  public:
   virtual std::int32_t PageCount() const = 0;
@@ -58,7 +58,7 @@ struct PlacedPage {
 
 struct PageLayout {
   std::vector<PlacedPage> pages;  // from the first to the last
-  // How many pages the overview has beside and below each other.
+  // The overview has so many pages beside and below each other.
   std::int32_t columns = 1;
   std::int32_t rows = 1;
 

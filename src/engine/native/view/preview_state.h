@@ -84,13 +84,13 @@ class PreviewState {
 
   // The effective percentage in the mode in force.
   double Zoom(const ShownPages& pages) const noexcept;
-  // From now on this percentage, in mode kZoomPercent. Raises ErrorNumber::InvalidPropertyValue
+  // Puts this percentage in force, in mode kZoomPercent. Raises ErrorNumber::InvalidPropertyValue
   // outside kMinimumZoom..kMaximumZoom.
   void PutZoom(double percent);
 
   // Page twips above the visible part; never more than what does not fit into the area.
   double ScrollTop(const ShownPages& pages) const noexcept;
-  // Clamped. Raises ErrorNumber::InvalidPropertyValue for what is no number.
+  // Goes as far as the page does. Raises ErrorNumber::InvalidPropertyValue for what is no number.
   void PutScrollTop(double top, const ShownPages& pages);
 
   // How far it is scrolled, and how far it can be: {0, 0} when everything is visible. A page that
@@ -98,7 +98,7 @@ class PreviewState {
   // keeps its place between the two edges at every zoom.
   ScrollPosition Scrolled(const ShownPages& pages) const noexcept;
   ScrollPosition MaximumScroll(const ShownPages& pages) const noexcept;
-  // Clamped.
+  // Scrolls there, as far as the page goes.
   void ScrollTo(const ScrollPosition& position, const ShownPages& pages) noexcept;
 
  private:
