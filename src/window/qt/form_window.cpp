@@ -27,10 +27,12 @@ Qt::WindowFlags FlagsFor(const FormDesign& design) {
 }
 
 // What our window is shown over: the active window or, while the user is in another program, one
-// that is visible.
+// that is visible. Qt may call a window active that has just been hidden, our own or one that lay
+// over it; Qt would go round for ever among windows that lie over each other.
 QWidget* WindowBelow() {
-  if (QWidget* active = QApplication::activeWindow()) return active;
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  for (QWidget* window : {QApplication::activeWindow(), QApplication::activeModalWidget()}) {
+    if (window != nullptr && window->isVisible()) return window;
+  }
   const QWidgetList windows = QApplication::topLevelWidgets();
   const auto visible = std::ranges::find_if(windows, [](const QWidget* window) {
     return window->isVisible() && window->windowType() == Qt::Window;
