@@ -190,13 +190,13 @@ class MarkerWalk {
 // --- The decoder
 
 // Decoding makes pictures smaller on the way: to a half, a quarter or an eighth.
-unsigned int ReductionWhileDecoding(std::int64_t width, std::int64_t height) {
-  constexpr unsigned int kMost = 8;
-  unsigned int reduction = 1;
+std::int32_t ReductionWhileDecoding(std::int64_t width, std::int64_t height) {
+  constexpr std::int64_t kMost = 8;
+  std::int64_t reduction = 1;
   while (reduction < kMost && width * height / (reduction * reduction) > kMaximumKeptPixels) {
     reduction *= 2;
   }
-  return reduction;
+  return static_cast<std::int32_t>(reduction);
 }
 
 // Adobe's programs store the four inks the other way round.
@@ -283,7 +283,8 @@ class JpegReader {
         RefuseDamaged();
     }
     info_.scale_num = 1;
-    info_.scale_denom = ReductionWhileDecoding(info_.image_width, info_.image_height);
+    info_.scale_denom =
+        static_cast<unsigned int>(ReductionWhileDecoding(info_.image_width, info_.image_height));
     Do([this] { jpeg_start_decompress(&info_); });
   }
 
@@ -299,8 +300,7 @@ class JpegReader {
 
 // The size that ReadPixels comes to.
 void TellDecodedSize(JpegStructure& structure) {
-  const auto first =
-      static_cast<std::int32_t>(ReductionWhileDecoding(structure.width, structure.height));
+  const std::int32_t first = ReductionWhileDecoding(structure.width, structure.height);
   const std::int32_t width = DividedSide(structure.width, first);
   const std::int32_t height = DividedSide(structure.height, first);
   const std::int32_t second = ReductionFor(width, height, kMaximumKeptPixels);

@@ -153,7 +153,7 @@ class PngReader {
     std::vector<png_bytep> rows(png_get_image_height(png_, info_));
     for (std::size_t y = 0; y < rows.size(); ++y) rows[y] = &data[y * rowSize];
     Do([this, &rows] { png_read_image(png_, rows.data()); });
-    for (const png_bytep row : rows) reducer.Take(row);
+    for (const std::uint8_t* row : rows) reducer.Take(row);
   }
 
   PictureBytes rest_;  // of the file, not read yet
