@@ -9,6 +9,8 @@
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/spool/cups/cups_print_server.h"
 #include "pagivo/error.h"
+#include "pagivo/picture.h"
+#include "values/errors.h"
 #include "values/process_wide.h"
 #include "window/headless/headless_windows.h"
 
@@ -83,6 +85,10 @@ const Platform& CurrentPlatform() {
 
 void UsePlatform(Platform platform) {
   PlatformInUse() = std::move(platform);
+}
+
+ObjectRef LoadPicture(const TextArgument& path) {
+  return ReportingErrors([&] { return CurrentPlatform().loadPicture(path); });
 }
 
 }  // namespace pagivo

@@ -19,8 +19,10 @@ namespace {
 constexpr int kKills = 50;
 constexpr useconds_t kLongestDelay = 30000;  // microseconds; a few files take that long
 
-// Between two calls of the system's a complete file has another name: a kill may fall there.
-constexpr long kMostLeftBehind = 2;
+// Between two calls of the system's a complete file has another name. A kill may fall there, three
+// times in fifty on a machine with much else to do; nearly every one would if that name were the
+// file's from the start.
+constexpr long kMostLeftBehind = kKills / 8;
 
 class Kill : public ::testing::Test {
  protected:

@@ -11,6 +11,9 @@
 
 namespace pagivo::native {
 
+// What keeps the printer from printing: a sentence in Dutch, empty when all is well.
+std::string ConditionOf(const Printer& printer);
+
 // Without a server, or while it cannot be reached, there are no printers. Nothing is asked of the
 // server before a function needs it. What is asked about a printer by its name leaves the choice as
 // it is.
@@ -36,7 +39,7 @@ class PrinterChoice {
   std::string PortOf(const std::string& name);
   // Any printer's; empty when nothing is known of it.
   PrinterMedia MediaOf(const std::string& name);
-  // What any printer says of itself (see printer_condition.h); empty when nothing is known.
+  // What keeps any printer from printing; empty when nothing is known.
   std::string ConditionOf(const std::string& name);
 
   // On the current printer, whatever `request` names. Raises ErrorNumber::PrinterFailure.

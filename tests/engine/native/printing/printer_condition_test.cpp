@@ -1,10 +1,10 @@
-#include "engine/native/printing/printer_condition.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "engine/native/printing/printer_choice.h"
 
 namespace pagivo::native {
 namespace {
