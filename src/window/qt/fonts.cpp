@@ -4,7 +4,7 @@
 #include <QHash>
 #include <QStringList>
 
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 
 namespace pagivo::qt {
 

@@ -5,8 +5,8 @@
 #include <QWindow>
 #include <map>
 
-#include "window/qt/conversions.h"
 #include "window/qt/form_window.h"
+#include "window/qt/qt_conversions.h"
 
 namespace pagivo::qt {
 

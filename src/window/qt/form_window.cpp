@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "pagivo/error.h"
-#include "window/qt/conversions.h"
 #include "window/qt/keys.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {

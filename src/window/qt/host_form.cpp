@@ -11,7 +11,7 @@
 #include "pagivo/qt_windows.h"
 #include "values/late_binding.h"
 #include "window/form.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 
 namespace pagivo {
 

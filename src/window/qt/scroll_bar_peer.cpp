@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "window/qt/control_peers.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {

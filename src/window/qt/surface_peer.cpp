@@ -9,8 +9,8 @@
 #include <cmath>
 
 #include "window/qt/control_peers.h"
-#include "window/qt/conversions.h"
 #include "window/qt/keys.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {

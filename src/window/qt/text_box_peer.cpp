@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "window/qt/control_peers.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {

@@ -17,8 +17,8 @@
 
 #include "window/key_codes.h"
 #include "window/qt/control_peers.h"
-#include "window/qt/conversions.h"
 #include "window/qt/keys.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/widget_peer.h"
 
 namespace pagivo::qt {

@@ -7,8 +7,8 @@
 #include <QRect>
 #include <utility>
 
-#include "window/qt/conversions.h"
 #include "window/qt/fonts.h"
+#include "window/qt/qt_conversions.h"
 
 namespace pagivo::qt {
 

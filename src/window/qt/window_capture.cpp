@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "pagivo/error.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/qt_windows.h"
 #include "window/qt/x11_capture.h"
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "pagivo/error.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 
 namespace pagivo::qt {
 

@@ -9,7 +9,7 @@
 
 #include "window/combo_box.h"
 #include "window/option_button.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/qt_test.h"
 #include "window/scroll_bar.h"
 #include "window/text_box.h"

@@ -5,8 +5,8 @@
 #include <QScreen>
 #include <vector>
 
-#include "window/qt/conversions.h"
 #include "window/qt/fonts.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/qt_test.h"
 
 namespace pagivo {

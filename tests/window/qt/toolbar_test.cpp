@@ -10,7 +10,7 @@
 
 #include "preview/toolbar_design.h"
 #include "window/key_codes.h"
-#include "window/qt/conversions.h"
+#include "window/qt/qt_conversions.h"
 #include "window/qt/qt_test.h"
 
 namespace pagivo {
