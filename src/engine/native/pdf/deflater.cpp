@@ -20,7 +20,7 @@ constexpr std::size_t kShortestMatch = 4;  // three would be allowed, and seldom
 constexpr std::ptrdiff_t kFarthestMatch = 32768;
 constexpr unsigned kLongestCode = 15;
 constexpr int kEndOfBlock = 256;
-constexpr int kFirstLength = 257;
+constexpr std::size_t kFirstLength = 257;
 constexpr std::array<std::uint8_t, 19> kOrderOfLengthCodes = {16, 17, 18, 0, 8,  7, 9,  6, 10, 5,
                                                               11, 4,  12, 3, 13, 2, 14, 1, 15};
 constexpr unsigned kLongestLengthCode = 7;
@@ -56,7 +56,7 @@ std::size_t MatchLength(const char* bytes, const char* before, const char* end) 
 
 // A length's code number counted from kFirstLength, and how many further bits it has.
 struct LengthSlot {
-  int number = 0;
+  std::size_t number = 0;
   unsigned extraBits = 0;
   unsigned extra = 0;
 };
@@ -64,10 +64,9 @@ struct LengthSlot {
 LengthSlot SlotOfLength(unsigned length) {
   if (length == 258) return {28, 0, 0};
   const unsigned x = length - 3;
-  if (x < 8) return {static_cast<int>(x), 0, 0};
+  if (x < 8) return {x, 0, 0};
   const auto extraBits = static_cast<unsigned>(std::bit_width(x)) - 3;
-  return {static_cast<int>(4 * extraBits + (x >> extraBits)), extraBits,
-          x & ((1U << extraBits) - 1)};
+  return {4 * extraBits + (x >> extraBits), extraBits, x & ((1U << extraBits) - 1)};
 }
 
 struct DistanceSlot {
@@ -244,7 +243,7 @@ void PageDeflater::MakeCodes(std::string_view content) {
   std::vector<std::uint32_t> distances(kDistanceCodes, 1);
   const auto countLiteral = [&](std::uint8_t byte) { literals[byte] += kSeen; };
   const auto countMatch = [&](unsigned length, unsigned distance) {
-    literals[static_cast<std::size_t>(kFirstLength + SlotOfLength(length).number)] += kSeen;
+    literals[kFirstLength + SlotOfLength(length).number] += kSeen;
     distances[SlotOfDistance(distance).number] += kSeen;
   };
   Parse(content, countLiteral, countMatch);
@@ -254,7 +253,7 @@ void PageDeflater::MakeCodes(std::string_view content) {
   NumberCodes<Code>(more, distances_);
   for (unsigned length = 3; length <= kLongestMatch; ++length) {
     const LengthSlot slot = SlotOfLength(length);
-    const Code& code = literals_[static_cast<std::size_t>(kFirstLength + slot.number)];
+    const Code& code = literals_[kFirstLength + slot.number];
     lengths_[length] = {code.bits | slot.extra << code.count, code.count + slot.extraBits};
   }
   lengths.insert(lengths.end(), more.begin(), more.end());
