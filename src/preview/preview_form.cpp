@@ -16,9 +16,9 @@ namespace {
 // What a maximised host is larger than its preview, in twips.
 constexpr double kSmallerThanHost = 100;
 
-// Held while it answers, for it may make the host remember another window.
+// The copy holds it while it answers, for it may make the host remember another window.
 Variant HostMember(const ObjectRef& hostForm, std::string_view name) {
-  const ObjectRef host = hostForm;
+  const ObjectRef host = hostForm;  // NOLINT(performance-unnecessary-copy-initialization)
   if (!host) throw Error(ErrorNumber::InvalidArgument, "Er is geen venster van het hoofdprogramma");
   return host->GetMember(name);
 }
