@@ -33,6 +33,9 @@ class FaceCatalog {
   // open while somebody holds it (shared_from_this) and at least until the next call.
   std::optional<StyledFace> Find(const FaceQuery& query);
 
+  // See FaceFinder.
+  void ForgetInstallation() noexcept { finder_->Forget(); }
+
  private:
   const Face* Open(const FaceFile& file);
 

@@ -32,6 +32,9 @@ class FaceFinder {
   // a family before the style within it. Only files with TrueType or CFF outlines. The same
   // installation gives the same order in every language and every process.
   virtual std::optional<FaceFile> Find(const FaceQuery& query, std::size_t rank) = 0;
+
+  // Gives back what was read of the installation. It is read again when a face is next looked for.
+  virtual void Forget() noexcept {}
 };
 
 // The finder of the system that the component is built for.

@@ -3,6 +3,7 @@
 #include <hb-ot.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <utility>
@@ -142,7 +143,10 @@ struct FontLibrary::Implementation {
 };
 
 FontLibrary& FontLibrary::Instance() {
-  return ProcessWide<FontLibrary>([] { return new FontLibrary(MakeFaceFinder()); });
+  return ProcessWide<FontLibrary>([] {
+    std::atexit([] { Instance().implementation_->catalog.ForgetInstallation(); });
+    return new FontLibrary(MakeFaceFinder());
+  });
 }
 
 FontLibrary::FontLibrary(std::unique_ptr<FaceFinder> finder)

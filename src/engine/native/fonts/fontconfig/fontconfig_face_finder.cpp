@@ -73,11 +73,8 @@ FaceFile FileOf(const FcPattern* face) {
 
 class FontconfigFaceFinder final : public FaceFinder {
  public:
-  // A configuration of our own: the host may use fontconfig in its own way.
-  FontconfigFaceFinder()
-      : config_(FcInitLoadConfigAndFonts()), faces_(UsableFaces(config_.get())) {}
-
   std::optional<FaceFile> Find(const FaceQuery& query, std::size_t rank) override {
+    if (!config_) Load();
     const FcFontSet* sorted = Sorted(query);
     for (int i = 0; sorted != nullptr && i < sorted->nfont; ++i) {
       if (query.codePoint && !HasCharacter(sorted->fonts[i], *query.codePoint)) continue;
@@ -86,11 +83,25 @@ class FontconfigFaceFinder final : public FaceFinder {
     return std::nullopt;
   }
 
+  // The leak sanitizer of a host would call a configuration leaked that is kept to the end, for
+  // fontconfig writes pointers in a form of its own.
+  void Forget() noexcept override {
+    sorted_.clear();
+    faces_.reset();
+    config_.reset();
+  }
+
  private:
   using Style = std::tuple<std::string, bool, bool>;
 
   // Hosts may ask for any number of names; then their orders are made anew.
   static constexpr std::size_t kMostOrders = 256;
+
+  // A configuration of our own: the host may use fontconfig in its own way.
+  void Load() {
+    config_.reset(FcInitLoadConfigAndFonts());
+    faces_ = UsableFaces(config_.get());
+  }
 
   // Holds until the next call.
   const FcFontSet* Sorted(const FaceQuery& query) {

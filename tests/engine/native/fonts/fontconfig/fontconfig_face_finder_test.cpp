@@ -33,6 +33,14 @@ TEST(FontconfigFaceFinder, TellsTheStyleThatTheFaceHasNotTheOneAskedFor) {
   EXPECT_FALSE(file.italic);
 }
 
+TEST(FontconfigFaceFinder, FindsTheSameFaceAfterItHasForgottenTheInstallation) {
+  const auto finder = MakeFaceFinder();
+  const std::string path = finder->Find(Family("Arial"), 0).value().path;
+  finder->Forget();
+  finder->Forget();
+  EXPECT_EQ(finder->Find(Family("Arial"), 0).value().path, path);
+}
+
 TEST(FontconfigFaceFinder, PutsTheFamilyBeforeTheStyle) {
   const auto finder = MakeFaceFinder();
   const FaceFile file = finder->Find({"Z003", true, false, std::nullopt}, 0).value();
