@@ -73,6 +73,8 @@ FaceFile FileOf(const FcPattern* face) {
 
 class FontconfigFaceFinder final : public FaceFinder {
  public:
+  FontconfigFaceFinder() { Load(); }
+
   std::optional<FaceFile> Find(const FaceQuery& query, std::size_t rank) override {
     if (!config_) Load();
     const FcFontSet* sorted = Sorted(query);
