@@ -32,6 +32,7 @@ std::int32_t UnitsOf(double pixels) {
 // Cells are looked at and drawn four at a time: where one of them is filled, its neighbours mostly
 // are, too, and deciding on each would cost more than drawing it.
 constexpr std::int32_t kGroup = 4;
+constexpr std::size_t kMostAtOnce = 64;  // cells, whole groups
 
 bool IsBlankGroup(const std::int32_t* cells) {
   return (cells[0] | cells[1] | cells[2] | cells[3]) == 0;
@@ -102,12 +103,17 @@ void AreaFiller::DrawRow(const Row& row, FillRule rule, const Ink& ink,
       const std::uint32_t coverage = CoverageOf(sum, rule);
       if (coverage > 0) ink.BlendRun(pixels + x, pixels + next, coverage);
     } else {
-      std::array<std::uint8_t, kGroup> coverages{};
-      for (std::uint8_t& coverage : coverages) {
-        sum += std::exchange(cells[next++], 0);
-        coverage = static_cast<std::uint8_t>(CoverageOf(sum, rule));
-      }
-      ink.BlendRow(pixels + x, coverages.data(), std::min(kGroup, width - x));
+      std::array<std::uint8_t, kMostAtOnce> coverages;
+      std::uint8_t* coverage = coverages.data();
+      do {
+        for (std::int32_t i = 0; i < kGroup; ++i) {
+          sum += std::exchange(cells[next++], 0);
+          *coverage++ = static_cast<std::uint8_t>(CoverageOf(sum, rule));
+        }
+      } while (next < end && !IsBlankGroup(cells + next) && coverage < coverages.end());
+      ink.BlendRows({.pixels = pixels + x,
+                     .coverages = coverages.data(),
+                     .width = std::min(next, width) - x});
     }
     x = next;
   }

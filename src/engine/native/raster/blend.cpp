@@ -110,17 +110,9 @@ class Mixer {
 // What the vectors of every processor of the platform hold.
 constexpr std::size_t kEveryVector = 16;
 
-struct Rows {
-  std::uint32_t* pixels;
-  std::ptrdiff_t stride;
-  const std::uint8_t* coverages;
-  std::ptrdiff_t pitch;
-  std::int32_t width;
-  std::int32_t height;
-};
-
 template <std::size_t kBytes>
-[[gnu::always_inline]] inline void BlendBy(const Rows& rows, const Ink& ink, std::uint32_t color) {
+[[gnu::always_inline]] inline void BlendBy(const CoveredRows& rows, const Ink& ink,
+                                           std::uint32_t color) {
   const Mixer<kBytes> mixer(color);
   const Mixer<kEveryVector> narrow(color);
   auto [row, stride, coverages, pitch, width, height] = rows;
@@ -136,33 +128,33 @@ template <std::size_t kBytes>
   }
 }
 
-void BlendFours(const Rows& rows, const Ink& ink, std::uint32_t color) {
-  BlendBy<kEveryVector>(rows, ink, color);
-}
-
-using Blending = void (*)(const Rows& rows, const Ink& ink, std::uint32_t color);
-
 #if defined(__x86_64__) || defined(__i386__)
-[[gnu::target("avx2")]] void BlendEights(const Rows& rows, const Ink& ink, std::uint32_t color) {
+[[gnu::target("avx2")]] void BlendEights(const CoveredRows& rows, const Ink& ink,
+                                         std::uint32_t color) {
   BlendBy<32>(rows, ink, color);
 }
 
-Blending FastestBlending() {
-  return __builtin_cpu_supports("avx2") ? BlendEights : BlendFours;
+bool HasEights() {
+  static const bool has = __builtin_cpu_supports("avx2") != 0;
+  return has;
 }
 #else
-Blending FastestBlending() {
-  return BlendFours;
+void BlendEights(const CoveredRows&, const Ink&, std::uint32_t) {}
+
+bool HasEights() {
+  return false;
 }
 #endif
 
-const Blending kBlending = FastestBlending();
-
 }  // namespace
 
-void Ink::BlendRows(std::uint32_t* pixels, std::ptrdiff_t stride, const std::uint8_t* coverages,
-                    std::ptrdiff_t pitch, std::int32_t width, std::int32_t height) const {
-  kBlending({pixels, stride, coverages, pitch, width, height}, *this, pixel_);
+void Ink::BlendRows(const CoveredRows& rows) const {
+  if (HasEights()) return BlendEights(rows, *this, pixel_);
+  BlendRowsInFours(rows);
+}
+
+void Ink::BlendRowsInFours(const CoveredRows& rows) const {
+  BlendBy<kEveryVector>(rows, *this, pixel_);
 }
 
 }  // namespace pagivo::native

@@ -9,6 +9,16 @@
 
 namespace pagivo::native {
 
+// Rows of pixels with a coverage each; `stride` pixels and `pitch` coverages lead from row to row.
+struct CoveredRows {
+  std::uint32_t* pixels = nullptr;
+  std::ptrdiff_t stride = 0;
+  const std::uint8_t* coverages = nullptr;
+  std::ptrdiff_t pitch = 0;
+  std::int32_t width = 0;
+  std::int32_t height = 1;
+};
+
 class Ink {
  public:
   explicit Ink(Color color)
@@ -29,13 +39,10 @@ class Ink {
     for (; begin < end; ++begin) Blend(*begin, coverage);
   }
 
-  // Rows of pixels with a coverage each; `stride` pixels and `pitch` coverages lead from row to
-  // row.
-  void BlendRows(std::uint32_t* pixels, std::ptrdiff_t stride, const std::uint8_t* coverages,
-                 std::ptrdiff_t pitch, std::int32_t width, std::int32_t height) const;
-  void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverages, std::int32_t width) const {
-    BlendRows(pixels, 0, coverages, 0, width, 1);
-  }
+  // As many pixels at a time as this processor can.
+  void BlendRows(const CoveredRows& rows) const;
+  // Four at a time, which every processor of the platform can.
+  void BlendRowsInFours(const CoveredRows& rows) const;
 
  private:
   // A pixel's four channels with eight bits of room above each, so that one multiplication serves

@@ -104,8 +104,12 @@ void Canvas::DrawCoverage(const Coverage& coverage, std::int32_t left, std::int3
   LayPaper(box.bottom);
   const std::uint8_t* covered =
       coverage.bytes + std::ptrdiff_t{box.top - top} * coverage.pitch + (box.left - left);
-  ink.BlendRows(Row(box.top) + box.left, bitmap_.width, covered, coverage.pitch,
-                box.right - box.left, box.bottom - box.top);
+  ink.BlendRows({.pixels = Row(box.top) + box.left,
+                 .stride = bitmap_.width,
+                 .coverages = covered,
+                 .pitch = coverage.pitch,
+                 .width = box.right - box.left,
+                 .height = box.bottom - box.top});
 }
 
 void Canvas::FillRectangle(const PixelRectangle& rectangle, const Ink& ink) {

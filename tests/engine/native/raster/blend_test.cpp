@@ -40,7 +40,12 @@ TEST(Blend, MixesInProportionWithinALevel) {
   }
 }
 
-TEST(Blend, OfARowEqualsThatOfItsPixels) {
+using BlendingRows = void (Ink::*)(const CoveredRows& rows) const;
+class BlendOfRows : public testing::TestWithParam<BlendingRows> {};
+INSTANTIATE_TEST_SUITE_P(AsTheProcessorCan, BlendOfRows, testing::Values(&Ink::BlendRows));
+INSTANTIATE_TEST_SUITE_P(InFours, BlendOfRows, testing::Values(&Ink::BlendRowsInFours));
+
+TEST_P(BlendOfRows, EqualsThatOfTheirPixels) {
   const Ink ink(kOrange);
   for (std::uint32_t ground = 0; ground < 256; ++ground) {
     std::vector<std::uint32_t> row(256, 0xFF000000 | ground << 16 | (255 - ground) << 8 | ground);
@@ -50,20 +55,37 @@ TEST(Blend, OfARowEqualsThatOfItsPixels) {
       coverages[x] = static_cast<std::uint8_t>(x * 37);
       ink.Blend(expected[x], coverages[x]);
     }
-    ink.BlendRow(row.data(), coverages.data(), 256);
+    (ink.*GetParam())({.pixels = row.data(), .coverages = coverages.data(), .width = 256});
     ASSERT_EQ(row, expected);
   }
 }
 
-TEST(Blend, OfARowTouchesNoPixelBeyondIt) {
+TEST_P(BlendOfRows, TouchesNoPixelBeyondThem) {
   const std::vector<std::uint8_t> coverages(16, 255);
   for (std::int32_t count = 0; count <= 16; ++count) {
     std::vector<std::uint32_t> row(20, 0xFFFFFFFF);
-    Ink(kOrange).BlendRow(row.data() + 1, coverages.data(), count);
+    (Ink(kOrange).*
+     GetParam())({.pixels = row.data() + 1, .coverages = coverages.data(), .width = count});
     const auto covered = std::count(row.begin(), row.end(), kOrangePixel);
     EXPECT_EQ(covered, count);
     EXPECT_EQ(row[0], 0xFFFFFFFF);
     EXPECT_EQ(row[static_cast<std::size_t>(count) + 1], 0xFFFFFFFF);
+  }
+}
+
+TEST_P(BlendOfRows, GoesFromRowToRow) {
+  std::vector<std::uint32_t> pixels(30, 0xFFFFFFFF);
+  std::vector<std::uint8_t> coverages(33, 0);
+  for (const std::size_t at : {0U, 8U, 11U, 19U, 22U, 30U}) coverages[at] = 255;
+  (Ink(kOrange).*GetParam())({.pixels = pixels.data(),
+                              .stride = 10,
+                              .coverages = coverages.data(),
+                              .pitch = 11,
+                              .width = 9,
+                              .height = 3});
+  for (std::size_t at = 0; at < pixels.size(); ++at) {
+    const bool isCovered = at % 10 == 0 || at % 10 == 8;
+    EXPECT_EQ(pixels[at], isCovered ? kOrangePixel : 0xFFFFFFFF) << at;
   }
 }
 
