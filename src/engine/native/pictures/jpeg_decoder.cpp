@@ -32,6 +32,7 @@ constexpr std::uint8_t kEndOfImage = 0xD9;
 constexpr std::uint8_t kStartOfScan = 0xDA;
 constexpr std::uint8_t kApplication0 = 0xE0;
 constexpr std::uint8_t kApplication14 = 0xEE;
+constexpr std::uint8_t kApplication15 = 0xEF;
 constexpr std::uint8_t kComment = 0xFE;
 
 // A scan that changes hardly anything still costs a pass over all pixels; photographs have about
@@ -47,9 +48,17 @@ bool StandsInScanData(std::uint8_t marker) {
   return marker == 0 || (marker >= kFirstRestart && marker <= kLastRestart);
 }
 
-// Of an application's segments the decoder looks at JFIF's and Adobe's.
+// Of the segments of applications the decoder looks at JFIF's and Adobe's; it passes over the
+// others and over comments. Markers that it does not know make it refuse the file.
 bool MattersToTheDecoder(std::uint8_t marker) {
-  return marker < kApplication0 || marker == kApplication0 || marker == kApplication14;
+  if (marker == kApplication0 || marker == kApplication14) return true;
+  return marker != kComment && (marker < kApplication0 || marker > kApplication15);
+}
+
+// These stand for themselves, so the decoder would look for the next marker in what seems to be
+// their segment. None has a place between segments.
+bool HasNoSegment(std::uint8_t marker) {
+  return marker < kBaselineFrame || (marker >= kFirstRestart && marker <= kStartOfImage);
 }
 
 class MarkerWalk {
@@ -60,6 +69,7 @@ class MarkerWalk {
     for (;;) {
       const std::uint8_t marker = NextMarker();
       if (marker == kEndOfImage) break;
+      if (HasNoSegment(marker)) RefuseDamaged();
       const PictureBytes segment = NextSegment();
       if (IsFrame(marker)) TakeFrame(marker, segment);
       if (marker == kStartOfScan) CountScan();

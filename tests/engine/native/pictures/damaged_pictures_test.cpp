@@ -21,10 +21,13 @@ namespace {
 
 using testing::HasSubstr;
 
-// Null when the bytes are refused; any other failure leaves the test.
+// Null when the bytes are refused; any other failure leaves the test, and so does one of pixels
+// that are decoded later.
 std::shared_ptr<PictureImage> DecodeOrRefuse(const Bytes& bytes) {
   try {
-    return DecodePicture(bytes);
+    auto picture = DecodePicture(bytes);
+    picture->GetPixels();
+    return picture;
   } catch (const Error& error) {
     EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
     return nullptr;

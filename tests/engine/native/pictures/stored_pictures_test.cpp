@@ -60,6 +60,18 @@ TEST(StoredJpeg, IsRefusedAtLoadingWhereTheDecoderWouldGiveUp) {
   file = PictureFile("colors.jpg");
   file.at(LastMarker(file, 0xDA) + 6) = 0x33;
   EXPECT_TRUE(IsRefused(file)) << "a table that is not there";
+
+  file = PictureFile("colors.jpg");
+  file.at(3) = 0xF0;
+  EXPECT_TRUE(IsRefused(file)) << "a marker that the decoder does not know";
+
+  // Such a marker in what seems to be the segment of a marker that has none.
+  for (const std::uint8_t alone : Bytes{0x00, 0x01, 0xD0, 0xD7, 0xD8}) {
+    file = PictureFile("colors.jpg");
+    const Bytes hidden{0xFF, alone, 0x00, 0x06, 0xFF, 0xF0, 0x00, 0x02};
+    file.insert(file.begin() + 2, hidden.begin(), hidden.end());
+    EXPECT_TRUE(IsRefused(file)) << "marker " << +alone;
+  }
 }
 
 // --- PNG
