@@ -26,6 +26,8 @@ class Layers(unittest.TestCase):
                               ("engine/native/printing/x.h", '"engine/native/pdf/pdf_writer.h"'),
                               ("engine/native/spool/x.h", '"engine/native/pdf/pdf_writer.h"'),
                               ("dialogs/x.cpp", '"engine/native/native_engine.h"'),
+                              ("engine/native/pictures/x.cpp", '"engine/native/pictures/pixbuf/svg_work.h"'),
+                              ("engine/native/document/x.cpp", '"engine/native/pictures/pixbuf/svg_work.h"'),
                               ("platform/x.cpp", '"preview/preview_form.h"')]:
             self.assertEqual(len(faults(path, include)), 1, (path, include))
 

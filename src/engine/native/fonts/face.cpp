@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "engine/native/fonts/font_file.h"
 #include "pagivo/error.h"
 #include "values/process_wide.h"
 
@@ -48,8 +49,7 @@ FT_Face OpenFreeType(FT_Library library, hb_blob_t* file, int index) {
 }  // namespace
 
 Face::Face(const std::string& path, int index) {
-  const std::unique_ptr<hb_blob_t, Releaser<&hb_blob_destroy>> file(
-      hb_blob_create_from_file_or_fail(path.c_str()));
+  const std::unique_ptr<hb_blob_t, Releaser<&hb_blob_destroy>> file(OpenFontFile(path));
   if (!file) ThrowUnreadable(path);
   harfbuzz_.reset(hb_face_create(file.get(), static_cast<unsigned int>(index)));
   freetype_.reset(OpenFreeType(FreeTypeLibrary(), file.get(), index));

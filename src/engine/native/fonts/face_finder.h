@@ -1,5 +1,5 @@
 // Where the faces installed on a machine are found. The one seam to the system's own catalogue of
-// fonts: another system brings another MakeFaceFinder.
+// fonts: each system's folder below this one defines MakeFaceFinder.
 #pragma once
 
 #include <cstddef>

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <string>
 
-#include "engine/native/pictures/picture_files.h"
 #include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "pagivo/error.h"
+#include "support/pictures/picture_files.h"
 
 namespace pagivo::native {
 namespace {
@@ -108,7 +108,7 @@ TEST(PictureBounds, RefuseABmpThatTakesTooMuchMemory) {
 
 TEST(PictureBounds, RefuseALargeFileWithoutReadingIt) {
   const ScratchFolder scratch;
-  const std::string path = scratch.Write("gat.png", PictureFile("colors.png"));
+  const std::string path = WriteInto(scratch, "gat.png", PictureFile("colors.png"));
   std::filesystem::resize_file(path, kMaximumPictureFileBytes + 1);  // a hole, no disk space
   EXPECT_THROW(LoadPictureFile(path), Error);
 }

@@ -6,10 +6,10 @@
 #include <memory>
 #include <vector>
 
-#include "engine/native/pictures/picture_files.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "engine/native/pictures/png_codec.h"
 #include "pagivo/error.h"
+#include "support/pictures/picture_files.h"
 
 namespace pagivo::native {
 namespace {

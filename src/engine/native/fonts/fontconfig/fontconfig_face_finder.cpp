@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "engine/native/fonts/face_finder.h"
+#include "engine/native/fonts/font_file.h"
 
 namespace pagivo::native {
 namespace {
@@ -138,6 +139,10 @@ class FontconfigFaceFinder final : public FaceFinder {
 
 std::unique_ptr<FaceFinder> MakeFaceFinder() {
   return std::make_unique<FontconfigFaceFinder>();
+}
+
+hb_blob_t* OpenFontFile(const std::string& path) {
+  return hb_blob_create_from_file_or_fail(path.c_str());
 }
 
 }  // namespace pagivo::native

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <vector>
+
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 
@@ -15,7 +16,8 @@ Bytes ReadBytes(const std::string& path);
 inline Bytes PictureFile(const std::string& name) {
   return ReadBytes(PicturePath(name));
 }
-std::vector<std::string> AllPictureNames();
+// Of all but the SVGs, which not every system draws.
+std::vector<std::string> AllRasterPictureNames();
 
 // Files whose headers announce a size that their pixels need not bear out.
 Bytes PngOfSize(std::uint32_t width, std::uint32_t height);
@@ -26,20 +28,7 @@ Bytes TiffOfSize(std::uint32_t width, std::uint32_t height);
 Bytes IconOfSize(std::int32_t width, std::int32_t height);
 Bytes TextBytes(const std::string& text);
 
-// A folder of its own for one test, gone with it.
-class ScratchFolder {
- public:
-  ScratchFolder();
-  ~ScratchFolder();
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-  const std::filesystem::path& Path() const { return path_; }
-  // Writes a file into it and gives its path.
-  std::string Write(const std::string& name, const Bytes& bytes) const;
-
- private:
-  std::filesystem::path path_;
-};
+// Writes a file into the folder and gives its path.
+std::string WriteInto(const ScratchFolder& folder, const std::string& name, const Bytes& bytes);
 
 }  // namespace pagivo::native

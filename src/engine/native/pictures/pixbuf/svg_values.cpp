@@ -1,4 +1,4 @@
-#include "engine/native/pictures/svg_values.h"
+#include "engine/native/pictures/pixbuf/svg_values.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
-#include "engine/native/pictures/svg_document.h"
+#include "engine/native/pictures/pixbuf/svg_document.h"
 
 #include <algorithm>
 #include <memory>
 #include <unordered_set>
 
-#include "engine/native/pictures/picture_libraries.h"
+#include "engine/native/pictures/pixbuf/picture_libraries.h"
 
 namespace pagivo::native {
 namespace {

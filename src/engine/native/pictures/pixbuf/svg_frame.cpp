@@ -2,7 +2,7 @@
 #include <cmath>
 #include <numeric>
 
-#include "engine/native/pictures/svg_work.h"
+#include "engine/native/pictures/pixbuf/svg_work.h"
 
 namespace pagivo::native {
 namespace {

@@ -1,10 +1,8 @@
-#include "engine/native/pictures/picture_files.h"
-
-#include <unistd.h>
+#include "support/pictures/picture_files.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -48,10 +46,11 @@ Bytes ReadBytes(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::vector<std::string> AllPictureNames() {
+std::vector<std::string> AllRasterPictureNames() {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(PicturePath(""))) {
-    if (entry.path().extension() != ".md") names.push_back(entry.path().filename());
+    const std::string ending = entry.path().extension().string();
+    if (ending != ".md" && ending != ".svg") names.push_back(entry.path().filename().string());
   }
   std::sort(names.begin(), names.end());
   return names;
@@ -122,19 +121,8 @@ Bytes TextBytes(const std::string& text) {
   return {text.begin(), text.end()};
 }
 
-ScratchFolder::ScratchFolder() {
-  std::string pattern = std::filesystem::temp_directory_path() / "pagivo-pictures-XXXXXX";
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
-  path_ = pattern;
-}
-
-ScratchFolder::~ScratchFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
-std::string ScratchFolder::Write(const std::string& name, const Bytes& bytes) const {
-  const std::filesystem::path path = path_ / name;
+std::string WriteInto(const ScratchFolder& folder, const std::string& name, const Bytes& bytes) {
+  const std::string path = folder.FileNamed(name);
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));

@@ -5,9 +5,9 @@
 #include <array>
 #include <string>
 
-#include "engine/native/pictures/picture_files.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "pagivo/error.h"
+#include "support/pictures/picture_files.h"
 
 namespace pagivo::native {
 namespace {
@@ -127,6 +127,45 @@ std::vector<Bytes> Spellings(const std::string& base64) {
                             "<!DOCTYPE svg [<!ENTITY a \"<image width='100' height='100' "
                             "xlink:href='" +
                                 plain + "'/>\">]>"))};
+}
+
+TEST(SvgDrawing, GivesItsPixels) {
+  const auto picture = LoadPictureFile(PicturePath("colors.svg"));
+  EXPECT_EQ(picture->GetPixels()->width, 1024);
+  EXPECT_EQ(picture->GetPixels()->height, 512);
+  EXPECT_FALSE(picture->GetPixels()->hasAlpha);
+  EXPECT_EQ(ColorAt(*picture, 1, 1), (Rgba{255, 0, 0, 255}));
+  EXPECT_EQ(ColorAt(*picture, 99, 1), (Rgba{0, 255, 0, 255}));
+  EXPECT_EQ(ColorAt(*picture, 1, 99), (Rgba{0, 0, 255, 255}));
+  EXPECT_EQ(ColorAt(*picture, 99, 99), (Rgba{255, 255, 255, 255}));
+}
+
+TEST(SvgDrawing, IsTheSameFromItsBytes) {
+  const auto picture = LoadPictureFile(PicturePath("colors.svg"));
+  EXPECT_EQ(DecodePicture(PictureFile("colors.svg"))->GetPixels()->data,
+            picture->GetPixels()->data);
+}
+
+TEST(PictureAlpha, OfSvgIsKeptStraight) {
+  const auto picture = LoadPictureFile(PicturePath("alpha.svg"));
+  ASSERT_TRUE(picture->GetPixels()->hasAlpha);
+  EXPECT_EQ(ColorAt(*picture, 99, 1)[3], 0);
+  EXPECT_EQ(ColorAt(*picture, 1, 99), (Rgba{0, 0, 255, 128}));
+}
+
+TEST(PictureSize, OfSvgIsAtThreeHundredDotsAnInchWithinBounds) {
+  const auto sizeOf = [](const std::string& attributes) {
+    const auto picture =
+        DecodePicture(TextBytes("<svg xmlns='http://www.w3.org/2000/svg' " + attributes +
+                                "><rect width='20' height='10'/></svg>"));
+    return std::pair(picture->GetPixels()->width, picture->GetPixels()->height);
+  };
+  EXPECT_EQ(sizeOf("width='5in' height='4in'"), std::pair(1500, 1200));
+  EXPECT_EQ(sizeOf("width='1in' height='1in'"), std::pair(1024, 1024));
+  EXPECT_EQ(sizeOf("width='100in' height='50in'"), std::pair(4096, 2048));
+  EXPECT_EQ(sizeOf("viewBox='0 0 3 1'"), std::pair(1024, 341));
+  EXPECT_EQ(sizeOf("width='1e9' height='1'"), std::pair(4096, 1));
+  EXPECT_EQ(sizeOf(""), std::pair(1024, 512));
 }
 
 TEST(SvgPicture, ThatIsTooLargeIsRefusedHoweverItIsSpelt) {
@@ -350,8 +389,9 @@ TEST(SvgDrawing, KnowsEntitiesOfItsOwn) {
 
 TEST(SvgDrawing, ReadsNoEntityOfAnotherFile) {
   const ScratchFolder folder;
-  const std::string path = folder.Write("vorm.xml", TextBytes("<rect xmlns='http://www.w3.org/2000/"
-                                                              "svg' width='100' height='100'/>"));
+  const std::string path = WriteInto(folder, "vorm.xml",
+                                     TextBytes("<rect xmlns='http://www.w3.org/2000/"
+                                               "svg' width='100' height='100'/>"));
   const std::string svg =
       Drawing("<g>&e;</g>", "<!DOCTYPE svg [<!ENTITY e SYSTEM 'file://" + path + "'>]>");
   try {

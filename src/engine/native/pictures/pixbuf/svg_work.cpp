@@ -1,4 +1,4 @@
-#include "engine/native/pictures/svg_work.h"
+#include "engine/native/pictures/pixbuf/svg_work.h"
 
 #include <algorithm>
 #include <cmath>

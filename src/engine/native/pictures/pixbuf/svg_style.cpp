@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "engine/native/pictures/svg_document.h"
+#include "engine/native/pictures/pixbuf/svg_document.h"
 
 namespace pagivo::native {
 namespace {

@@ -1,22 +1,13 @@
-// Decoding of BMP, GIF, ICO and TIFF with gdk-pixbuf. It forgives files that end early and reads
-// animations to their end; the checks of their structure come first and do neither.
+// The structure of BMP, GIF, ICO and TIFF files, looked at before a system's decoder gets them:
+// those forgive files that end early, read animations to their end and take any memory.
 #pragma once
 
 #include <cstdint>
 #include <vector>
 
 #include "engine/native/pictures/picture_bytes.h"
-#include "engine/native/pictures/picture_image.h"
 
 namespace pagivo::native {
-
-// Decodes a file of one of these formats. The size that the decoder finds is checked before it
-// takes memory for the pixels. Refuses what the decoder refuses.
-PictureImage::Pixels DecodeRasterFile(PictureFormat format, PictureBytes bytes);
-
-// Counts the pixels that a file's header announces, in any format that gdk-pixbuf knows; 0 in
-// another.
-std::int64_t HeaderPixels(PictureBytes bytes);
 
 // Refuses a BMP that holds fewer bytes of pixels than its header announces.
 void RequireWholeBmp(PictureBytes bytes);
@@ -31,5 +22,9 @@ void RequireBoundedTiff(PictureBytes bytes);
 // Gives the largest picture of an icon file, and of equally large ones that with the most colours:
 // as a PNG when it is stored as one, else as an icon file of its own.
 std::vector<std::uint8_t> LargestIcon(PictureBytes bytes);
+
+// Whether a picture of that size, each side at most 2^31, passes kMaximumPixels or takes more than
+// kMaximumDecoderBytes of memory while it is decoded.
+bool IsTooLargeToDecode(PictureFormat format, std::int64_t width, std::int64_t height);
 
 }  // namespace pagivo::native

@@ -1,14 +1,10 @@
-#include "engine/native/pictures/pixbuf_decoder.h"
+#include "engine/native/pictures/raster_structure.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <memory>
 #include <tuple>
 
-#include "engine/native/pictures/picture_bytes.h"
-#include "engine/native/pictures/picture_image.h"
-#include "engine/native/pictures/picture_libraries.h"
 #include "engine/native/pictures/picture_loader.h"
 
 namespace pagivo::native {
@@ -170,85 +166,17 @@ std::vector<std::uint8_t> IconFileOf(const IconEntry& icon) {
   return file;
 }
 
-struct Unref {
-  void operator()(gpointer object) const { g_object_unref(object); }
-};
-using LoaderRef = std::unique_ptr<GdkPixbufLoader, Unref>;
-
-const char* DecoderName(PictureFormat format) {
-  switch (format) {
-    case PictureFormat::Bmp:
-      return "bmp";
-    case PictureFormat::Gif:
-      return "gif";
-    case PictureFormat::Ico:
-      return "ico";
-    case PictureFormat::Tiff:
-      return "tiff";
-    case PictureFormat::Unknown:
-    case PictureFormat::Jpeg:
-    case PictureFormat::Png:
-    case PictureFormat::Svg:
-      break;
-  }
-  return "";
-}
-
-// Both are called between the reading of the header and that of the pixels; a size of nothing makes
-// the decoder give up.
-void NotePixelsOnly(GdkPixbufLoader* loader, int width, int height, gpointer pixels) {
-  *static_cast<std::int64_t*>(pixels) = std::int64_t{width} * height;
-  gdk_pixbuf_loader_set_size(loader, 0, 0);
-}
-
 // What the decoder holds of a pixel at one time, an animation's frame and its screen included.
 std::int64_t DecoderBytesAPixel(PictureFormat format) {
   return format == PictureFormat::Gif ? 8 : 4;
 }
 
-struct Request {
-  PictureFormat format;
-  bool tooLarge = false;
-};
-
-void TakeSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
-  auto& request = *static_cast<Request*>(data);
-  const std::int64_t pixels = std::int64_t{width} * height;
-  const std::int64_t bytes = pixels * DecoderBytesAPixel(request.format);
-  request.tooLarge = pixels > kMaximumPixels || bytes > kMaximumDecoderBytes;
-  if (request.tooLarge) gdk_pixbuf_loader_set_size(loader, 0, 0);
-}
-
-LoaderRef MakeLoader(PictureFormat format) {
-  LoaderRef loader(gdk_pixbuf_loader_new_with_type(DecoderName(format), nullptr));
-  if (!loader)
-    throw DecodeFailure("deze soort afbeelding kan op deze computer niet worden gelezen");
-  return loader;
-}
-
-// A loader must be closed before it is released, also after a failure.
-bool Feed(GdkPixbufLoader* loader, PictureBytes bytes) {
-  const bool written = gdk_pixbuf_loader_write(loader, bytes.data(), bytes.size(), nullptr) != 0;
-  return gdk_pixbuf_loader_close(loader, nullptr) != 0 && written;
-}
-
-// The decoder pads rows and gives either three or four channels, that of TIFF premultiplied.
-PictureImage::Pixels PixelsOf(PictureFormat format, GdkPixbuf* pixbuf) {
-  const int width = gdk_pixbuf_get_width(pixbuf);
-  const int height = gdk_pixbuf_get_height(pixbuf);
-  const bool hasAlpha = gdk_pixbuf_get_has_alpha(pixbuf) != FALSE;
-  RowReducer reducer(width, height, hasAlpha, ReductionFor(width, height, kMaximumKeptPixels));
-  std::uint8_t* row = gdk_pixbuf_get_pixels(pixbuf);
-  for (int y = 0; y < height; ++y, row += gdk_pixbuf_get_rowstride(pixbuf)) {
-    if (format == PictureFormat::Tiff && hasAlpha) {
-      MakeAlphaStraight({row, 4 * static_cast<std::size_t>(width)});
-    }
-    reducer.Take(row);
-  }
-  return reducer.TakePixels();
-}
-
 }  // namespace
+
+bool IsTooLargeToDecode(PictureFormat format, std::int64_t width, std::int64_t height) {
+  const std::int64_t pixels = width * height;
+  return pixels > kMaximumPixels || pixels * DecoderBytesAPixel(format) > kMaximumDecoderBytes;
+}
 
 void RequireWholeBmp(PictureBytes bytes) {
   const std::size_t pixels = ReadLittle32(bytes, 10);
@@ -294,25 +222,6 @@ std::vector<std::uint8_t> LargestIcon(PictureBytes bytes) {
   }
   if (FormatOf(largest.image) != PictureFormat::Png) return IconFileOf(largest);
   return {largest.image.begin(), largest.image.end()};
-}
-
-PictureImage::Pixels DecodeRasterFile(PictureFormat format, PictureBytes bytes) {
-  const LoaderRef loader = MakeLoader(format);
-  Request request{format};
-  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(TakeSize), &request);
-  const bool complete = Feed(loader.get(), bytes);
-  if (request.tooLarge) RefuseTooLarge();
-  GdkPixbuf* pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
-  if (!complete || pixbuf == nullptr) RefuseDamaged();
-  return PixelsOf(format, pixbuf);
-}
-
-std::int64_t HeaderPixels(PictureBytes bytes) {
-  const LoaderRef loader(gdk_pixbuf_loader_new());
-  std::int64_t pixels = 0;
-  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(NotePixelsOnly), &pixels);
-  Feed(loader.get(), bytes);
-  return pixels;
 }
 
 }  // namespace pagivo::native

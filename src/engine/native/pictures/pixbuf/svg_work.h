@@ -7,8 +7,8 @@
 #include <span>
 #include <string>
 
-#include "engine/native/pictures/svg_document.h"
-#include "engine/native/pictures/svg_values.h"
+#include "engine/native/pictures/pixbuf/svg_document.h"
+#include "engine/native/pictures/pixbuf/svg_values.h"
 
 namespace pagivo::native {
 

@@ -1,5 +1,3 @@
-#include "engine/native/pictures/svg_decoder.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -11,16 +9,21 @@
 
 #include "engine/native/pictures/picture_bytes.h"
 #include "engine/native/pictures/picture_image.h"
-#include "engine/native/pictures/picture_libraries.h"
 #include "engine/native/pictures/picture_loader.h"
-#include "engine/native/pictures/pixbuf_decoder.h"
+#include "engine/native/pictures/pixbuf/picture_libraries.h"
+#include "engine/native/pictures/pixbuf/pixbuf_decoder.h"
+#include "engine/native/pictures/pixbuf/svg_document.h"
+#include "engine/native/pictures/pixbuf/svg_values.h"
+#include "engine/native/pictures/pixbuf/svg_work.h"
 #include "engine/native/pictures/png_codec.h"
-#include "engine/native/pictures/svg_document.h"
-#include "engine/native/pictures/svg_values.h"
-#include "engine/native/pictures/svg_work.h"
 
 namespace pagivo::native {
 namespace {
+
+// The pixels of all pictures that stand in a file, by what their headers say.
+constexpr std::int64_t kMaximumSvgPicturePixels = std::int64_t{1} << 24;
+// A picture of more pixels is made smaller than this.
+constexpr std::int64_t kMaximumSvgOnePicturePixels = std::int64_t{1} << 22;
 
 bool IsKnown(const SvgNode& node) {
   static const std::set<std::string_view> kElements{
