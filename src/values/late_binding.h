@@ -97,6 +97,7 @@ struct MemberSignature {
   ValueKind result = ValueKind::Nothing;
   std::array<Parameter, kMaximumParameters> parameterSlots{};  // the first parameterCount are used
   std::size_t parameterCount = 0;
+  std::string_view parameterNames{};  // in their order, a blank between two; of methods alone
 
   constexpr std::span<const Parameter> Parameters() const {
     return std::span(parameterSlots).first(parameterCount);
@@ -108,6 +109,22 @@ struct Member : MemberSignature {
   // Takes one argument for each parameter.
   Variant (*invoke)(const MemberSignature& signature, Class& object, std::span<Variant> arguments);
 };
+
+// --- The names of parameters, for callers that name their arguments ---------------------------
+
+consteval std::size_t CountNames(std::string_view names) {
+  return names.empty() ? 0 : 1 + static_cast<std::size_t>(std::ranges::count(names, ' '));
+}
+
+// The name of a parameter; empty where the member's parameters have none.
+constexpr std::string_view ParameterName(const MemberSignature& signature, std::size_t index) {
+  std::string_view names = signature.parameterNames;
+  for (; index > 0; --index) {
+    const std::size_t end = names.find(' ');
+    names = end == std::string_view::npos ? std::string_view() : names.substr(end + 1);
+  }
+  return names.substr(0, names.find(' '));
+}
 
 // --- How a value of each type is bound --------------------------------------------------------
 

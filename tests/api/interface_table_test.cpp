@@ -5,6 +5,7 @@
 
 #include "api/method_table.h"
 #include "support/signature_text.h"
+#include "values/characters.h"
 
 namespace pagivo {
 namespace {
@@ -100,6 +101,59 @@ constexpr std::array<Expected, 73> kInterface{{
     {"VSPDF", "ref String", ""},
 }};
 
+struct ExpectedNames {
+  std::string_view method;
+  std::string_view parameters;
+};
+
+// The names by which hosts pass arguments, of the methods that take any.
+constexpr std::array<ExpectedNames, 40> kParameterNames{{
+    {"VsPPAfdrukkenAanUit", "AfdrukkenUit"},
+    {"VsPPPrintR", "varText varX varY varFontName varSize varBold varUnderline varItalic"},
+    {"VsPPDrawPolyline",
+     "varX varY varClosed varFilled varColor varFillStyle varDrawStyle varDrawWidth"},
+    {"VsPPCircle",
+     "varX1 varY1 varRadius varStart varEnd varFilled varColor varFillStyle varDrawStyle "
+     "varDrawWidth"},
+    {"VsPPFinish", "sTitle"},
+    {"VsPPGetPaperSizes", "sPaperSizes nPaperSizes"},
+    {"VsPPLine",
+     "varX1 varY1 varX2 varY2 varBox varFilled varColor varFillStyle varDrawStyle varDrawWidth"},
+    {"VsPPPicture", "sPicturePath dX1 dY1 dX2 dY2"},
+    {"VsPPRealPicture", "vPicture dX1 dY1 dX2 dY2"},
+    {"VsPPPrint", "varText varX varY varFontName varSize varBold varUnderline varItalic"},
+    {"VsPPPrinterDialog", "DeviceName Copies FromPage ToPage"},
+    {"VsPPRenderControl", "hwnd"},
+    {"VsPPSetPhysicalPage", "Setting"},
+    {"VsPPSetScaleMode", "ScaleMode"},
+    {"VsPPSetDevice", "DeviceName"},
+    {"VsPPSetFont", "FontName FontSize FontBold FontUnderline FontItalic"},
+    {"VsPPSetMarginLeft", "Margin"},
+    {"VsPPSetMarginRight", "Margin"},
+    {"VsPPSetMarginTop", "Margin"},
+    {"VsPPSetMarginBottom", "Margin"},
+    {"VsPPSetOrientation", "Instelling"},
+    {"VsPPSetPaperSize", "Instelling"},
+    {"VsPPSetPageHeight", "Instelling"},
+    {"VsPPSetPaperHeight", "Instelling"},
+    {"VsPPSetPageWidth", "Instelling"},
+    {"VsPPSetPaperWidth", "Instelling"},
+    {"VsPPSetPreviewMode", "PreviewMode"},
+    {"VsPPStartOverlay", "Bladnummer"},
+    {"VsPPTextWidth", "Tekst"},
+    {"VsPPTextWidthS", "Tekst"},
+    {"VsPPTextHeight", "Tekst"},
+    {"VsPPTextHeightS", "Tekst"},
+    {"VsPPWatermerkInit", "Watermerk"},
+    {"VsPPZetHelp", "Helpbestand HelpContextID"},
+    {"VsPPZetInhoud", "sOmschrijving"},
+    {"VsPPZetKleur", "Kleur"},
+    {"VsPreviewFile", "Pagina"},
+    {"VsPrintFile", "AantalExemplaren Van Tm"},
+    {"VsPPStart", "frmProject"},
+    {"VSPDF", "Filename"},
+}};
+
 TEST(InterfaceTable, NamesEveryMethodInInterfaceOrder) {
   ASSERT_EQ(kMethods.Rows().size(), kInterface.size());
   for (std::size_t i = 0; i < kInterface.size(); ++i) {
@@ -124,6 +178,36 @@ TEST(InterfaceTable, GivesEveryFunctionItsResult) {
   for (std::size_t i = 0; i < kInterface.size(); ++i) {
     EXPECT_EQ(TextOf(kMethods.Rows()[i].result), kInterface.at(i).result) << kInterface.at(i).name;
   }
+}
+
+TEST(InterfaceTable, NamesEveryParameterAsHostsDo) {
+  std::size_t next = 0;
+  for (const auto& row : kMethods.Rows()) {
+    if (row.parameterCount == 0) continue;
+    ASSERT_LT(next, kParameterNames.size());
+    EXPECT_EQ(row.name, kParameterNames.at(next).method);
+    EXPECT_EQ(row.parameterNames, kParameterNames.at(next).parameters);
+    ++next;
+  }
+  EXPECT_EQ(next, kParameterNames.size());
+}
+
+TEST(InterfaceTable, TellsTheParametersOfAMethodApartInAnyCase) {
+  for (const auto& row : kMethods.Rows()) {
+    for (std::size_t i = 0; i < row.parameterCount; ++i) {
+      EXPECT_NE(ParameterName(row, i), "") << row.name;
+      for (std::size_t other = 0; other < i; ++other) {
+        EXPECT_FALSE(EqualInAnyCase(ParameterName(row, i), ParameterName(row, other))) << row.name;
+      }
+    }
+  }
+}
+
+TEST(InterfaceTable, FindsTheNameOfEachParameter) {
+  const MemberSignature& picture = kMethods.Rows()[35];
+  EXPECT_EQ(ParameterName(picture, 0), "sPicturePath");
+  EXPECT_EQ(ParameterName(picture, 4), "dY2");
+  EXPECT_EQ(ParameterName(picture, 5), "");
 }
 
 TEST(InterfaceTable, HoldsMethodsOnly) {
