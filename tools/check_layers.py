@@ -12,14 +12,16 @@ NATIVE = "engine/native"
 # folder -> folders it may include besides itself. The longest matching folder rules.
 ALLOWED = {
     "system": [],
+    "system/posix": ["system"],
+    "system/windows": ["system"],
     "values": ["system"],
     "engine": ["values"],
     f"{NATIVE}/fonts": ["values"],
     f"{NATIVE}/fonts/fontconfig": ["values", f"{NATIVE}/fonts"],
-    f"{NATIVE}/fonts/directwrite": ["values", "system", f"{NATIVE}/fonts"],
+    f"{NATIVE}/fonts/directwrite": ["values", "system/windows", f"{NATIVE}/fonts"],
     f"{NATIVE}/pictures": ["values", "system"],
-    f"{NATIVE}/pictures/pixbuf": ["values", "system", f"{NATIVE}/pictures"],
-    f"{NATIVE}/pictures/wic": ["values", "system", f"{NATIVE}/pictures"],
+    f"{NATIVE}/pictures/pixbuf": ["values", "system/posix", f"{NATIVE}/pictures"],
+    f"{NATIVE}/pictures/wic": ["values", "system/windows", f"{NATIVE}/pictures"],
     f"{NATIVE}/document": ["values", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
     f"{NATIVE}/pdf": ["values", "system", "engine", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
     f"{NATIVE}/raster": ["values", "system", f"{NATIVE}/document", f"{NATIVE}/fonts", f"{NATIVE}/pictures"],
@@ -27,7 +29,7 @@ ALLOWED = {
                      f"{NATIVE}/raster"],
     f"{NATIVE}/settings": ["values", "engine", f"{NATIVE}/document"],
     f"{NATIVE}/spool": ["values", "engine", f"{NATIVE}/document"],
-    f"{NATIVE}/spool/cups": ["values", "system", f"{NATIVE}/spool", f"{NATIVE}/document", f"{NATIVE}/pdf"],
+    f"{NATIVE}/spool/cups": ["values", "system/posix", f"{NATIVE}/spool", f"{NATIVE}/document", f"{NATIVE}/pdf"],
     f"{NATIVE}/printing": ["values", "engine", "window", f"{NATIVE}/document", f"{NATIVE}/spool"],
     f"{NATIVE}/setup": ["values", "engine", "window", f"{NATIVE}/settings", f"{NATIVE}/spool",
                       f"{NATIVE}/printing"],
@@ -36,7 +38,7 @@ ALLOWED = {
              f"{NATIVE}/setup", f"{NATIVE}/printing", f"{NATIVE}/spool"],
     "window": ["values"],
     "window/headless": ["values", "window"],
-    "window/qt": ["values", "system", "window", "platform"],
+    "window/qt": ["values", "system/posix", "window", "platform"],
     "platform": ["values", "engine", "window", "window/headless", NATIVE, f"{NATIVE}/fonts", f"{NATIVE}/pictures",
                  f"{NATIVE}/pdf", f"{NATIVE}/view", f"{NATIVE}/spool", f"{NATIVE}/spool/cups"],
     "state": ["values", "engine"],
@@ -63,12 +65,13 @@ OUTSIDE = {
     r"(Q[A-Z]|xcb/)": ["window/qt"],
     # The operating system. Sockets also lead to the print server and to a compositor, and Qt changes
     # the locale of C.
-    r"(poll|sys/poll|sys/socket|sys/un)\.h": ["system", f"{NATIVE}/spool/cups", "window/qt"],
-    r"(cerrno|errno\.h)": ["system", f"{NATIVE}/spool/cups"],
-    r"(clocale|locale\.h)": ["system", "window/qt"],
+    r"(poll|sys/poll|sys/socket|sys/un)\.h": ["system/posix", f"{NATIVE}/spool/cups", "window/qt"],
+    r"(cerrno|errno\.h)": ["system/posix", f"{NATIVE}/spool/cups"],
+    r"(clocale|locale\.h)": ["system/posix", "window/qt"],
     r"(sys|arpa|net|netinet|linux)/|csignal|"
     r"(aio|dirent|dlfcn|fcntl|ftw|glob|grp|ifaddrs|langinfo|netdb|pthread|pwd|sched|semaphore|signal|"
-    r"spawn|syslog|termios|unistd|utime|windows|wordexp|xlocale)\.h": ["system"],
+    r"spawn|syslog|termios|unistd|utime|wordexp|xlocale)\.h": ["system/posix"],
+    r"(windows|winbase|winnls|winnt|winioctl|oleauto)\.h": ["system/windows"],
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')

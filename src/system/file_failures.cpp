@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <new>
 #include <string_view>
 
@@ -11,45 +10,49 @@
 namespace pagivo {
 namespace {
 
-constexpr std::string_view kNoName = "dat is geen geldige bestandsnaam";
-constexpr std::string_view kNotToRead = "u hebt daar geen leesrechten";
-constexpr std::string_view kNotToWrite = "u hebt daar geen schrijfrechten";
-
-// What the system's error numbers mean to a user who has a file read or written.
-struct Cause {
-  int systemError;
+// What the causes are called to a user who has a file read or written.
+struct CauseText {
+  FileCause cause;
   std::string_view ofReading;
   std::string_view ofWriting;
 
-  constexpr Cause(int error, std::string_view reading, std::string_view writing)
-      : systemError(error), ofReading(reading), ofWriting(writing) {}
-  constexpr Cause(int error, std::string_view both) : Cause(error, both, both) {}
+  constexpr CauseText(FileCause why, std::string_view reading, std::string_view writing)
+      : cause(why), ofReading(reading), ofWriting(writing) {}
+  constexpr CauseText(FileCause why, std::string_view both) : CauseText(why, both, both) {}
 };
 
-constexpr std::array kCauses{
-    Cause(ENOENT, "het bestand bestaat niet", "de map bestaat niet"),
-    Cause(ENOTDIR, "het bestand bestaat niet", "een deel van het pad is geen map"),
-    Cause(EISDIR, "het is een map", "er is al een map met die naam"),
-    Cause(EACCES, kNotToRead, kNotToWrite),
-    Cause(EPERM, kNotToRead, kNotToWrite),
-    Cause(EROFS, "het station kan alleen worden gelezen"),
-    Cause(ENOSPC, "de schijf is vol"),
-    Cause(EDQUOT, "uw schijfruimte is op"),
-    Cause(EFBIG, "het bestand wordt te groot"),
-    Cause(ENAMETOOLONG, "de naam is te lang"),
-    Cause(ELOOP, "de koppeling verwijst naar zichzelf"),
-    Cause(EINVAL, kNoName),
-    Cause(EIO, "de schijf meldt een fout"),
-    Cause(EMFILE, "er zijn te veel bestanden open"),
-    Cause(ENFILE, "er zijn te veel bestanden open"),
-    Cause(ESTALE, "het bestand is intussen verplaatst"),
+constexpr std::array kCauseTexts{
+    CauseText(FileCause::NotFound, "het bestand bestaat niet", "de map bestaat niet"),
+    CauseText(FileCause::BelowAFile, "het bestand bestaat niet",
+              "een deel van het pad is geen map"),
+    CauseText(FileCause::Folder, "het is een map", "er is al een map met die naam"),
+    CauseText(FileCause::NotRegular, "dat is geen gewoon bestand"),
+    CauseText(FileCause::NoRights, "u hebt daar geen leesrechten",
+              "u hebt daar geen schrijfrechten"),
+    CauseText(FileCause::ReadOnly, "het bestaande bestand is alleen-lezen"),
+    CauseText(FileCause::ReadOnlyDisk, "het station kan alleen worden gelezen"),
+    CauseText(FileCause::FullDisk, "de schijf is vol"),
+    CauseText(FileCause::ReachedQuota, "uw schijfruimte is op"),
+    CauseText(FileCause::TooLarge, "het bestand wordt te groot"),
+    CauseText(FileCause::NothingTaken, "de schijf neemt niets meer aan"),
+    CauseText(FileCause::DiskFault, "de schijf meldt een fout"),
+    CauseText(FileCause::InvalidName, "dat is geen geldige bestandsnaam"),
+    CauseText(FileCause::LongName, "de naam is te lang"),
+    CauseText(FileCause::EndlessLink, "de koppeling verwijst naar zichzelf"),
+    CauseText(FileCause::TooManyOpenFiles, "er zijn te veel bestanden open"),
+    CauseText(FileCause::Moved, "het bestand is intussen verplaatst"),
 };
 
-std::string TextOf(int systemError, std::string_view Cause::*doing) {
-  if (systemError == ENOMEM) throw std::bad_alloc();
-  const auto cause = std::ranges::find(kCauses, systemError, &Cause::systemError);
-  if (cause == kCauses.end()) return "het systeem meldt fout " + std::to_string(systemError);
-  return std::string((*cause).*doing);
+std::string TextOf(FileCause cause, std::string_view CauseText::*doing) {
+  if (cause == FileCause::NoMemory) throw std::bad_alloc();
+  return std::string((*std::ranges::find(kCauseTexts, cause, &CauseText::cause)).*doing);
+}
+
+std::string TextOf(SystemError error, std::string_view CauseText::*doing) {
+  const auto meanings = ErrorMeanings();
+  const auto meaning = std::ranges::find(meanings, error, &ErrorMeaning::error);
+  if (meaning == meanings.end()) return "het systeem meldt fout " + std::to_string(error);
+  return TextOf(meaning->cause, doing);
 }
 
 // What is done with a file.
@@ -57,9 +60,9 @@ constexpr const char* kRead = "gelezen";
 constexpr const char* kWritten = "geschreven";
 
 // A description ends at a null character, so the name must not hold one.
-std::string Describe(const std::string& fileName, const char* done, std::string_view cause) {
+std::string Describe(const std::string& fileName, const char* done, const std::string& cause) {
   return "\"" + fileName.substr(0, fileName.find('\0')) + "\" kan niet worden " + done + ": " +
-         std::string(cause);
+         cause;
 }
 
 [[noreturn]] void Fail(const std::string& description) {
@@ -71,7 +74,9 @@ void RequireName(const std::string& fileName, const char* done) {
     Fail(std::string("Het bestand kan niet worden ") + done +
          ": er is geen bestandsnaam opgegeven");
   }
-  if (fileName.find('\0') != std::string::npos) Fail(Describe(fileName, done, kNoName));
+  if (fileName.find('\0') != std::string::npos) {
+    Fail(Describe(fileName, done, TextOf(FileCause::InvalidName, &CauseText::ofReading)));
+  }
 }
 
 }  // namespace
@@ -80,20 +85,20 @@ std::string DescribeWriteFailure(const std::string& fileName, const std::string&
   return Describe(fileName, kWritten, cause);
 }
 
-void ThrowReadFailure(const std::string& fileName, const std::string& cause) {
-  Fail(Describe(fileName, kRead, cause));
+void ThrowReadFailure(const std::string& fileName, FileCause cause) {
+  Fail(Describe(fileName, kRead, TextOf(cause, &CauseText::ofReading)));
 }
 
-void ThrowReadFailure(const std::string& fileName, int systemError) {
-  ThrowReadFailure(fileName, TextOf(systemError, &Cause::ofReading));
+void ThrowReadFailure(const std::string& fileName, SystemError error) {
+  Fail(Describe(fileName, kRead, TextOf(error, &CauseText::ofReading)));
 }
 
-void ThrowWriteFailure(const std::string& fileName, const std::string& cause) {
-  Fail(Describe(fileName, kWritten, cause));
+void ThrowWriteFailure(const std::string& fileName, FileCause cause) {
+  Fail(Describe(fileName, kWritten, TextOf(cause, &CauseText::ofWriting)));
 }
 
-void ThrowWriteFailure(const std::string& fileName, int systemError) {
-  ThrowWriteFailure(fileName, TextOf(systemError, &Cause::ofWriting));
+void ThrowWriteFailure(const std::string& fileName, SystemError error) {
+  Fail(Describe(fileName, kWritten, TextOf(error, &CauseText::ofWriting)));
 }
 
 void RequireReadableName(const std::string& fileName) {

@@ -1,20 +1,54 @@
 // What a user is told about a file that could not be read or written.
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 
 namespace pagivo {
+
+// Why a file could not be read or written.
+enum class FileCause : std::uint8_t {
+  NotFound,  // the file to be read, the folder to be written in
+  BelowAFile,
+  Folder,
+  NotRegular,
+  NoRights,
+  ReadOnly,  // the file
+  ReadOnlyDisk,
+  FullDisk,
+  ReachedQuota,
+  TooLarge,
+  NothingTaken,
+  DiskFault,
+  InvalidName,
+  LongName,
+  EndlessLink,
+  TooManyOpenFiles,
+  Moved,
+  NoMemory,
+};
+
+// The number by which the system says what went wrong: errno's or GetLastError's.
+using SystemError = std::int64_t;
+
+struct ErrorMeaning {
+  SystemError error;
+  FileCause cause;
+};
+
+// What such numbers mean on this system. A user is told the number of any other.
+std::span<const ErrorMeaning> ErrorMeanings();
 
 // "<name>" kan niet worden geschreven: <cause>
 std::string DescribeWriteFailure(const std::string& fileName, const std::string& cause);
 
 // These raise ErrorNumber::FileAccess with a Dutch description of that form, which says "gelezen"
-// of reading. The cause is a clause, or what the system's own error number means; the number for
-// want of memory raises std::bad_alloc instead.
-[[noreturn]] void ThrowReadFailure(const std::string& fileName, const std::string& cause);
-[[noreturn]] void ThrowReadFailure(const std::string& fileName, int systemError);
-[[noreturn]] void ThrowWriteFailure(const std::string& fileName, const std::string& cause);
-[[noreturn]] void ThrowWriteFailure(const std::string& fileName, int systemError);
+// of reading. Want of memory raises std::bad_alloc instead.
+[[noreturn]] void ThrowReadFailure(const std::string& fileName, FileCause cause);
+[[noreturn]] void ThrowReadFailure(const std::string& fileName, SystemError error);
+[[noreturn]] void ThrowWriteFailure(const std::string& fileName, FileCause cause);
+[[noreturn]] void ThrowWriteFailure(const std::string& fileName, SystemError error);
 
 // These refuse a name that no file can have: an empty one, of which they say that there is no name,
 // and one with a null character, at which the system would end it.

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -53,6 +54,9 @@ class InputFile {
 
  private:
   class System;  // what this system needs for it
+
+  // As many bytes as the system gives at once; none at the file's end.
+  std::size_t ReadSome(std::uint8_t* target, std::size_t count);
 
   std::unique_ptr<System> system_;
 };

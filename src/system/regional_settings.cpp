@@ -1,12 +1,6 @@
 #include "system/regional_settings.h"
 
-#include <langinfo.h>
-#include <locale.h>
-
-#include <string_view>
-
 namespace pagivo {
-
 namespace {
 
 RegionalSettings& SettingsInUse() {
@@ -22,17 +16,6 @@ const RegionalSettings& CurrentRegionalSettings() {
 
 void UseRegionalSettings(RegionalSettings settings) {
   SettingsInUse() = settings;
-}
-
-RegionalSettings RegionalSettingsOfEnvironment() {
-  const locale_t locale = newlocale(LC_NUMERIC_MASK, "", locale_t{});
-  if (locale == locale_t{}) return {};
-  const std::string_view separator = nl_langinfo_l(RADIXCHAR, locale);
-  RegionalSettings settings;
-  // A separator of several bytes is none that numbers in text can be read with.
-  if (separator.size() == 1) settings.decimalSeparator = separator.front();
-  freelocale(locale);
-  return settings;
 }
 
 }  // namespace pagivo

@@ -7,15 +7,14 @@ struct RegionalSettings {
   char decimalSeparator = '.';
 };
 
-// The settings in use: those of the environment (LC_ALL, LC_NUMERIC, LANG), unless
-// UseRegionalSettings has replaced them. The environment is read at the first use, and the host's
-// locale stays as it is.
+// The settings in use: those of the user's environment, unless UseRegionalSettings has replaced
+// them. The environment is read at the first use, and the host's locale stays as it is.
 const RegionalSettings& CurrentRegionalSettings();
 
 // Replaces the settings in use for the whole process.
 void UseRegionalSettings(RegionalSettings settings);
 
-// Reads the environment now. A locale that is not installed counts as "C".
+// Reads the environment now: the variables LC_ALL, LC_NUMERIC and LANG.
 RegionalSettings RegionalSettingsOfEnvironment();
 
 }  // namespace pagivo

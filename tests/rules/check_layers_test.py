@@ -44,14 +44,21 @@ class Layers(unittest.TestCase):
 class SystemHeaders(unittest.TestCase):
     HEADERS = ["unistd.h", "fcntl.h", "sys/stat.h", "sys/socket.h", "cerrno", "errno.h", "poll.h",
                "locale.h", "clocale", "langinfo.h", "signal.h", "csignal", "dlfcn.h", "netdb.h",
-               "netinet/in.h", "pthread.h", "windows.h"]
+               "netinet/in.h", "pthread.h"]
 
-    def test_they_are_caught_everywhere_but_in_the_system_folder(self):
-        for header in self.HEADERS:
-            self.assertEqual(faults("system/x.cpp", f"<{header}>"), [], header)
-            for path in ["values/x.cpp", "window/x.cpp", "api/x.cpp", "engine/native/x.cpp",
+    def test_they_are_caught_everywhere_but_in_their_systems_folder(self):
+        rules = [("system/posix", header) for header in self.HEADERS] + [("system/windows", "windows.h")]
+        for folder, header in rules:
+            self.assertEqual(faults(f"{folder}/x.cpp", f"<{header}>"), [], header)
+            for path in ["system/x.cpp", "values/x.cpp", "window/x.cpp", "api/x.cpp", "engine/native/x.cpp",
                          "engine/native/pdf/x.cpp", "engine/native/printing/x.cpp"]:
                 self.assertEqual(len(faults(path, f"<{header}>")), 1, (path, header))
+
+    def test_no_system_knows_another(self):
+        self.assertEqual(len(faults("system/x.cpp", '"system/posix/x.h"')), 1)
+        self.assertEqual(len(faults("system/windows/x.cpp", '"system/posix/x.h"')), 1)
+        self.assertEqual(len(faults("system/windows/x.cpp", "<fcntl.h>")), 1)
+        self.assertEqual(len(faults("system/posix/x.cpp", "<windows.h>")), 1)
 
     def test_what_holds_a_connection_has_sockets_and_no_more(self):
         for path in ["engine/native/spool/cups/x.cpp", "window/qt/x.cpp"]:

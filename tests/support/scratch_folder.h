@@ -1,9 +1,8 @@
 // A folder of a test's own: tests run side by side, each in a process of its own.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
+#include <random>
 #include <string>
 
 namespace pagivo {
@@ -11,8 +10,10 @@ namespace pagivo {
 // Made empty, removed with all that is in it.
 class ScratchFolder {
  public:
-  ScratchFolder() : path_((std::filesystem::temp_directory_path() / "pagivo_XXXXXX").string()) {
-    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no scratch folder " + path_);
+  ScratchFolder() {
+    std::random_device number;
+    do path_ = (std::filesystem::temp_directory_path() / Name(number())).generic_string();
+    while (!std::filesystem::create_directory(path_));
   }
   ~ScratchFolder() {
     std::error_code ignored;
@@ -25,6 +26,8 @@ class ScratchFolder {
   std::string FileNamed(const std::string& name) const { return path_ + "/" + name; }
 
  private:
+  static std::string Name(unsigned number) { return "pagivo_" + std::to_string(number); }
+
   std::string path_;
 };
 

@@ -1,39 +1,15 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
-#include <fstream>
-#include <functional>
-
-#include "pagivo/error.h"
-#include "support/scratch_folder.h"
-#include "system/host_files.h"
+#include "system/host_files_test.h"
 
 namespace pagivo {
 namespace {
 
-class InputFileTest : public testing::Test {
+class InputFileTest : public FilesOfAHost {
  protected:
   std::string Write(const std::string& name, const std::string& contents) const {
     std::string path = folder.FileNamed(name);
     std::ofstream(path) << contents;
     return path;
   }
-
-  // Both ways of looking at a file fail with the same description.
-  static void ExpectRefused(const std::string& path, const std::string& description) {
-    for (const auto& look : {std::function<void()>([&] { IdentityOf(path); }),
-                             std::function<void()>([&] { InputFile file(path); })}) {
-      try {
-        look();
-        ADD_FAILURE() << path << " was taken";
-      } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::FileAccess);
-        EXPECT_EQ(error.what(), description);
-      }
-    }
-  }
-
-  ScratchFolder folder;
 };
 
 TEST_F(InputFileTest, GivesAllBytes) {
@@ -81,14 +57,6 @@ TEST_F(InputFileTest, ThatIsMissingIsRefused) {
 
 TEST_F(InputFileTest, MayNotBeAFolder) {
   ExpectRefused(folder.Path(), "\"" + folder.Path() + "\" kan niet worden gelezen: het is een map");
-}
-
-TEST_F(InputFileTest, MayNotBeAPipeOrADevice) {
-  const std::string pipe = folder.FileNamed("pijp");
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  for (const std::string& path : {pipe, std::string("/dev/zero")}) {
-    ExpectRefused(path, "\"" + path + "\" kan niet worden gelezen: dat is geen gewoon bestand");
-  }
 }
 
 TEST_F(InputFileTest, MayNotHaveANullCharacterInItsName) {

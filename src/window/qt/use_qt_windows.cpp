@@ -18,7 +18,7 @@
 #include "pagivo/error.h"
 #include "pagivo/qt_windows.h"
 #include "platform/platform.h"
-#include "system/descriptor.h"
+#include "system/posix/descriptor.h"
 #include "values/process_wide.h"
 #include "window/qt/qt_windows.h"
 

@@ -7,7 +7,7 @@
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 
-#include "system/late_library.h"
+#include "system/posix/late_library.h"
 
 namespace pagivo::native {
 

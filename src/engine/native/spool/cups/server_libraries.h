@@ -4,7 +4,7 @@
 #include <cups/cups.h>
 #include <gnutls/gnutls.h>
 
-#include "system/late_library.h"
+#include "system/posix/late_library.h"
 
 namespace pagivo::native {
 

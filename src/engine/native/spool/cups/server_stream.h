@@ -11,7 +11,7 @@
 
 #include "engine/native/spool/cups/server_libraries.h"
 #include "engine/native/spool/print_server.h"
-#include "system/descriptor.h"
+#include "system/posix/descriptor.h"
 
 namespace pagivo::native {
 

@@ -1,4 +1,4 @@
-#include "system/late_library.h"
+#include "system/posix/late_library.h"
 
 #include <gnu/libc-version.h>
 #include <gtest/gtest.h>

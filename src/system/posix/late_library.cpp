@@ -1,4 +1,4 @@
-#include "system/late_library.h"
+#include "system/posix/late_library.h"
 
 #include <dlfcn.h>
 
