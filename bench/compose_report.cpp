@@ -52,4 +52,11 @@ void ComposeReport(PgPrint& print, int pages) {
   print.VsPPFinish("Meetrapport");
 }
 
+void WriteReportWithPagivo(int pages, const std::string& fileName) {
+  PgPrint print;
+  ComposeReport(print, pages);
+  print.VSPDF(fileName);
+  print.VsPPEinde();
+}
+
 }  // namespace pagivo::bench

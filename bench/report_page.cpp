@@ -1,11 +1,12 @@
 #include "report_page.h"
 
-#include <cairo.h>
+#include <png.h>
 #include <unistd.h>
 
-#include <cstdlib>
+#include <cmath>
 #include <filesystem>
 #include <random>
+#include <stdexcept>
 
 namespace pagivo::bench {
 namespace {
@@ -97,21 +98,33 @@ class PageMaker {
   std::mt19937 random_;
 };
 
+// Rings of several colours that are all a little transparent, outside them nothing.
+std::vector<std::uint8_t> PicturePixels(int side) {
+  std::vector<std::uint8_t> pixels;
+  for (int i = 0; i < side * side; ++i) {
+    const double radius = std::hypot(i % side + 0.5 - side / 2.0, i / side + 0.5 - side / 2.0);
+    const auto ring = static_cast<std::uint8_t>(32 * std::floor(8 - 16 * radius / side));
+    const bool isOutside = radius > side / 2.0;
+    const std::uint8_t alpha = isOutside ? 0 : 230;
+    pixels.insert(pixels.end(), {ring, 102, static_cast<std::uint8_t>(255 - ring), alpha});
+  }
+  return pixels;
+}
+
 struct TemporaryPicture {
   TemporaryPicture() {
+    constexpr int kSide = 64;
     path = (std::filesystem::temp_directory_path() /
             ("pagivo_bench_" + std::to_string(getpid()) + ".png"))
                .string();
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 64, 64);
-    cairo_t* context = cairo_create(surface);
-    for (int i = 0; i < 8; ++i) {
-      cairo_set_source_rgba(context, i / 8.0, 0.4, 1 - i / 8.0, 0.9);
-      cairo_arc(context, 32, 32, 32 - i * 4, 0, 6.3);
-      cairo_fill(context);
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = image.height = kSide;
+    image.format = PNG_FORMAT_RGBA;
+    if (png_image_write_to_file(&image, path.c_str(), 0, PicturePixels(kSide).data(), 0, nullptr) ==
+        0) {
+      throw std::runtime_error(path + " cannot be written");
     }
-    cairo_surface_write_to_png(surface, path.c_str());
-    cairo_destroy(context);
-    cairo_surface_destroy(surface);
   }
   ~TemporaryPicture() { std::filesystem::remove(path); }
 

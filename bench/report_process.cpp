@@ -1,0 +1,48 @@
+// A process that does nothing but write the report, by the library that PAGIVO_BENCH_WRITE names:
+//
+//   pagivo_report_process PAGES FILE
+//
+// It prints the processor time of all of it, the start of the process included, in microseconds a
+// page. report_processes.py runs several in turn.
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include "compose_report.h"
+#include "peers.h"
+#include "report_page.h"
+
+namespace pagivo::bench {
+namespace {
+
+// Since the process began.
+double ProcessorSeconds() {
+  std::timespec time{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+// What is written is the host's, and not counted.
+double SecondsOfMakingPages() {
+  const double before = ProcessorSeconds();
+  ReportPageOf(0);
+  ReportPicturePath();
+  return ProcessorSeconds() - before;
+}
+
+int Run(int pages, const char* fileName) {
+  const double making = SecondsOfMakingPages();
+  PAGIVO_BENCH_WRITE(pages, fileName);
+  std::printf("%.1f\n", (ProcessorSeconds() - making) * 1e6 / pages);
+  return 0;
+}
+
+}  // namespace
+}  // namespace pagivo::bench
+
+int main(int count, char** arguments) {
+  const int pages = count == 3 ? std::atoi(arguments[1]) : 0;
+  if (pages > 0) return pagivo::bench::Run(pages, arguments[2]);
+  std::fprintf(stderr, "usage: %s PAGES FILE\n", arguments[0]);
+  return 2;
+}
