@@ -1,9 +1,11 @@
-// Characters of names and notations: blanks around them, letters in any case, the bytes of UTF-8.
+// Characters of names and notations: blanks around them, letters in any case; those of UTF-8 come
+// along.
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <string_view>
+
+#include "system/utf8.h"
 
 namespace pagivo {
 
@@ -30,19 +32,5 @@ constexpr bool EqualInAnyCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return ToLowerCase(a) == ToLowerCase(b); });
 }
-
-// Whether the byte goes on with a character instead of beginning one.
-constexpr bool ContinuesUtf8(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-struct DecodedCodePoint {
-  char32_t codePoint = 0;
-  std::size_t length = 0;  // bytes, at least 1
-};
-
-// The code point at `position`, which must lie inside `text`. A byte that does not begin a
-// well-formed sequence (overlong forms and surrogates are not) counts as U+FFFD by itself.
-DecodedCodePoint DecodeUtf8(std::string_view text, std::size_t position);
 
 }  // namespace pagivo

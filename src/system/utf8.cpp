@@ -1,4 +1,7 @@
-#include "values/characters.h"
+#include "system/utf8.h"
+
+#include <algorithm>
+#include <array>
 
 namespace pagivo {
 namespace {
@@ -15,6 +18,10 @@ LeadByte ReadLeadByte(unsigned char byte) {
   if (byte >= 0xE0 && byte < 0xF0) return {3, byte & 0x0Fu, 0x800};
   if (byte >= 0xF0 && byte < 0xF5) return {4, byte & 0x07u, 0x10000};
   return {0, 0, 0};
+}
+
+bool IsAscii(char byte) {
+  return static_cast<unsigned char>(byte) < 0x80;
 }
 
 bool IsScalarValue(char32_t codePoint) {
@@ -35,6 +42,26 @@ DecodedCodePoint DecodeUtf8(std::string_view text, std::size_t position) {
   }
   if (codePoint < lead.smallest || !IsScalarValue(codePoint)) return kOffendingByte;
   return {codePoint, lead.length};
+}
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t i = 0; i < text.size();) {
+    const DecodedCodePoint decoded = DecodeUtf8(text, i);
+    if (decoded.length == 1 && !IsAscii(text[i])) return false;
+    i += decoded.length;
+  }
+  return true;
+}
+
+void AppendUtf8(std::string& text, char32_t codePoint) {
+  constexpr std::array<char32_t, 3> kFirstOfLonger{0x80, 0x800, 0x10000};
+  constexpr std::array<char32_t, 4> kLeadBits{0, 0xC0, 0xE0, 0xF0};
+  const auto* const longer = std::ranges::upper_bound(kFirstOfLonger, codePoint);
+  const auto continuing = static_cast<std::size_t>(longer - kFirstOfLonger.begin());
+  text += static_cast<char>(kLeadBits[continuing] | codePoint >> 6 * continuing);
+  for (std::size_t i = continuing; i-- > 0;) {
+    text += static_cast<char>(0x80 | (codePoint >> 6 * i & 0x3F));
+  }
 }
 
 }  // namespace pagivo
