@@ -71,7 +71,7 @@ OUTSIDE = {
     r"(sys|arpa|net|netinet|linux)/|csignal|"
     r"(aio|dirent|dlfcn|fcntl|ftw|glob|grp|ifaddrs|langinfo|netdb|pthread|pwd|sched|semaphore|signal|"
     r"spawn|syslog|termios|unistd|utime|wordexp|xlocale)\.h": ["system/posix"],
-    r"(windows|winbase|winnls|winnt|winioctl|oleauto)\.h": ["system/windows"],
+    r"(windows|winbase|winnls|winnt|winioctl|oleauto)\.h": ["system/windows", f"{NATIVE}/fonts/directwrite"],
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
