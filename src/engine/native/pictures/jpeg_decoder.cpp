@@ -238,7 +238,7 @@ class JpegReader {
 
   void ReadHeader() {
     Do([this] {
-      jpeg_mem_src(&info_, bytes_.data(), bytes_.size());
+      jpeg_mem_src(&info_, bytes_.data(), static_cast<unsigned long>(bytes_.size()));
       jpeg_read_header(&info_, TRUE);
     });
   }

@@ -73,6 +73,15 @@ std::size_t EndOfGifBlocks(PictureBytes bytes, std::size_t at) {
   }
 }
 
+// Where the descriptor of the first frame stands, behind the screen's colours and extensions.
+std::size_t FirstGifImage(PictureBytes bytes) {
+  const PictureBytes screen = Slice(bytes, 0, kGifScreenEnd);
+  std::size_t at = kGifScreenEnd + ColorTableSize(screen[10]);
+  while (Slice(bytes, at, 1)[0] == kGifExtension) at = EndOfGifBlocks(bytes, at + 2);
+  if (bytes[at] != kGifImage) RefuseDamaged();
+  return at;
+}
+
 std::size_t EndOfGifImage(PictureBytes bytes, std::size_t at) {
   const PictureBytes descriptor = Slice(bytes, at, kGifImageDescriptorSize);
   RequireDecodableSize(ReadLittle16(descriptor, 5), ReadLittle16(descriptor, 7));
@@ -188,15 +197,17 @@ void RequireWholeBmp(PictureBytes bytes) {
 }
 
 std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes) {
-  const PictureBytes screen = Slice(bytes, 0, kGifScreenEnd);
-  RequirePlausibleGif(screen, bytes.size());
-  std::size_t at = kGifScreenEnd + ColorTableSize(screen[10]);
-  while (Slice(bytes, at, 1)[0] == kGifExtension) at = EndOfGifBlocks(bytes, at + 2);
-  if (bytes[at] != kGifImage) RefuseDamaged();
-  const PictureBytes frame = bytes.first(EndOfGifImage(bytes, at));
+  RequirePlausibleGif(Slice(bytes, 0, kGifScreenEnd), bytes.size());
+  const PictureBytes frame = bytes.first(EndOfGifImage(bytes, FirstGifImage(bytes)));
   std::vector<std::uint8_t> file(frame.begin(), frame.end());
   file.push_back(kGifTrailer);
   return file;
+}
+
+GifPlace PlaceOfFirstGifFrame(PictureBytes bytes) {
+  const PictureBytes descriptor = Slice(bytes, FirstGifImage(bytes), kGifImageDescriptorSize);
+  return {ReadLittle16(bytes, 6), ReadLittle16(bytes, 8), ReadLittle16(descriptor, 1),
+          ReadLittle16(descriptor, 3)};
 }
 
 void RequireBoundedTiff(PictureBytes bytes) {

@@ -16,6 +16,15 @@ void RequireWholeBmp(PictureBytes bytes);
 // screen has more pixels than its bytes can stand for.
 std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes);
 
+// The screen that a GIF is shown on, and where its first frame stands there; both in pixels.
+struct GifPlace {
+  std::int32_t screenWidth = 0;
+  std::int32_t screenHeight = 0;
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+};
+GifPlace PlaceOfFirstGifFrame(PictureBytes bytes);
+
 // Refuses a TIFF whose samples take more than kMaximumDecoderBytes before they become pixels.
 void RequireBoundedTiff(PictureBytes bytes);
 

@@ -97,6 +97,19 @@ TEST(PictureAlpha, OfTiffIsKeptStraight) {
   EXPECT_EQ(Corners(*picture)[2], (Rgba{0, 0, 255, 127}));
 }
 
+TEST(PictureAlpha, OfAGifIsNothingWhereItsFrameDoesNotReach) {
+  Bytes bytes = GifOfSize(2, 1);
+  bytes.at(20) = 1;  // the frame's left side
+  const auto picture = DecodePicture(bytes);
+  ASSERT_EQ(picture->GetPixels()->width, 2);
+  ASSERT_EQ(picture->GetPixels()->height, 2);
+  const auto corners = Corners(*picture);
+  EXPECT_EQ(corners[0][3], 0);
+  EXPECT_EQ(corners[1], (Rgba{0, 0, 0, 255}));
+  EXPECT_EQ(corners[2][3], 0);
+  EXPECT_EQ(corners[3][3], 0);
+}
+
 TEST(PicturePathOf, NothingGivesAnEmptyPicture) {
   const auto picture = LoadPictureFile("");
   ASSERT_NE(picture, nullptr);
