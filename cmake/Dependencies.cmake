@@ -1,6 +1,11 @@
 # The outside libraries, each behind one seam (see docs/architecture.md).
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(Fontconfig REQUIRED IMPORTED_TARGET fontconfig)
+if(WIN32)
+  set(PAGIVO_LIBRARIES_OF_SYSTEM dwrite windowscodecs ole32 oleaut32 uuid)
+else()
+  pkg_check_modules(Fontconfig REQUIRED IMPORTED_TARGET fontconfig)
+  set(PAGIVO_LIBRARIES_OF_SYSTEM PkgConfig::Fontconfig)
+endif()
 pkg_check_modules(FreeType REQUIRED IMPORTED_TARGET freetype2)
 pkg_check_modules(HarfBuzz REQUIRED IMPORTED_TARGET harfbuzz)
 pkg_check_modules(HarfBuzzSubset REQUIRED IMPORTED_TARGET harfbuzz-subset)

@@ -6,8 +6,10 @@
 #
 # The sanitizers' own checks reach for more than the shared libraries show, and names are compared in
 # the archives' programs alone.
+# Windows knows no versions of the names in a library; what its hosts load there is the server of
+# src/automation.
 option(PAGIVO_SHARED "Build the shared libraries too" ON)
-if(PAGIVO_SANITIZE OR PAGIVO_ODR)
+if(PAGIVO_SANITIZE OR PAGIVO_ODR OR WIN32)
   set(PAGIVO_SHARED OFF)
 endif()
 

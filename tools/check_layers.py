@@ -30,6 +30,7 @@ ALLOWED = {
     f"{NATIVE}/settings": ["values", "engine", f"{NATIVE}/document"],
     f"{NATIVE}/spool": ["values", "engine", f"{NATIVE}/document"],
     f"{NATIVE}/spool/cups": ["values", "system/posix", f"{NATIVE}/spool", f"{NATIVE}/document", f"{NATIVE}/pdf"],
+    f"{NATIVE}/spool/windows": ["values", f"{NATIVE}/spool"],
     f"{NATIVE}/printing": ["values", "engine", "window", f"{NATIVE}/document", f"{NATIVE}/spool"],
     f"{NATIVE}/setup": ["values", "engine", "window", f"{NATIVE}/settings", f"{NATIVE}/spool",
                       f"{NATIVE}/printing"],
@@ -40,7 +41,7 @@ ALLOWED = {
     "window/headless": ["values", "window"],
     "window/qt": ["values", "system/posix", "window", "platform"],
     "platform": ["values", "engine", "window", "window/headless", NATIVE, f"{NATIVE}/fonts", f"{NATIVE}/pictures",
-                 f"{NATIVE}/pdf", f"{NATIVE}/view", f"{NATIVE}/spool", f"{NATIVE}/spool/cups"],
+                 f"{NATIVE}/pdf", f"{NATIVE}/view", f"{NATIVE}/spool"],
     "state": ["values", "engine"],
     "dialogs": ["values", "engine", "window", "platform", "state"],
     "preview": ["values", "engine", "window", "platform", "state", "dialogs"],
@@ -48,6 +49,10 @@ ALLOWED = {
     "assembly": ["values", "engine", NATIVE, f"{NATIVE}/document", f"{NATIVE}/raster", "platform",
                  "preview"],
 }
+
+# The folders of what is peculiar to Windows. They may include its headers, and only they.
+WINDOWS = ["system/windows", f"{NATIVE}/fonts/directwrite", f"{NATIVE}/pictures/wic", f"{NATIVE}/spool/windows",
+           "automation"]
 
 # Outside headers -> the folders that may include them. The first pattern that matches rules.
 OUTSIDE = {
@@ -63,6 +68,8 @@ OUTSIDE = {
     r"libdeflate": [f"{NATIVE}/pdf", f"{NATIVE}/pictures"],
     r"(cups|gnutls)/": [f"{NATIVE}/spool/cups"],
     r"(Q[A-Z]|xcb/)": ["window/qt"],
+    r"wrl/|(windows|win[a-z0-9]+|basetsd|com(baseapi|def|mctrl|mdlg)|direct|fileapi|guiddef|initguid|io|minwin[a-z]+|"
+    r"oaidl|obj[a-z]+|ocidl|ole[a-z0-9]*|process|propsys|psapi|sh[a-z]+|strsafe|tchar|unknwn|wtypes)\.h": WINDOWS,
     # The operating system. Sockets also lead to the print server and to a compositor, and Qt changes
     # the locale of C.
     r"(poll|sys/poll|sys/socket|sys/un)\.h": ["system/posix", f"{NATIVE}/spool/cups", "window/qt"],
@@ -71,7 +78,6 @@ OUTSIDE = {
     r"(sys|arpa|net|netinet|linux)/|csignal|"
     r"(aio|dirent|dlfcn|fcntl|ftw|glob|grp|ifaddrs|langinfo|netdb|pthread|pwd|sched|semaphore|signal|"
     r"spawn|syslog|termios|unistd|utime|wordexp|xlocale)\.h": ["system/posix"],
-    r"(windows|winbase|winnls|winnt|winioctl|oleauto)\.h": ["system/windows", f"{NATIVE}/fonts/directwrite"],
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')

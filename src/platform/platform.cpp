@@ -7,7 +7,7 @@
 #include "engine/native/native_engine.h"
 #include "engine/native/pdf/pdf_writer.h"
 #include "engine/native/pictures/picture_loader.h"
-#include "engine/native/spool/cups/cups_print_server.h"
+#include "engine/native/spool/print_server.h"
 #include "pagivo/error.h"
 #include "pagivo/picture.h"
 #include "values/errors.h"
@@ -22,7 +22,7 @@ namespace {
 std::shared_ptr<native::PrintServer>& Printers() {
   return ProcessWide<std::shared_ptr<native::PrintServer>>([] {
     std::atexit([] { Printers()->TellOfCancelledJobs(native::PrintServer::kPatienceAtEnd); });
-    return new std::shared_ptr<native::PrintServer>(std::make_shared<native::CupsPrintServer>());
+    return new std::shared_ptr<native::PrintServer>(native::MakePrintServer());
   });
 }
 

@@ -43,7 +43,7 @@ PAGIVO_EXPORT const Platform& CurrentPlatform();
 // window keeps its engine, and has the new windows from its next showing on.
 PAGIVO_EXPORT void UsePlatform(Platform platform);
 
-// This system's platform: our own engine, its exporter and picture loader, the print server CUPS,
+// This system's platform: our own engine, its exporter and picture loader, its print server,
 // and no display.
 Platform NativePlatform();
 

@@ -88,4 +88,7 @@ class PrintServer {
                                             const KeepWaiting& keepWaiting) = 0;
 };
 
+// The print server of this system: the one of the folder that is built beside this one.
+std::shared_ptr<PrintServer> MakePrintServer();
+
 }  // namespace pagivo::native

@@ -173,4 +173,8 @@ std::unique_ptr<PrintJob> CupsPrintServer::OpenJob(const JobTicket& ticket,
       CupsJob{.printer = printer.name, .printerUri = printer.uri, .id = id}, keepWaiting);
 }
 
+std::shared_ptr<PrintServer> MakePrintServer() {
+  return std::make_shared<CupsPrintServer>();
+}
+
 }  // namespace pagivo::native
