@@ -46,6 +46,8 @@ ALLOWED = {
     "dialogs": ["values", "engine", "window", "platform", "state"],
     "preview": ["values", "engine", "window", "platform", "state", "dialogs"],
     "api": ["system", "values", "engine", "window", "platform", "state", "preview", "dialogs"],
+    "type_library": ["values", "api"],
+    "automation": ["system/windows", "system", "values", "api", "type_library", "platform"],
     "assembly": ["values", "engine", NATIVE, f"{NATIVE}/document", f"{NATIVE}/raster", "platform",
                  "preview"],
 }
