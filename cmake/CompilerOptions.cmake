@@ -8,15 +8,25 @@ target_compile_options(pagivo_options INTERFACE
 # A mistake in memory ends the program instead of going on: guarded stacks, C calls with checked
 # lengths, containers with checked subscripts, addresses bound before the program starts, and jumps
 # only to marked places, where compiler and processor know them. Only optimised code can check the
-# lengths of C calls.
-include(CheckCXXCompilerFlag)
-check_cxx_compiler_flag(-fcf-protection PAGIVO_HAS_CF_PROTECTION)
+# lengths of C calls. On Windows addresses are bound before the start anyway, and it has marked places of
+# its own kind, which this compiler cannot make.
+if(NOT WIN32)
+  include(CheckCXXCompilerFlag)
+  check_cxx_compiler_flag(-fcf-protection PAGIVO_HAS_CF_PROTECTION)
+endif()
 set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 target_compile_definitions(pagivo_options INTERFACE _GLIBCXX_ASSERTIONS)
 target_compile_options(pagivo_options INTERFACE -fstack-protector-strong
   $<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=3>
   $<$<BOOL:${PAGIVO_HAS_CF_PROTECTION}>:-fcf-protection>)
-target_link_options(pagivo_options INTERFACE -Wl,-z,relro,-z,now)
+if(WIN32)
+  # The checks are a library there, which the linker looks for when it is told of them.
+  target_link_options(pagivo_options INTERFACE -fstack-protector-strong)
+  # The headers of Windows 10, without macros by the names of std::min and std::max.
+  target_compile_definitions(pagivo_options INTERFACE _WIN32_WINNT=0x0A00 NOMINMAX)
+else()
+  target_link_options(pagivo_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
 # GCC 12's -Wrestrict sees overlaps in std::string that cannot be (GCC bug 105329).
 target_compile_options(pagivo_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 # GCC 12's -Wnull-dereference sees null buffers in the standard library's strings and streams, which

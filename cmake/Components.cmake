@@ -35,8 +35,8 @@ function(pagivo_component name folder)
 endfunction()
 
 # pagivo_test(fonts engine/native/fonts USES fonts) makes the test program pagivo_tests_fonts of the
-# folder's sources under tests/. Its tests run as processes of their own, or with AS_ONE in one, for
-# those that share something costly. No test prints on the machine's own printers. PROPERTIES are
+# folder's sources under tests/. Its tests run as processes of their own, or in one on Windows and with
+# AS_ONE, for those that share something costly. No test prints on the machine's own printers. PROPERTIES are
 # more of what CTest is told of each.
 function(pagivo_test name folder)
   cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE;EACH_ALONE" "" "USES;LIBRARIES;PROPERTIES")
@@ -52,7 +52,8 @@ function(pagivo_test name folder)
   list(TRANSFORM ARG_USES PREPEND pagivo_)
   target_link_libraries(pagivo_tests_${name} PRIVATE
     pagivo_options pagivo_test_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
-  if(ARG_AS_ONE)
+  # Wine takes longer to start than most of these programs to run.
+  if(ARG_AS_ONE OR WIN32)
     add_test(NAME ${name}.all_together COMMAND pagivo_tests_${name})
   else()
     gtest_discover_tests(pagivo_tests_${name} DISCOVERY_MODE PRE_TEST

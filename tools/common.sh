@@ -18,6 +18,13 @@ test_packages=(
 
 # What `./check all` needs besides, and the benchmarks.
 all_packages=(clang-tidy libbenchmark-dev libhpdf-dev)
+# What the Windows edition needs: compilers, what its libraries are built with, and Wine with its fonts.
+windows_packages=(
+  cmake ninja-build pkg-config dpkg-dev ca-certificates make nasm
+  g++-mingw-w64-x86-64-posix mingw-w64-tools
+  googletest
+  wine64 fonts-wine fonts-liberation fonts-dejavu-core fontconfig
+)
 # What the fuzzers need.
 fuzz_packages=(clang libclang-rt-14-dev zlib1g-dev)
 

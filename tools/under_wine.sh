@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Runs a program of the Windows edition under Wine, in a prefix of its own, which is made at first:
+#
+#   tools/under_wine.sh PREFIX PROGRAM [ARGUMENT...]
+#
+# The prefix has no display, Wine's own fonts and Liberation, and nothing of the user's. A program may run
+# as many seconds as PAGIVO_WINE_TIMEOUT says (300): one whose libraries Wine cannot load would hang.
+set -euo pipefail
+export WINEPREFIX=$1
+shift
+export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} LC_ALL=C.UTF-8
+# No debugger that waits for a user, and nothing that Wine would fetch from the network.
+export WINEDLLOVERRIDES='winedbg.exe=d;mscoree=d;mshtml=d;winemenubuilder.exe=d'
+unset DISPLAY WAYLAND_DISPLAY
+wine=/usr/lib/wine/wine64
+
+# copy_fonts FOLDER...: a font is found by its file in the folder of fonts and its name in the registry.
+copy_fonts() {
+  local fonts=$WINEPREFIX/drive_c/windows/Fonts file
+  local key='HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\Fonts'
+  mkdir -p "$fonts"
+  {
+    printf 'REGEDIT4\n\n[%s]\n' "$key"
+    for file in "$@"; do
+      cp "$file" "$fonts/"
+      printf '"%s (TrueType)"="%s"\n' "$(fc-scan --format '%{fullname[0]}' "$file")" "${file##*/}"
+    done
+  } >"$WINEPREFIX/fonts.reg"
+  timeout 120 "$wine" regedit "$WINEPREFIX/fonts.reg"
+}
+
+make_prefix() {
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
+  timeout 300 "$wine" wineboot -i
+  timeout 120 "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
+  copy_fonts /usr/share/wine/fonts/*.ttf /usr/share/fonts/truetype/liberation/*.ttf
+  # A server that still runs knows the settings of before.
+  /usr/lib/wine/wineserver -k || true
+  touch "$WINEPREFIX/complete"
+}
+
+# Several programs may start at once.
+mkdir -p "$(dirname "$WINEPREFIX")"
+exec 9>"$WINEPREFIX.lock"
+flock 9
+if [ ! -f "$WINEPREFIX/complete" ]; then
+  trap 'tail -n 20 "$WINEPREFIX.log" >&2' EXIT
+  make_prefix >"$WINEPREFIX.log" 2>&1
+fi
+exec 9>&-
+exec timeout "${PAGIVO_WINE_TIMEOUT:-300}" "$wine" "$@"
