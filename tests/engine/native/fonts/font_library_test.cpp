@@ -110,10 +110,12 @@ class FacesByPath final : public FaceFinder {
 
 TEST(FaceCatalog, ClosesFacesThatNobodyHoldsBeyondABound) {
   const ScratchFolder folder;
+  const std::string font = folder.FileNamed("font.ttf");
+  std::filesystem::copy_file(FileFor("Arial").path, font);
   FaceCatalog catalog(std::make_unique<FacesByPath>());
   const auto open = [&](std::size_t number) {
     const std::string path = folder.FileNamed(std::to_string(number) + ".ttf");
-    std::filesystem::create_symlink(FileFor("Arial").path, path);
+    std::filesystem::create_hard_link(font, path);
     return catalog.Find({path, false, false, std::nullopt})->face->shared_from_this();
   };
   const std::weak_ptr<const Face> idle = open(0);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 
@@ -81,6 +82,40 @@ INSTANTIATE_TEST_SUITE_P(
                     Variant{"colors.tif", 16, 8, 0}, Variant{"big_endian_lzw.tif", 16, 8, 0},
                     Variant{"two_pages.tif", 16, 8, 0}),
     [](const auto& instance) { return TestNameOf(instance.param.name); });
+
+// A picture of 24 bits a pixel, whose blue tells the column and green the row.
+Bytes ShadedBmp(std::uint32_t side) {
+  Bytes bytes(54);
+  std::copy_n(PictureFile("colors.bmp").begin(), 2, bytes.begin());
+  const auto put = [&bytes](std::size_t at, std::uint32_t value) {
+    for (std::size_t i = 0; i < 4; ++i) {
+      bytes.at(at + i) = static_cast<std::uint8_t>(value >> (8 * i));
+    }
+  };
+  put(10, 54);
+  put(14, 40);
+  put(18, side);
+  put(22, 0 - side);  // rows top down
+  put(26, 1 | 24 << 16);
+  for (std::uint32_t y = 0; y < side; ++y) {
+    for (std::uint32_t x = 0; x < side; ++x) {
+      for (const std::uint32_t value : {x, y, 7U}) bytes.push_back(std::uint8_t(value));
+    }
+  }
+  return bytes;
+}
+
+TEST(LargePicture, HasEachPixelInItsPlace) {
+  constexpr int kSide = 640;
+  const auto picture = DecodePicture(ShadedBmp(kSide));
+  const auto pixels = picture->GetPixels();
+  ASSERT_EQ(pixels->data.size(), std::size_t{3} * kSide * kSide);
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) {
+      ASSERT_EQ(PixelAt(*pixels, x, y), (Rgba{7, y % 256, x % 256, 255})) << x << "," << y;
+    }
+  }
+}
 
 TEST(PictureAlpha, OfPngIsKeptStraight) {
   const auto picture = LoadPictureFile(PicturePath("alpha.png"));

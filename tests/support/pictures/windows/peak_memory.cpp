@@ -1,7 +1,10 @@
 #include "support/pictures/peak_memory.h"
 
-#include <psapi.h>
+// The second header wants the first one before it.
+// clang-format off
 #include <windows.h>
+#include <psapi.h>
+// clang-format on
 
 namespace pagivo {
 

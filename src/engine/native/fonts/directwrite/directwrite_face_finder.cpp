@@ -61,26 +61,14 @@ class Installation {
 
   // The faces of a family by any of its names; empty when there is no such family.
   FaceOrder Named(const std::wstring& name) const {
-    FaceOrder faces;
     UINT32 index = 0;
     BOOL exists = FALSE;
-    if (collection_ && Succeeded(collection_->FindFamilyName(name.c_str(), &index, &exists)) &&
-        exists != FALSE) {
-      for (const InstalledFace& face : families_.at(index).faces) faces.push_back(&face);
+    if (!collection_ || !Succeeded(collection_->FindFamilyName(name.c_str(), &index, &exists)) ||
+        exists == FALSE) {
+      return NamedInFourStyles(name);
     }
-    return faces;
-  }
-
-  // The same by the names of families of four styles. They are in the faces' files; those of the
-  // families that begin with the same word are looked into ("Arial Narrow" is of "Arial").
-  FaceOrder NamedInFourStyles(const std::wstring& name) const {
     FaceOrder faces;
-    for (const Family& family : families_) {
-      if (!AreEqualInAnyCase(FirstWord(family.name), FirstWord(name))) continue;
-      for (const InstalledFace& face : family.faces) {
-        if (face.IsOfFourStyleFamily(name)) faces.push_back(&face);
-      }
-    }
+    for (const InstalledFace& face : families_.at(index).faces) faces.push_back(&face);
     return faces;
   }
 
@@ -98,6 +86,19 @@ class Installation {
     std::wstring name;
     std::vector<InstalledFace> faces;
   };
+
+  // The names of families of four styles are in the faces' files; those of the families that begin
+  // with the same word are looked into ("Arial Narrow" is of "Arial").
+  FaceOrder NamedInFourStyles(const std::wstring& name) const {
+    FaceOrder faces;
+    for (const Family& family : families_) {
+      if (!AreEqualInAnyCase(FirstWord(family.name), FirstWord(name))) continue;
+      for (const InstalledFace& face : family.faces) {
+        if (face.IsOfFourStyleFamily(name)) faces.push_back(&face);
+      }
+    }
+    return faces;
+  }
 
   void Read(UINT32 index, Family& family) const {
     ComPtr<IDWriteFontFamily> listed;
@@ -157,10 +158,7 @@ class DirectWriteFaceFinder final : public FaceFinder {
 
   Order Sort(const FaceQuery& query) const {
     Order order;
-    const std::wstring family = ToWide(query.family);
-    FaceOrder own = installation_.Named(family);
-    if (own.empty() && !family.empty()) own = installation_.NamedInFourStyles(family);
-    Append(order.faces, std::move(own), query);
+    Append(order.faces, installation_.Named(ToWide(query.family)), query);
     for (const std::string_view standIn : StandInsFor(query.family)) {
       Append(order.faces, installation_.Named(ToWide(standIn)), query);
     }

@@ -1,5 +1,5 @@
 // Font files mapped into memory by names of any characters, where HarfBuzz knows those of the
-// system's narrow code page alone. A file that is mapped can still be renamed and deleted.
+// system's narrow code page alone.
 #include <windows.h>
 
 #include <limits>
