@@ -29,6 +29,7 @@ constexpr std::array kCauseTexts{
     CauseText(FileCause::NotRegular, "dat is geen gewoon bestand"),
     CauseText(FileCause::NoRights, "u hebt daar geen leesrechten",
               "u hebt daar geen schrijfrechten"),
+    CauseText(FileCause::InUse, "een ander programma heeft het bestand geopend"),
     CauseText(FileCause::ReadOnly, "het bestaande bestand is alleen-lezen"),
     CauseText(FileCause::ReadOnlyDisk, "het station kan alleen worden gelezen"),
     CauseText(FileCause::FullDisk, "de schijf is vol"),
@@ -41,6 +42,8 @@ constexpr std::array kCauseTexts{
     CauseText(FileCause::EndlessLink, "de koppeling verwijst naar zichzelf"),
     CauseText(FileCause::TooManyOpenFiles, "er zijn te veel bestanden open"),
     CauseText(FileCause::Moved, "het bestand is intussen verplaatst"),
+    CauseText(FileCause::NotReady, "het station is niet gereed"),
+    CauseText(FileCause::LostConnection, "de netwerkverbinding is verbroken"),
 };
 
 std::string TextOf(FileCause cause, std::string_view CauseText::*doing) {

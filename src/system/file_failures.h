@@ -14,6 +14,7 @@ enum class FileCause : std::uint8_t {
   Folder,
   NotRegular,
   NoRights,
+  InUse,     // by another program
   ReadOnly,  // the file
   ReadOnlyDisk,
   FullDisk,
@@ -26,6 +27,8 @@ enum class FileCause : std::uint8_t {
   EndlessLink,
   TooManyOpenFiles,
   Moved,
+  NotReady,
+  LostConnection,
   NoMemory,
 };
 

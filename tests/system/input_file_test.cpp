@@ -36,6 +36,7 @@ TEST_F(InputFileTest, StaysTheFileThatWasOpened) {
   const std::string path = Write("a", "abc");
   InputFile file(path);
   const FileIdentity opened = file.Identity();
+  std::filesystem::rename(path, folder.FileNamed("c"));
   std::filesystem::rename(Write("b", "later"), path);
   EXPECT_EQ(file.Identity().number, opened.number);
   EXPECT_NE(IdentityOf(path), opened);

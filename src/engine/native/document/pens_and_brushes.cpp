@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 #include <numeric>
 
@@ -29,8 +30,8 @@ constexpr float kDiagonalDistance = kHatchDistance * std::numbers::sqrt2_v<float
 // Calls add(k * distance) for all multiples between the limits.
 template <typename Add>
 void ForMultiples(float from, float to, float distance, Add add) {
-  const auto last = static_cast<long>(std::floor(to / distance));
-  for (auto k = static_cast<long>(std::ceil(from / distance)); k <= last; ++k) {
+  const auto last = static_cast<std::int64_t>(std::floor(to / distance));
+  for (auto k = static_cast<std::int64_t>(std::ceil(from / distance)); k <= last; ++k) {
     add(static_cast<float>(k) * distance);
   }
 }

@@ -157,7 +157,9 @@ GlyphCache::Glyphs::Shape GlyphCache::Glyphs::Rasterize(std::uint32_t glyph,
   constexpr Shape kBlank{.width = 0};
   FT_Outline* outline = LoadGlyphOutline(style_, glyph);
   if (outline == nullptr) return kBlank;
-  FT_Outline_Translate(outline, FT_Pos{quarters & 3} * kQuarter, -FT_Pos{quarters >> 2} * kQuarter);
+  const auto right = static_cast<FT_Pos>(quarters & 3);
+  const auto down = static_cast<FT_Pos>(quarters >> 2);
+  FT_Outline_Translate(outline, right * kQuarter, -down * kQuarter);
   const FT_BBox box = PixelBounds(*outline);
   if (box.xMax - box.xMin > kMaximumSide || box.yMax - box.yMin > kMaximumSide) return kBlank;
   const auto width = static_cast<std::int32_t>(box.xMax - box.xMin);
