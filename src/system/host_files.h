@@ -3,8 +3,8 @@
 //
 // A symbolic link is followed. Everything here raises ErrorNumber::FileAccess with a Dutch
 // description that names the file and the cause, and std::bad_alloc when the system has no memory
-// for it. Names are UTF-8. One that is empty or holds a null character is refused, and so is what is
-// no regular file: a device or a pipe is never opened, so none of them can hold the host up.
+// for it. Names are UTF-8. One that is empty or holds a null character is refused, and so is what
+// is no regular file: a device or a pipe is never opened, so none of them can hold the host up.
 #pragma once
 
 #include <compare>
