@@ -41,6 +41,16 @@ bool AdvanceTable::Shape(std::string_view text, std::vector<ShapedGlyph>& glyphs
   return simple;
 }
 
+std::optional<std::span<const SimpleCharacter>> AdvanceTable::ShapeSimple(std::string_view text) {
+  if (characters_.size() < text.size()) characters_.resize(text.size());
+  SimpleCharacter* character = characters_.data();
+  const bool simple = ForEachGlyph(text, [&](Slot slot, Advance advance, std::size_t, std::size_t) {
+    *character++ = {static_cast<std::uint16_t>(slot), advance};
+  });
+  if (!simple) return std::nullopt;
+  return std::span<const SimpleCharacter>(characters_.data(), character);
+}
+
 std::optional<std::int64_t> AdvanceTable::Width(std::string_view text) {
   std::int64_t width = 0;
   const bool simple = ForEachGlyph(

@@ -6,6 +6,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -28,6 +29,9 @@ class AdvanceTable {
   // Puts the glyphs of a line into `glyphs`. False when the line must be shaped by HarfBuzz; what
   // `glyphs` holds is undefined then.
   bool Shape(std::string_view text, std::vector<ShapedGlyph>& glyphs);
+  // The characters alone and their advances, which stay until the next call; none where Shape is
+  // false.
+  std::optional<std::span<const SimpleCharacter>> ShapeSimple(std::string_view text);
   // The sum of the advances that Shape gives; none where Shape is false.
   std::optional<std::int64_t> Width(std::string_view text);
 
@@ -55,6 +59,7 @@ class AdvanceTable {
   LayoutRules rules_;
   std::array<Single, kSlotCount> singles_;
   std::array<std::unique_ptr<Row>, kSlotCount> rows_;  // made when the first character occurs
+  std::vector<SimpleCharacter> characters_;
 };
 
 }  // namespace pagivo::native

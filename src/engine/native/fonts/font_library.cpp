@@ -52,13 +52,19 @@ class LibraryFont final : public Font {
   const FontMetrics& Metrics() const override { return metrics_; }
 
   void Shape(std::string_view text, ShapedLine& line) override {
-    line.isPlain = advances_->Shape(text, line.glyphs);
-    if (!line.isPlain) return shaper_.Shape(text, faces_, line);
+    if (!advances_->Shape(text, line.glyphs)) return shaper_.Shape(text, faces_, line);
     const auto& [face, emboldened, slanted] = faces_.Primary();
     line.runs.clear();
     if (text.empty()) return;
     line.runs.push_back(
         {face, emboldened, slanted, false, 0, static_cast<std::uint32_t>(line.glyphs.size())});
+  }
+
+  std::optional<SimpleLine> ShapeSimple(std::string_view text) override {
+    const auto characters = advances_->ShapeSimple(text);
+    if (!characters) return std::nullopt;
+    const auto& [face, emboldened, slanted] = faces_.Primary();
+    return SimpleLine{face, emboldened, slanted, *characters};
   }
 
   double Width(std::string_view text) override {

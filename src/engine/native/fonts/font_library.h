@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -42,9 +44,22 @@ struct ShapedRun {
 struct ShapedLine {
   std::vector<ShapedGlyph> glyphs;
   std::vector<ShapedRun> runs;
-  // Known to be plain: every glyph stands where its pen is, for a character of its own, in the
-  // text's order. Other lines may turn out to be so, too.
-  bool isPlain = false;
+};
+
+// A character of a simple line: its number (simple_text.h) and its glyph's advance, kerning
+// included.
+struct SimpleCharacter {
+  std::uint16_t slot = 0;
+  std::int16_t advance = 0;
+};
+
+// A line of which each character has its own glyph of one face and nothing moves it: players need
+// not look at glyphs. They stand from left to right.
+struct SimpleLine {
+  const Face* face = nullptr;  // as in ShapedRun
+  bool emboldened = false;
+  bool slanted = false;
+  std::span<const SimpleCharacter> characters;
 };
 
 // Vertical measures of a font; the unit is the font's size (1 em).
@@ -76,6 +91,9 @@ class Font : public std::enable_shared_from_this<Font> {
   // Shapes one line of UTF-8 without control characters into `line`, reusing its storage. Bytes
   // that are no UTF-8 stand for U+FFFD.
   virtual void Shape(std::string_view text, ShapedLine& line) = 0;
+  // The same for simple text, as most is; nothing for any other. The characters stay until the next
+  // call for a font of the same face.
+  virtual std::optional<SimpleLine> ShapeSimple(std::string_view text) = 0;
   // The sum of the advances that Shape would give, trailing blanks and kerning included, in em.
   virtual double Width(std::string_view text) = 0;
 };

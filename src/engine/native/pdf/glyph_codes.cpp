@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "values/characters.h"
+
 namespace pagivo::native {
 namespace {
 
@@ -112,7 +114,6 @@ const GlyphCode& GlyphCodes::FindOrAdd(std::uint32_t glyph, std::string_view tex
   if (Entry& entry = entries_[glyph]; key != 0 && entry.key == 0) {
     entry.key = key;
     entry.code = Add(glyph, text);
-    if (entry.code.bytes == 1) entry.byteKey = ByteKey(entry.code.font, key);
     return entry.code;
   }
   std::string longKey = std::to_string(glyph);
@@ -120,6 +121,13 @@ const GlyphCode& GlyphCodes::FindOrAdd(std::uint32_t glyph, std::string_view tex
   const auto [place, added] = others_.try_emplace(std::move(longKey));
   if (added) place->second = Add(glyph, text);
   return place->second;
+}
+
+const GlyphCode& GlyphCodes::AddSimple(Slot slot) {
+  const char32_t codePoint = CodePointOf(slot);
+  std::string text;
+  AppendUtf8(text, codePoint);
+  return simple_[slot] = CodeOf(face_->GlyphOf(codePoint), text);
 }
 
 GlyphCode GlyphCodes::Add(std::uint32_t glyph, std::string_view text) {

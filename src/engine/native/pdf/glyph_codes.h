@@ -15,6 +15,8 @@
 #include <vector>
 
 #include "engine/native/fonts/face.h"
+#include "engine/native/fonts/font_library.h"
+#include "engine/native/fonts/simple_text.h"
 #include "engine/native/pdf/pdf_syntax.h"
 
 namespace pagivo::native {
@@ -25,9 +27,9 @@ std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph);
 
 // How a content stream names a glyph.
 struct GlyphCode {
-  std::uint16_t font = 0;  // number of the font resource
-  std::uint16_t code = 0;  // no string has to escape its bytes
-  std::uint8_t bytes = 1;
+  std::uint16_t font = 0;    // number of the font resource
+  std::uint16_t code = 0;    // no string has to escape its bytes
+  std::uint8_t bytes = 0;    // 1 or 2; 0 is no code
   std::int16_t advance = 0;  // thousandths of the em
 };
 
@@ -62,23 +64,21 @@ class GlyphCodes {
 
   // `text` is UTF-8 and may be empty. The reference holds until the next call.
   const GlyphCode& CodeOf(std::uint32_t glyph, std::string_view text) {
-    const GlyphCode* known = Find(glyph, text);
-    return known != nullptr ? *known : FindOrAdd(glyph, text, ShortKey(text));
-  }
-
-  // The code of a pair that can be found without hashing; null for other pairs, which may have a
-  // code nevertheless.
-  const GlyphCode* Find(std::uint32_t glyph, std::string_view text) const {
     const std::uint32_t key = ShortKey(text);
     const bool found = key != 0 && glyph < entries_.size() && entries_[glyph].key == key;
-    return found ? &entries_[glyph].code : nullptr;
+    return found ? entries_[glyph].code : FindOrAdd(glyph, text, key);
   }
 
-  // The same for codes of one byte in that font; null for others.
-  const GlyphCode* FindByte(std::uint16_t font, std::uint32_t glyph, std::string_view text) const {
-    const std::uint64_t key = ByteKey(font, ShortKey(text));
-    const bool found = glyph < entries_.size() && entries_[glyph].byteKey == key;
-    return found ? &entries_[glyph].code : nullptr;
+  // The code of a simple character and its own glyph.
+  const GlyphCode& CodeOf(SimpleCharacter character) {
+    const GlyphCode& known = simple_[character.slot];
+    return known.bytes != 0 ? known : AddSimple(character.slot);
+  }
+
+  // The same for a character whose code has one byte in that font; null for others.
+  const GlyphCode* FindByte(std::uint16_t font, SimpleCharacter character) const {
+    const GlyphCode& code = simple_[character.slot];
+    return code.bytes == 1 && code.font == font ? &code : nullptr;
   }
 
   const Face& FaceUsed() const noexcept { return *face_; }
@@ -89,7 +89,6 @@ class GlyphCodes {
   // The first short text of a glyph, which is found without hashing.
   struct Entry {
     std::uint32_t key = 0;
-    std::uint64_t byteKey = 0;  // when the code has one byte
     GlyphCode code;
     std::uint8_t textCount = 0;
   };
@@ -106,20 +105,14 @@ class GlyphCodes {
 
   // Up to four bytes as one number, which is not zero; zero for other texts.
   static std::uint32_t ShortKey(std::string_view text) {
-    if (text.size() == 1) [[likely]]
-      return static_cast<unsigned char>(text[0]);
     std::uint32_t key = 0;
     if (text.size() > sizeof key) return 0;
     for (const char byte : text) key = key << 8 | static_cast<unsigned char>(byte);
     return key;
   }
 
-  // Not zero, and equal for the same font and key only, of which the key is not zero.
-  static std::uint64_t ByteKey(std::uint16_t font, std::uint32_t key) {
-    return (std::uint64_t{font} + 1) << 32 | key;
-  }
-
   const GlyphCode& FindOrAdd(std::uint32_t glyph, std::string_view text, std::uint32_t key);
+  const GlyphCode& AddSimple(Slot slot);
   GlyphCode Add(std::uint32_t glyph, std::string_view text);
   bool IsFull(const Series& series) const;
   void OpenFont(Series& series);
@@ -132,6 +125,7 @@ class GlyphCodes {
   std::array<Series, kMostSeries> series_;
   std::vector<Entry> entries_;                         // by glyph
   std::unordered_map<std::string, GlyphCode> others_;  // by glyph number and text
+  std::array<GlyphCode, kSlotCount> simple_{};         // of simple characters once they occurred
 };
 
 // What a code means to a reader.

@@ -128,9 +128,15 @@ void PagePlayer::DrawText(Point position, std::string_view text) {
   placement.size = geometry_->InUnits(em);
   placement.color = textColor_;
 
-  font_->Shape(text, line_);
-  const double end = text_.Draw(line_, text, placement);
+  const double end = DrawLine(text, placement);
   if (fontDescription_.underline) Underline(placement.x, end, placement.baseline);
+}
+
+// Gives where the pen would end.
+double PagePlayer::DrawLine(std::string_view text, const TextPlacement& placement) {
+  if (const auto simple = font_->ShapeSimple(text)) return text_.Draw(*simple, placement);
+  font_->Shape(text, line_);
+  return text_.Draw(line_, text, placement);
 }
 
 void PagePlayer::Underline(double from, double to, double baseline) {

@@ -74,6 +74,7 @@ class PagePlayer final : public Player {
     FillRule rule;
   };
 
+  double DrawLine(std::string_view text, const TextPlacement& placement);
   void Underline(double from, double to, double baseline);
   // `dashPhase` is where in the pattern of dashes lines begin, twips.
   void UsePen(const Pen& pen, double dashPhase = 0);

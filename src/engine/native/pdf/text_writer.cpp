@@ -17,19 +17,6 @@ std::string_view TextOf(const ShapedGlyph& glyph, std::string_view text) {
   return {text.data() + glyph.textBegin, glyph.textEnd - glyph.textBegin};
 }
 
-// Whether every glyph stands where its pen is and for a piece of text of its own, in the text's
-// order.
-bool IsPlain(const ShapedLine& line) {
-  if (line.isPlain) return true;
-  bool plain = true;
-  std::int64_t before = -1;
-  for (const ShapedGlyph& glyph : line.glyphs) {
-    plain &= (glyph.xOffset | glyph.yOffset) == 0 && glyph.textBegin > before;
-    before = glyph.textBegin;
-  }
-  return plain;
-}
-
 std::size_t CountCodePoints(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t i = 0; i < text.size(); i += DecodeUtf8(text, i).length) ++count;
@@ -39,15 +26,51 @@ std::size_t CountCodePoints(std::string_view text) {
 }  // namespace
 
 void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
-  const GlyphCode code = codes_->CodeOf(glyph.glyph, text);
-  stream_.SelectFont(code.font, size_);
   if (glyph.xOffset != 0) pen.x += glyph.xOffset * unitsToPage_;
   if (glyph.yOffset != 0) pen.y += glyph.yOffset * unitsToPage_;
+  DrawCode(codes_->CodeOf(glyph.glyph, text), pen);
+}
+
+void TextWriter::DrawCode(const GlyphCode& code, Pen pen) {
+  stream_.SelectFont(code.font, size_);
   const bool inPlace =
       stream_.IsInString() && pen.y == penY_ && std::abs(pen.x - readerPen_) <= kTolerance;
   if (!inPlace) PlacePen(pen);
   stream_.AddCode(code.code, code.bytes);
   readerPen_ += code.advance * thousandthToPage_;
+}
+
+// Most glyphs of a document pass through the inner loop: those that go on with the string of the
+// one before, because the reader's pen is where they stand. DrawCode does all the rest.
+double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) {
+  SetStyle({line.face, line.emboldened, line.slanted}, placement);
+  std::array<char, 256> string;
+  const GlyphCodes& codes = *codes_;
+  const double unitsToPage = unitsToPage_;
+  const double thousandthToPage = thousandthToPage_;
+  const std::span characters = line.characters;
+  std::int64_t advances = 0;
+  double x = placement.x;
+  for (std::size_t i = 0; i < characters.size();) {
+    DrawCode(codes_->CodeOf(characters[i]), {x, placement.baseline});
+    const std::size_t stop =
+        std::min(characters.size(), i + std::min(string.size(), stream_.RoomInString()) + 1);
+    const std::uint16_t font = stream_.Font();
+    char* end = string.data();
+    double readerPen = readerPen_;
+    for (;;) {
+      advances += characters[i].advance;
+      x = placement.x + static_cast<double>(advances) * unitsToPage;
+      if (++i == stop) break;
+      const GlyphCode* code = codes.FindByte(font, characters[i]);
+      if (code == nullptr || std::abs(x - readerPen) > kTolerance) break;
+      *end++ = static_cast<char>(code->code);
+      readerPen += code->advance * thousandthToPage;
+    }
+    stream_.AddCodes({string.data(), end});
+    readerPen_ = readerPen;
+  }
+  return x;
 }
 
 // Calls visit(run, glyphs, x) for the glyphs of each piece of text, from left to right, and gives
@@ -74,53 +97,6 @@ double TextWriter::VisitClusters(const ShapedLine& line, const TextPlacement& pl
 
 double TextWriter::Draw(const ShapedLine& line, std::string_view text,
                         const TextPlacement& placement) {
-  return IsPlain(line) ? DrawPlain(line, text, placement) : DrawClusters(line, text, placement);
-}
-
-double TextWriter::DrawPlain(const ShapedLine& line, std::string_view text,
-                             const TextPlacement& placement) {
-  double runBegin = placement.x;
-  for (const ShapedRun& run : line.runs) {
-    SetStyle(run, placement);
-    const std::span glyphs(line.glyphs.data() + run.glyphBegin, run.glyphEnd - run.glyphBegin);
-    runBegin = DrawPlainRun(glyphs, text, {runBegin, placement.baseline});
-  }
-  return runBegin;
-}
-
-// Most glyphs of a document pass through the inner loop: those that go on with the string of the
-// one before, because the reader's pen is where they stand. DrawGlyph does all the rest.
-double TextWriter::DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string_view text,
-                                Pen start) {
-  std::array<char, 256> string;
-  const double unitsToPage = unitsToPage_;
-  const double thousandthToPage = thousandthToPage_;
-  std::int64_t advances = 0;
-  double x = start.x;
-  for (std::size_t i = 0; i < glyphs.size();) {
-    DrawGlyph(glyphs[i], TextOf(glyphs[i], text), {x, start.y});
-    const std::size_t stop =
-        std::min(glyphs.size(), i + std::min(string.size(), stream_.RoomInString()) + 1);
-    const std::uint16_t font = stream_.Font();
-    char* end = string.data();
-    double readerPen = readerPen_;
-    for (;;) {
-      advances += glyphs[i].advance;
-      x = start.x + static_cast<double>(advances) * unitsToPage;
-      if (++i == stop) break;
-      const GlyphCode* code = codes_->FindByte(font, glyphs[i].glyph, TextOf(glyphs[i], text));
-      if (code == nullptr || std::abs(x - readerPen) > kTolerance) break;
-      *end++ = static_cast<char>(code->code);
-      readerPen += code->advance * thousandthToPage;
-    }
-    stream_.AddCodes({string.data(), end});
-    readerPen_ = readerPen;
-  }
-  return x;
-}
-
-double TextWriter::DrawClusters(const ShapedLine& line, std::string_view text,
-                                const TextPlacement& placement) {
   const ShapedRun* styled = nullptr;
   const auto draw = [&](const ShapedRun& run, std::span<const ShapedGlyph> glyphs, double x) {
     if (&run != styled) SetStyle(run, placement);

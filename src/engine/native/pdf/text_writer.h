@@ -31,8 +31,10 @@ class TextWriter {
 
   TextWriter(ContentStream& stream, FontEmbedder& fonts) : stream_(stream), fonts_(fonts) {}
 
-  // `text` is what the line was shaped from. Glyphs are drawn in the text's order and not from left
-  // to right, for readers copy them as they were drawn. Gives where the pen would end.
+  // Gives where the pen would end.
+  double Draw(const SimpleLine& line, const TextPlacement& placement);
+  // Any line. `text` is what it was shaped from. Glyphs are drawn in the text's order and not from
+  // left to right, for readers copy them as they were drawn.
   double Draw(const ShapedLine& line, std::string_view text, const TextPlacement& placement);
 
  private:
@@ -49,10 +51,6 @@ class TextWriter {
     std::uint32_t TextBegin() const { return glyphs.front().textBegin; }
   };
 
-  double DrawPlain(const ShapedLine& line, std::string_view text, const TextPlacement& placement);
-  double DrawPlainRun(std::span<const ShapedGlyph> glyphs, std::string_view text, Pen start);
-  double DrawClusters(const ShapedLine& line, std::string_view text,
-                      const TextPlacement& placement);
   template <typename Visit>
   static double VisitClusters(const ShapedLine& line, const TextPlacement& placement, Visit visit);
   void SetStyle(const ShapedRun& run, const TextPlacement& placement);
@@ -61,6 +59,7 @@ class TextWriter {
   void DrawCluster(const Cluster& cluster, std::string_view text, Pen pen);
   void DrawGlyphs(const Cluster& cluster, std::string_view text, Pen pen);
   void DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen);
+  void DrawCode(const GlyphCode& code, Pen pen);
   void PlacePen(Pen pen);
 
   ContentStream& stream_;

@@ -13,19 +13,6 @@ namespace pagivo::native {
 
 namespace {
 
-void AppendUtf8(std::string& text, char32_t codePoint) {
-  if (codePoint < 0x80) {
-    text += static_cast<char>(codePoint);
-  } else if (codePoint < 0x800) {
-    text += static_cast<char>(0xC0 | codePoint >> 6);
-    text += static_cast<char>(0x80 | (codePoint & 0x3F));
-  } else {
-    text += static_cast<char>(0xE0 | codePoint >> 12);
-    text += static_cast<char>(0x80 | (codePoint >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (codePoint & 0x3F));
-  }
-}
-
 using Random = std::minstd_rand;
 
 std::string RandomText(Random& random, std::u32string_view alphabet) {

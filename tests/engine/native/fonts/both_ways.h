@@ -6,11 +6,14 @@
 #include <cstdint>
 #include <memory>
 #include <ostream>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "engine/native/fonts/advance_table.h"
 #include "engine/native/fonts/face_support.h"
+#include "engine/native/fonts/simple_text.h"
+#include "values/characters.h"
 
 namespace pagivo::native {
 
@@ -37,12 +40,14 @@ class BothWays {
   bool Compare(const std::string& text) {
     if (!advances_.Shape(text, glyphs_)) {
       EXPECT_FALSE(advances_.Width(text).has_value()) << text;
+      EXPECT_FALSE(advances_.ShapeSimple(text).has_value()) << text;
       return false;
     }
     shaper_.Shape(text, faces_, line_);
     std::int64_t width = 0;
     for (const ShapedGlyph& glyph : line_.glyphs) width += glyph.advance;
     EXPECT_EQ(glyphs_, line_.glyphs) << text;
+    EXPECT_EQ(GlyphsOf(advances_.ShapeSimple(text).value()), line_.glyphs) << text;
     EXPECT_EQ(advances_.Width(text), width) << text;
     EXPECT_EQ(line_.runs.size(), text.empty() ? 0u : 1u) << text;
     return true;
@@ -56,6 +61,20 @@ class BothWays {
   bool TakesFromTable(const std::string& text) { return advances_.Shape(text, glyphs_); }
 
  private:
+  // A simple line says no more than the characters and their advances.
+  std::vector<ShapedGlyph> GlyphsOf(std::span<const SimpleCharacter> characters) const {
+    std::vector<ShapedGlyph> glyphs;
+    std::string text;
+    for (const auto& [slot, advance] : characters) {
+      const auto begin = static_cast<std::uint32_t>(text.size());
+      AppendUtf8(text, CodePointOf(slot));
+      const auto end = static_cast<std::uint32_t>(text.size());
+      const std::uint32_t glyph = faces_.Primary().face->GlyphOf(CodePointOf(slot));
+      glyphs.push_back({glyph, advance, 0, 0, begin, end});
+    }
+    return glyphs;
+  }
+
   FaceCatalog catalog_;
   FaceChoice faces_;
   Shaper shaper_;
