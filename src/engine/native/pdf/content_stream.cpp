@@ -1,5 +1,7 @@
 #include "engine/native/pdf/content_stream.h"
 
+#include <algorithm>
+#include <array>
 #include <cassert>
 #include <cmath>
 
@@ -20,6 +22,33 @@ std::string_view ByRule(FillRule rule, std::string_view nonZero, std::string_vie
   return rule == FillRule::NonZero ? nonZero : evenOdd;
 }
 
+// Operands and their operator, put together and then appended at once.
+class Operation {
+ public:
+  Operation& Number(std::int64_t value, int decimals = 2) {
+    end_ = WriteDecimal(end_, value, decimals);
+    *end_++ = ' ';
+    return *this;
+  }
+
+  Operation& Point(PdfPoint point) { return Number(point.x).Number(point.y); }
+
+  // `name` is the operator and what follows it.
+  template <std::size_t kSize>
+  void AppendTo(std::string& bytes, const char (&name)[kSize]) {
+    static_assert(kSize <= kLongestName);
+    end_ = std::copy_n(name, kSize - 1, end_);
+    bytes.append(text_.data(), static_cast<std::size_t>(end_ - text_.data()));
+  }
+
+ private:
+  static constexpr std::size_t kMostNumbers = 6;
+  static constexpr std::size_t kLongestName = 4;
+
+  std::array<char, kMostNumbers*(kLongestNumber + 1) + kLongestName> text_;
+  char* end_ = text_.data();
+};
+
 }  // namespace
 
 std::string FontName(std::uint16_t number) {
@@ -39,13 +68,6 @@ void ContentStream::Begin() {
 std::string_view ContentStream::Finish() {
   EndText();
   return bytes_;
-}
-
-void ContentStream::AppendPoint(PdfPoint point) {
-  AppendHundredths(bytes_, point.x);
-  bytes_.push_back(' ');
-  AppendHundredths(bytes_, point.y);
-  bytes_.push_back(' ');
 }
 
 // --- Styles -----------------------------------------------------------------------------------
@@ -120,29 +142,22 @@ void ContentStream::BeginPath() {
 
 void ContentStream::MoveTo(PdfPoint point) {
   if (mode_ != Mode::Path) BeginPath();
-  AppendPoint(point);
-  bytes_ += "m\n";
+  Operation().Point(point).AppendTo(bytes_, "m\n");
 }
 
 void ContentStream::LineTo(PdfPoint point) {
   assert(mode_ == Mode::Path);
-  AppendPoint(point);
-  bytes_ += "l\n";
+  Operation().Point(point).AppendTo(bytes_, "l\n");
 }
 
 void ContentStream::CurveTo(PdfPoint control1, PdfPoint control2, PdfPoint end) {
   assert(mode_ == Mode::Path);
-  AppendPoint(control1);
-  AppendPoint(control2);
-  AppendPoint(end);
-  bytes_ += "c\n";
+  Operation().Point(control1).Point(control2).Point(end).AppendTo(bytes_, "c\n");
 }
 
 void ContentStream::AddRectangle(PdfPoint corner, Hundredths width, Hundredths height) {
   if (mode_ != Mode::Path) BeginPath();
-  AppendPoint(corner);
-  AppendPoint({width, height});
-  bytes_ += "re\n";
+  Operation().Point(corner).Point({width, height}).AppendTo(bytes_, "re\n");
 }
 
 void ContentStream::ClosePath() {
@@ -189,12 +204,7 @@ void ContentStream::DrawImage(std::string_view name, PdfPoint origin, Hundredths
                               Hundredths height) {
   EndText();
   bytes_ += "q ";
-  AppendHundredths(bytes_, width);
-  bytes_ += " 0 0 ";
-  AppendHundredths(bytes_, height);
-  bytes_.push_back(' ');
-  AppendPoint(origin);
-  bytes_ += "cm";
+  Operation().Point({width, 0}).Point({0, height}).Point(origin).AppendTo(bytes_, "cm");
   AppendObject(bytes_, PdfName{name});
   bytes_ += " Do Q\n";
 }
@@ -250,29 +260,24 @@ void ContentStream::StartLine(PdfPoint start, double slant) {
     lineSlant_ = 0;
   }
   if (slant == 0 && lineSlant_ == 0) {
-    AppendPoint({start.x - lineStart_.x, start.y - lineStart_.y});
-    bytes_ += "Td\n";
+    const PdfPoint moved{start.x - lineStart_.x, start.y - lineStart_.y};
+    Operation().Point(moved).AppendTo(bytes_, "Td\n");
   } else {
-    bytes_ += "1 0 ";
-    AppendHundredths(bytes_, std::llround(slant * 100));
-    bytes_ += " 1 ";
-    AppendPoint(start);
-    bytes_ += "Tm\n";
+    const PdfPoint up{std::llround(slant * 100), 100};
+    Operation().Point({100, 0}).Point(up).Point(start).AppendTo(bytes_, "Tm\n");
   }
   lineStart_ = start;
   lineSlant_ = slant;
 }
 
 void ContentStream::MovePenBack(std::int64_t distance, int decimals) {
-  if (mode_ == Mode::String) {
-    bytes_.push_back(')');
-  } else {
-    bytes_.push_back('[');
-    stringBegin_ = bytes_.size();
-    mode_ = Mode::String;
-  }
-  AppendDecimal(bytes_, distance, decimals);
-  bytes_.push_back('(');
+  std::array<char, kLongestNumber + 2> text;
+  text[0] = mode_ == Mode::String ? ')' : '[';
+  char* end = WriteDecimal(text.data() + 1, distance, decimals);
+  *end++ = '(';
+  if (mode_ != Mode::String) stringBegin_ = bytes_.size() + 1;
+  mode_ = Mode::String;
+  bytes_.append(text.data(), static_cast<std::size_t>(end - text.data()));
 }
 
 void ContentStream::OpenString() {

@@ -114,7 +114,6 @@ class ContentStream {
   void EndText();
   void BeginPath();
   void PaintPath(std::string_view paintOperator);
-  void AppendPoint(PdfPoint point);
   void AppendColor(Color color, std::string_view grayOperator, std::string_view rgbOperator);
   void WriteFillColor(Color color);
   void WriteStroke(const StrokeStyle& style);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <cstring>
 
 #include "values/characters.h"
 
@@ -40,19 +41,22 @@ void AppendLetters(std::string& out, std::string_view text) {
 
 }  // namespace
 
-void AppendInteger(std::string& out, std::int64_t number) {
-  AppendDecimal(out, number, 0);
+void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
+  std::array<char, kLongestNumber> number;
+  char* const begin = number.data();
+  out.append(begin, static_cast<std::size_t>(WriteDecimal(begin, value, decimals) - begin));
 }
 
 // From the last digit to the first, for that is how they come out of a number.
-void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
+char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   assert(decimals >= 0 && decimals <= 9);
   std::uint64_t rest =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
   for (; decimals > 0 && rest % 10 == 0; rest /= 10) --decimals;
 
-  std::array<char, 24> characters;
-  char* const end = characters.data() + characters.size();
+  // The second half is there so that as many bytes can be copied wherever the number begins.
+  std::array<char, 2 * kLongestNumber> characters;
+  char* const end = characters.data() + kLongestNumber;
   char* begin = end;
   const auto putDigit = [&] {
     *--begin = static_cast<char>('0' + rest % 10);
@@ -66,7 +70,8 @@ void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
   }
   while (rest != 0) putDigit();
   if (value < 0) *--begin = '-';
-  out.append(begin, end);
+  std::memcpy(out, begin, kLongestNumber);
+  return out + (end - begin);
 }
 
 std::u32string DecodeText(std::string_view text) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -11,11 +12,17 @@ namespace pagivo::native {
 
 // --- Numbers: no exponent, no locale, no more digits than they need ---------------------------
 
-void AppendInteger(std::string& out, std::int64_t number);
-
 // `value` / 10^decimals without trailing zeros and without a zero before the point: -5 with two
 // decimals is "-.05". At most nine decimals.
 void AppendDecimal(std::string& out, std::int64_t value, int decimals);
+
+inline void AppendInteger(std::string& out, std::int64_t number) {
+  AppendDecimal(out, number, 0);
+}
+
+// The same into memory that has room for the longest number; gives where it ends.
+inline constexpr std::size_t kLongestNumber = 24;  // bytes, a few more than needed
+char* WriteDecimal(char* out, std::int64_t value, int decimals);
 
 // Hundredths of the unit in use, the resolution of every position in a file: 0.005 pt is a
 // twentieth of the thinnest line's width.
