@@ -21,10 +21,10 @@ inline PrintEngine& Engine() {
 
 // Each answers in twips a position or length that is in host units.
 inline Variant ScaledX(const Variant& value) {
-  return Multiply(value, State().ScaleX);
+  return InTwips(value, State().ScaleX);
 }
 inline Variant ScaledY(const Variant& value) {
-  return Multiply(value, State().ScaleY);
+  return InTwips(value, State().ScaleY);
 }
 
 // Answers as a getter does: what `read` answers, or the zero value when it fails.

@@ -102,11 +102,6 @@ std::string_view NameOf(Variant::Kind kind) {
 }
 
 Variant Multiply(const Variant& left, const Variant& right) {
-  // What nearly all products are: a length as a Double in units of so many twips.
-  const double* length = left.GetIf<double>();
-  const float* scale = right.GetIf<float>();
-  if (length != nullptr && scale != nullptr) return DoubleResult(*length * double{*scale});
-
   const Kind leftKind = NumericKindOf(left);
   const Kind rightKind = NumericKindOf(right);
   if (leftKind == Kind::Null || rightKind == Kind::Null) return Null;

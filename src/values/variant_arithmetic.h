@@ -1,6 +1,8 @@
 // Arithmetic on tagged values, with the usual promotion of kinds.
 #pragma once
 
+#include <cmath>
+
 #include "pagivo/variant.h"
 
 namespace pagivo {
@@ -10,6 +12,16 @@ namespace pagivo {
 // Double, Empty as Integer 0, True as Integer -1; a Null operand gives Null. Raises TypeMismatch
 // for anything else, Overflow past Double.
 Variant Multiply(const Variant& left, const Variant& right);
+
+// Multiply(length, twips), at once for what nearly all lengths are: a Double, in units of so many
+// twips.
+inline Variant InTwips(const Variant& length, float twips) {
+  if (const double* number = length.GetIf<double>()) {
+    const double product = *number * double{twips};
+    if (!std::isinf(product)) return product;
+  }
+  return Multiply(length, twips);
+}
 
 // The quotient is a Single when both operands are Integer or Single, else a Double; Null as above.
 // Raises DivisionByZero, Overflow, TypeMismatch.

@@ -91,8 +91,9 @@ NativeEngine::Place NativeEngine::SettlePrintPosition() {
 
 void NativeEngine::PutText(const std::string& text) {
   RequireDrawing();
+  const bool isPlain = IsPlainLine(text);
   const Place place = SettlePrintPosition();
-  if (IsPlainLine(text)) {
+  if (isPlain) {
     DrawPiece(place, text);
     RememberLastPiece(text);
   } else {

@@ -1,23 +1,46 @@
 #include "engine/native/fonts/text_layout.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 namespace pagivo::native {
 namespace {
 
-// The bytes that a control character can begin with.
-constexpr std::array<bool, 256> kControlBytes = [] {
-  std::array<bool, 256> bytes{};
-  std::fill_n(bytes.begin(), 0x20, true);
-  bytes[0x7F] = true;
-  bytes[0xC2] = true;
-  return bytes;
-}();
+using EightBytes = std::uint64_t;
 
-bool MayBeginControl(char c) noexcept {
-  return kControlBytes[static_cast<unsigned char>(c)];
+constexpr EightBytes Repeated(std::uint8_t byte) {
+  return byte * EightBytes{0x0101010101010101};
+}
+
+// Whether one of the bytes is less than `limit`, which is 0x80 at most.
+constexpr bool HasLess(EightBytes bytes, std::uint8_t limit) {
+  return ((bytes - Repeated(limit)) & ~bytes & Repeated(0x80)) != 0;
+}
+
+constexpr bool Has(EightBytes bytes, std::uint8_t byte) {
+  return HasLess(bytes ^ Repeated(byte), 1);
+}
+
+// Whether one of the bytes is one that a control character can begin with.
+bool MayHoldControl(EightBytes bytes) noexcept {
+  return HasLess(bytes, 0x20) || Has(bytes, 0x7F) || Has(bytes, 0xC2);
+}
+
+// The same of a text. Its end is looked at together with the bytes before it.
+bool MayHoldControl(std::string_view text) noexcept {
+  EightBytes bytes = Repeated(' ');
+  if (text.size() < sizeof bytes) {
+    for (const char c : text) bytes = bytes << 8 | static_cast<unsigned char>(c);
+    return MayHoldControl(bytes);
+  }
+  const std::size_t last = text.size() - sizeof bytes;
+  for (std::size_t i = 0;; i = std::min(i + sizeof bytes, last)) {
+    std::memcpy(&bytes, text.data() + i, sizeof bytes);
+    if (MayHoldControl(bytes)) return true;
+    if (i == last) return false;
+  }
 }
 
 // How many bytes at the start of `text` are one control character; 0 when it starts with another.
@@ -39,7 +62,7 @@ double NextTab(double x) {
 
 bool IsPlainLine(std::string_view text) noexcept {
   // Nearly all texts end here.
-  if (std::ranges::none_of(text, MayBeginControl)) return true;
+  if (!MayHoldControl(text)) return true;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (ControlLength(text.substr(i)) > 0) return false;
   }

@@ -52,10 +52,6 @@ constexpr std::array<Color, 31> kSystemColors = {
 
 }  // namespace
 
-double CheckedCoordinate(std::string_view property, const Variant& value) {
-  return CheckedCoordinate(property, ToDouble(value));
-}
-
 double CheckedLength(std::string_view property, const Variant& value) {
   const double length = CheckedCoordinate(property, value);
   if (length < 0) ThrowInvalidPropertyValue(property);

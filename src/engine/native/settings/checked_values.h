@@ -20,7 +20,9 @@ inline double CheckedCoordinate(std::string_view property, double value) {
   if (!isPossible) ThrowInvalidPropertyValue(property);
   return value;
 }
-double CheckedCoordinate(std::string_view property, const Variant& value);
+inline double CheckedCoordinate(std::string_view property, const Variant& value) {
+  return CheckedCoordinate(property, value.ToDouble());
+}
 
 // The same and not negative.
 double CheckedLength(std::string_view property, const Variant& value);
