@@ -2,6 +2,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "api/engine_access.h"
 #include "pagivo/pg_print.h"
@@ -51,25 +55,45 @@ void SetUpBrush(const Variant& filled, const Variant& fillStyle) {
 }
 
 // A coordinate of a point list: the Single nearest to the product. What is no number has no text.
-std::string PointNumber(float scale, float value) {
+float PointNumber(float scale, float value) {
   const float single = ToSingle(double{scale} * double{value});
   if (std::isnan(single)) ThrowTypeMismatch();
-  return FormatGeneral(single, CurrentRegionalSettings().decimalSeparator);
+  return single;
 }
 
-// Points 1..n, as many as an Integer counts, each number followed by a blank. A point without a y
-// or with a number that is none is left out.
-std::string PointList(const Array<float>& x, const Array<float>& y) {
+// Points 1..n, as many as an Integer counts, x and y in turn. A point without a y or with a number
+// that is none is left out.
+std::vector<float> PointNumbers(const Array<float>& x, const Array<float>& y) {
   const std::int32_t last = std::min(x.UpperBound(), kMostPoints);
-  std::string points;
+  std::vector<float> numbers;
   for (std::int32_t i = 1; i <= last; ++i) {
     IgnoringErrors([&] {
-      const std::string horizontal = PointNumber(State().ScaleX, x(i));
-      const std::string vertical = PointNumber(State().ScaleY, y(i));
-      points.append(horizontal).append(" ").append(vertical).append(" ");
+      const float horizontal = PointNumber(State().ScaleX, x(i));
+      numbers.insert(numbers.end(), {horizontal, PointNumber(State().ScaleY, y(i))});
     });
   }
+  return numbers;
+}
+
+// Each number followed by a blank.
+std::string PointList(std::span<const float> numbers) {
+  std::string points;
+  for (const float number : numbers) {
+    points += FormatGeneral(number, CurrentRegionalSettings().decimalSeparator);
+    points += ' ';
+  }
   return points;
+}
+
+// Engines are given a text; one that takes what would be read in it is spared the reading.
+void DrawPoints(std::vector<float> numbers, bool closed) {
+  PrintEngine& engine = Engine();
+  if (auto* lists = dynamic_cast<PointLists*>(&engine)) {
+    std::ranges::transform(numbers, numbers.begin(), RoundToText);
+    return closed ? lists->DrawPolygon(numbers) : lists->DrawPolyline(numbers);
+  }
+  const std::string points = PointList(numbers);
+  return closed ? engine.PutPolygon(points) : engine.PutPolyline(points);
 }
 
 double ScaledDouble(float scale, double value) {
@@ -139,12 +163,9 @@ void PgPrint::VsPPDrawPolyline(const Array<float>& varX, const Array<float>& var
                                const Variant& varDrawStyle, const Variant& varDrawWidth) {
   SetUpPen(varDrawStyle, varDrawWidth, varColor);
   SetUpBrush(varFilled, varFillStyle);
-  const std::string points = PointList(varX, varY);
-  if (IsTrue(varClosed)) {
-    IgnoringErrors([&] { Engine().PutPolygon(points); });
-  } else {
-    IgnoringErrors([&] { Engine().PutPolyline(points); });
-  }
+  std::vector<float> numbers = PointNumbers(varX, varY);
+  const bool closed = IsTrue(varClosed);
+  IgnoringErrors([&] { DrawPoints(std::move(numbers), closed); });
 }
 
 void PgPrint::VsPPDrawPolyline(const Array<float>& varX, const Array<float>& varY,

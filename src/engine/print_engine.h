@@ -167,6 +167,17 @@ class PdfExporter : public Object {
   Variant CallMember(std::string_view name, std::span<Variant> arguments) override;
 };
 
+// What an engine may offer beside the contract: the lists of points that Polyline and Polygon take
+// as text, as the numbers that are read in it, x and y in turn.
+class PointLists {
+ public:
+  virtual void DrawPolyline(std::span<const float> numbers) = 0;
+  virtual void DrawPolygon(std::span<const float> numbers) = 0;
+
+ protected:
+  ~PointLists() = default;
+};
+
 // What PrintReport tells.
 struct PrintCommandOutcome {
   std::int16_t result = kNothingPrinted;

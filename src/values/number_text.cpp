@@ -34,16 +34,30 @@ std::string Format(Number value, int digits, char decimalSeparator) {
 }
 
 // A Single has no exponent from here to there.
-constexpr double kLeastWithoutExponent = 1e-4;
-constexpr double kFirstWithExponent = 1e7;
+bool HasNoExponent(float value) {
+  const double magnitude = std::abs(double{value});
+  return magnitude >= 1e-4 && magnitude < 1e7;
+}
 
-// The same as Format for a Single without an exponent, at a fraction of the cost: its 24 bits times
-// a power of ten up to 10^12 are exact in a Double.
-std::string FormatWithoutExponent(float value, char decimalSeparator) {
-  double scaled = std::abs(double{value});
+// Seven digits or fewer, without their sign: `digits` / 10^`decimals`.
+struct Decimal {
+  std::uint32_t digits = 0;
   int decimals = 0;
-  for (; scaled < 1e6; scaled *= 10) ++decimals;  // until it has seven digits
-  auto digits = static_cast<std::uint32_t>(RoundToEven(scaled));
+};
+
+// Of a Single that has no exponent: its 24 bits times a power of ten up to 10^12 are exact in a
+// Double.
+Decimal DecimalOf(float value) {
+  double scaled = std::abs(double{value});
+  Decimal decimal;
+  for (; scaled < 1e6; scaled *= 10) ++decimal.decimals;  // until it has seven digits
+  decimal.digits = static_cast<std::uint32_t>(RoundToEven(scaled));
+  return decimal;
+}
+
+// The same as Format for a Single without an exponent, at a fraction of the cost.
+std::string FormatWithoutExponent(float value, char decimalSeparator) {
+  auto [digits, decimals] = DecimalOf(value);
   for (; decimals > 0 && digits % 10 == 0; digits /= 10) --decimals;
 
   NumberText text;
@@ -120,15 +134,24 @@ bool IsSkippedInNumbers(char c) {
 }  // namespace
 
 std::string FormatGeneral(float value, char decimalSeparator) {
-  const double magnitude = std::abs(double{value});
-  if (magnitude >= kLeastWithoutExponent && magnitude < kFirstWithExponent) {
-    return FormatWithoutExponent(value, decimalSeparator);
-  }
-  return Format(value, kSingleDigits, decimalSeparator);
+  return HasNoExponent(value) ? FormatWithoutExponent(value, decimalSeparator)
+                              : Format(value, kSingleDigits, decimalSeparator);
 }
 
 std::string FormatGeneral(double value, char decimalSeparator) {
   return Format(value, kDoubleDigits, decimalSeparator);
+}
+
+// Both numbers of the quotient are exact in a Double, so it is the Double nearest to the text.
+float RoundToText(float value) {
+  constexpr std::array<double, 12> kPowersOfTen = {1,   1e1, 1e2, 1e3, 1e4,  1e5,
+                                                   1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
+  if (!HasNoExponent(value)) {
+    return static_cast<float>(LeadingNumber(Format(value, kSingleDigits, '.')));
+  }
+  const auto [digits, decimals] = DecimalOf(value);
+  const double magnitude = digits / kPowersOfTen.at(static_cast<std::size_t>(decimals));
+  return static_cast<float>(value < 0 ? -magnitude : magnitude);
 }
 
 double ParseNumber(std::string_view text) {

@@ -13,6 +13,9 @@ namespace pagivo {
 std::string FormatGeneral(float value, char decimalSeparator);
 std::string FormatGeneral(double value, char decimalSeparator);
 
+// What the text that FormatGeneral writes is read back as.
+float RoundToText(float value);
+
 // The whole text as a number, blanks around it allowed, in the regional notation: a sign, digits
 // with the regional decimal separator and no other, an exponent. Raises TypeMismatch when it is
 // none, Overflow beyond Double; what is too small for a Double is 0.

@@ -160,6 +160,21 @@ TEST(FormatGeneral, ReadsBackWithinHalfTheSeventhDigit) {
   }
 }
 
+TEST(RoundToText, GivesWhatTheTextIsReadBackAs) {
+  RandomSingles singles;
+  for (int i = 0; i < 200000; ++i) {
+    const float value = singles.Next();
+    const auto expected = static_cast<float>(Read(FormatGeneral(value, '.')));
+    ASSERT_EQ(std::bit_cast<std::uint32_t>(RoundToText(value)),
+              std::bit_cast<std::uint32_t>(expected))
+        << value;
+  }
+  for (const float value : {0.0F, -0.0F, 1e-4F, 9999999.5F, 1e7F, 3e38F, 1e-45F}) {
+    EXPECT_EQ(RoundToText(value), static_cast<float>(Read(FormatGeneral(value, '.'))));
+    EXPECT_FALSE(std::signbit(RoundToText(value)));
+  }
+}
+
 TEST(FormatGeneral, AgreesWithThePrintfNotationOfSevenDigits) {
   RandomSingles singles;
   for (int i = 0; i < 200000; ++i) {

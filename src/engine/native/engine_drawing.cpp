@@ -14,8 +14,8 @@ float Coordinate(std::string_view operation, const Variant& value) {
 }
 
 // A single point is a line from there to there.
-std::vector<Point> CheckedPoints(std::string_view property, const std::string& text) {
-  auto points = ParsePointList(text);
+std::vector<Point> CheckedPoints(std::string_view property,
+                                 std::optional<std::vector<Point>> points) {
   if (!points) ThrowInvalidPropertyValue(property);
   if (points->size() == 1) points->push_back(points->front());
   return std::move(*points);
@@ -100,15 +100,29 @@ void NativeEngine::DrawArc(Point center, float radius, const ArcAngles& angles) 
 }
 
 void NativeEngine::PutPolyline(const std::string& points) {
-  const std::vector<Point> list = CheckedPoints("Polyline", points);
-  RequireDrawing();
-  if (!list.empty()) recorder_->DrawPolyline(list);
+  RecordPolyline(CheckedPoints("Polyline", ParsePointList(points)));
 }
 
 void NativeEngine::PutPolygon(const std::string& points) {
-  const std::vector<Point> list = CheckedPoints("Polygon", points);
+  RecordPolygon(CheckedPoints("Polygon", ParsePointList(points)));
+}
+
+void NativeEngine::DrawPolyline(std::span<const float> numbers) {
+  RecordPolyline(CheckedPoints("Polyline", PointsOf(numbers)));
+}
+
+void NativeEngine::DrawPolygon(std::span<const float> numbers) {
+  RecordPolygon(CheckedPoints("Polygon", PointsOf(numbers)));
+}
+
+void NativeEngine::RecordPolyline(std::span<const Point> points) {
   RequireDrawing();
-  if (!list.empty()) recorder_->DrawPolygon(list);
+  if (!points.empty()) recorder_->DrawPolyline(points);
+}
+
+void NativeEngine::RecordPolygon(std::span<const Point> points) {
+  RequireDrawing();
+  if (!points.empty()) recorder_->DrawPolygon(points);
 }
 
 void NativeEngine::PutX1(const Variant& x) {

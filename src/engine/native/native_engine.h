@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -53,6 +54,7 @@ struct EngineServices {
 // only while it has nothing but pictures on it, else the next one. A picture that covers the page,
 // as watermarks do, is fitted to its new size.
 class NativeEngine final : public PrintEngine,
+                           public PointLists,
                            public PrintSeries,
                            public PageSetupOwner,
                            public ExportedDocument,
@@ -150,6 +152,8 @@ class NativeEngine final : public PrintEngine,
                   const Variant& end) override;
   void PutPolyline(const std::string& points) override;
   void PutPolygon(const std::string& points) override;
+  void DrawPolyline(std::span<const float> numbers) override;
+  void DrawPolygon(std::span<const float> numbers) override;
   void PutX1(const Variant& x) override;
   void PutY1(const Variant& y) override;
   void PutX2(double x) override;
@@ -233,6 +237,8 @@ class NativeEngine final : public PrintEngine,
   void SetStyles(Recorder& recorder) const;
   PictureImageRef PictureOf(const WindowImage& image);
   void DrawArc(Point center, float radius, const ArcAngles& angles);
+  void RecordPolyline(std::span<const Point> points);
+  void RecordPolygon(std::span<const Point> points);
   PageGeometry BlankPage() const noexcept override { return setup_.paper.Geometry(); }
   std::string_view Notice() const noexcept override { return IsWhole() ? "" : kLacksSomething; }
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -206,6 +207,20 @@ TEST_F(DrawingTest, PointListsDrawOpenAndClosedFigures) {
   EXPECT_EQ(Page(),
             "polyline 0 0 10 0 20 10 pen solid 0 000000\n"
             "polygon 0 0 10.5 0 20 10.5 pen solid 0 000000 brush transparent FFFFFF\n");
+}
+
+TEST_F(DrawingTest, PointListsAsNumbersDrawWhatTheirTextDraws) {
+  engine->PutPolyline("0 0 10 0 20 10.5 ");
+  engine->PutPolygon("5 6 ");
+  engine->PutPolygon("");
+  const std::string drawn = Page();
+  engine->NewPage();
+  engine->DrawPolyline(std::array{0.0F, 0.0F, 10.0F, 0.0F, 20.0F, 10.5F});
+  engine->DrawPolygon(std::array{5.0F, 6.0F});
+  engine->DrawPolygon({});
+  EXPECT_EQ(Page(), drawn);
+  ExpectInvalidValue([&] { engine->DrawPolyline(std::array{1.0F, 1.1e9F}); }, "beyond");
+  EXPECT_EQ(Page(), drawn);
 }
 
 TEST_F(DrawingTest, BadPointListsAreErrorsThatDrawNothing) {

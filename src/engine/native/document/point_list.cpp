@@ -53,4 +53,15 @@ std::optional<std::vector<Point>> ParsePointList(std::string_view text) {
   return points;
 }
 
+std::optional<std::vector<Point>> PointsOf(std::span<const float> numbers) {
+  const auto isPossible = [](float number) { return std::abs(number) <= kMaximumCoordinate; };
+  if (!std::ranges::all_of(numbers, isPossible)) return std::nullopt;
+  std::vector<Point> points;
+  points.reserve(numbers.size() / 2);
+  for (; numbers.size() >= 2; numbers = numbers.subspan(2)) {
+    points.push_back({numbers[0], numbers[1]});
+  }
+  return points;
+}
+
 }  // namespace pagivo::native

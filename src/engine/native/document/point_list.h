@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,5 +18,8 @@ inline constexpr double kMaximumCoordinate = 1e9;
 // is odd, when something is no number, or when a number exceeds kMaximumCoordinate. An empty text
 // has no points.
 std::optional<std::vector<Point>> ParsePointList(std::string_view text);
+
+// The points of numbers, x and y in turn. Nothing when one exceeds kMaximumCoordinate.
+std::optional<std::vector<Point>> PointsOf(std::span<const float> numbers);
 
 }  // namespace pagivo::native
