@@ -64,12 +64,13 @@ constexpr BOOLEAN kReplaceOpen = kReplace | 2;
 bool Rename(HANDLE file, const std::wstring& path, FILE_INFO_BY_HANDLE_CLASS kind, BOOLEAN how) {
   constexpr std::size_t kNameAt = offsetof(FILE_RENAME_INFO, FileName);
   const std::size_t nameSize = path.size() * sizeof(wchar_t);
-  std::vector<std::byte> bytes(kNameAt + nameSize + sizeof(wchar_t));
-  auto* const renaming = reinterpret_cast<FILE_RENAME_INFO*>(bytes.data());
+  const std::size_t size = kNameAt + nameSize + sizeof(wchar_t);
+  const auto bytes = std::make_unique<std::byte[]>(size);
+  auto* const renaming = reinterpret_cast<FILE_RENAME_INFO*>(bytes.get());
   renaming->ReplaceIfExists = how;
   renaming->FileNameLength = static_cast<DWORD>(nameSize);
   std::ranges::copy(path, renaming->FileName);
-  return SetFileInformationByHandle(file, kind, renaming, static_cast<DWORD>(bytes.size())) != 0;
+  return SetFileInformationByHandle(file, kind, renaming, static_cast<DWORD>(size)) != 0;
 }
 
 }  // namespace
