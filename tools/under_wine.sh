@@ -3,7 +3,7 @@
 #
 #   tools/under_wine.sh PREFIX PROGRAM [ARGUMENT...]
 #
-# The prefix has no display, Wine's own fonts and Liberation, and nothing of the user's. A program may run
+# The prefix has no display, Wine's own fonts and the machine's, and nothing of the user's. A program may run
 # as many seconds as PAGIVO_WINE_TIMEOUT says (300): one whose libraries Wine cannot load would hang.
 set -euo pipefail
 export WINEPREFIX=$1
@@ -34,7 +34,8 @@ make_prefix() {
   mkdir -p "$WINEPREFIX"
   timeout 300 "$wine" wineboot -i
   timeout 120 "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
-  copy_fonts /usr/share/wine/fonts/*.ttf /usr/share/fonts/truetype/liberation/*.ttf
+  # Those of the machine Wine finds itself. Copies of them it would take out of the registry.
+  copy_fonts /usr/share/wine/fonts/*.ttf
   # A server that still runs knows the settings of before.
   /usr/lib/wine/wineserver -k || true
   touch "$WINEPREFIX/complete"

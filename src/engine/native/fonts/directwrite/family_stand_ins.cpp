@@ -44,19 +44,30 @@ constexpr std::array<Names, 14> kSameAdvances{
     kArial,    kArialNarrow, kTimes,      kCourier,    kCalibri,  kCambria, kGeorgia,
     kPalatino, kBookman,     kSchoolbook, kAvantGarde, kChancery, kSymbol,  kDingbats};
 
-// --- Families that look alike. The first row is the wide ones of screens, the second what programs
-// name that took the system's font for dialogs, a bitmap that DirectWrite does not have.
+// --- Families that look alike: the wide ones of screens, and what stands in for the bitmaps that
+// programs named when dialogs were made of them, and which DirectWrite does not have.
 
-constexpr std::array<std::string_view, 5> kScreen{"Tahoma", "MS Shell Dlg 2", "Verdana",
-                                                  "DejaVu Sans", "Segoe UI"};
-constexpr std::array<std::string_view, 7> kDialog{
-    "Microsoft Sans Serif", "MS Sans Serif", "MS Shell Dlg", "Helv", "System", "Arial",
-    "Liberation Sans"};
-constexpr std::array<std::string_view, 4> kOldSerif{"MS Serif", "Tms Rmn", "Times New Roman",
-                                                    "Liberation Serif"};
-constexpr std::array<std::string_view, 4> kOldMono{"Fixedsys", "Terminal", "Courier New",
-                                                   "Liberation Mono"};
-constexpr std::array<Names, 4> kLookingAlike{kScreen, kDialog, kOldSerif, kOldMono};
+struct LookAlikes {
+  Names replaced;
+  Names replacements;
+};
+
+constexpr std::array<std::string_view, 3> kScreen{"Tahoma", "MS Shell Dlg 2", "Verdana"};
+constexpr std::array<std::string_view, 4> kForScreen{"Tahoma", "Verdana", "DejaVu Sans",
+                                                     "Segoe UI"};
+constexpr std::array<std::string_view, 5> kDialog{"Microsoft Sans Serif", "MS Sans Serif",
+                                                  "MS Shell Dlg", "Helv", "System"};
+constexpr std::array<std::string_view, 3> kForDialog{"Microsoft Sans Serif", "Arial",
+                                                     "Liberation Sans"};
+constexpr std::array<std::string_view, 2> kOldSerif{"MS Serif", "Tms Rmn"};
+constexpr std::array<std::string_view, 2> kForOldSerif{"Times New Roman", "Liberation Serif"};
+constexpr std::array<std::string_view, 2> kOldMono{"Fixedsys", "Terminal"};
+constexpr std::array<std::string_view, 2> kForOldMono{"Courier New", "Liberation Mono"};
+
+constexpr std::array<LookAlikes, 4> kLookAlikes{{{kScreen, kForScreen},
+                                                 {kDialog, kForDialog},
+                                                 {kOldSerif, kForOldSerif},
+                                                 {kOldMono, kForOldMono}}};
 
 // --- The kinds of families; what is in neither list counts as sans serif.
 
@@ -89,11 +100,11 @@ std::vector<std::string_view> StandInsFor(std::string_view family) {
   const auto append = [&standIns](Names names) {
     standIns.insert(standIns.end(), names.begin(), names.end());
   };
-  for (const std::span<const Names> table :
-       {std::span<const Names>(kSameAdvances), std::span<const Names>(kLookingAlike)}) {
-    for (const Names names : table) {
-      if (Contain(names, family)) append(names);
-    }
+  for (const Names names : kSameAdvances) {
+    if (Contain(names, family)) append(names);
+  }
+  for (const auto& [replaced, replacements] : kLookAlikes) {
+    if (Contain(replaced, family)) append(replacements);
   }
   if (Contain(kSerifFamilies, family)) append(kUsualSerif);
   if (Contain(kMonoFamilies, family)) append(kUsualMono);

@@ -29,6 +29,7 @@ TEST(FamilyStandIns, AreThoseOfTheSameAdvancesFirst) {
 TEST(FamilyStandIns, ReplaceTheBitmapsOfOldDialogs) {
   EXPECT_TRUE(Prefers("MS Sans Serif", "Microsoft Sans Serif", "Arial"));
   EXPECT_TRUE(Prefers("MS Shell Dlg 2", "Tahoma", "Arial"));
+  EXPECT_THAT(StandInsFor("Arial"), Not(Contains("MS Sans Serif")));
 }
 
 TEST(FamilyStandIns, KnowTheFamilyInAnyCase) {
