@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <optional>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace pagivo::native {
 namespace {
@@ -40,24 +42,42 @@ bool IsGray(const PictureImage::Pixels& pixels) {
   return gray;
 }
 
-// Colours in order of appearance.
-struct ColorTable {
-  std::vector<std::uint8_t> colors;  // red, green and blue of each
+// By a table of the colours in order of appearance; nothing when they are too many.
+std::optional<ImageSamples> MakeTableSamples(const PictureImage::Pixels& pixels) {
+  ImageSamples samples = EmptySamples(pixels, 1);
   std::unordered_map<std::uint32_t, std::uint8_t> indexes;
-};
-
-std::optional<ColorTable> MakeColorTable(const PictureImage::Pixels& pixels) {
-  ColorTable table;
+  std::optional<std::uint32_t> last;
+  std::uint8_t index = 0;
   const std::size_t size = PixelSize(pixels);
   for (std::size_t i = 0; i + size <= pixels.data.size(); i += size) {
     const std::uint32_t color = ColorOf(&pixels.data[i]);
-    const std::size_t count = table.indexes.size();
-    if (!table.indexes.try_emplace(color, static_cast<std::uint8_t>(count)).second) continue;
-    if (count == kMostTableColors) return std::nullopt;
-    table.colors.insert(table.colors.end(), &pixels.data[i], &pixels.data[i] + 3);
+    if (color != last) {
+      const std::size_t count = indexes.size();
+      const auto [place, added] = indexes.try_emplace(color, static_cast<std::uint8_t>(count));
+      if (added && count == kMostTableColors) return std::nullopt;
+      if (added) samples.table.insert(samples.table.end(), &pixels.data[i], &pixels.data[i] + 3);
+      index = place->second;
+      last = color;
+    }
+    samples.bytes.push_back(static_cast<char>(index));
   }
-  return table;
+  return samples;
 }
+
+// A row and the one above it, each behind a pixel of zeros: what PNG takes to be beside a picture.
+struct RowPair {
+  RowPair(std::size_t samplesPerPixel, std::size_t rowSize)
+      : pixelSize(samplesPerPixel), row(pixelSize + rowSize), above(pixelSize + rowSize) {}
+
+  void Advance(std::string_view next) {
+    row.swap(above);
+    std::ranges::copy(next, row.begin() + static_cast<std::ptrdiff_t>(pixelSize));
+  }
+
+  std::size_t pixelSize;
+  std::vector<std::uint8_t> row;
+  std::vector<std::uint8_t> above;
+};
 
 int Paeth(int left, int above, int aboveLeft) {
   const int estimate = left + above - aboveLeft;
@@ -68,36 +88,33 @@ int Paeth(int left, int above, int aboveLeft) {
   return fromAbove <= fromAboveLeft ? above : aboveLeft;
 }
 
-// PNG's ways of predicting a sample, in the order of their numbers.
-constexpr std::array<int (*)(int left, int above, int aboveLeft), 5> kPredictors = {
-    [](int, int, int) { return 0; },
-    [](int left, int, int) { return left; },
-    [](int, int above, int) { return above; },
-    [](int left, int above, int) { return (left + above) / 2; },
-    Paeth,
-};
-
-std::string PredictRow(std::string_view row, std::string_view above, std::size_t pixelSize,
-                       std::size_t way) {
-  std::string result(1, static_cast<char>(way));
-  const auto sample = [](std::string_view samples, std::size_t i) {
-    return static_cast<int>(static_cast<unsigned char>(samples[i]));
-  };
-  for (std::size_t i = 0; i < row.size(); ++i) {
-    const bool first = i < pixelSize;
-    const int predicted = kPredictors[way](first ? 0 : sample(row, i - pixelSize), sample(above, i),
-                                           first ? 0 : sample(above, i - pixelSize));
-    result.push_back(static_cast<char>(sample(row, i) - predicted));
+// Puts what the samples of a row differ from their predictions by into `differences`. Small ones
+// compress best, whichever their sign: gives the sum of their sizes.
+template <auto kPredict>
+std::uint64_t PredictRow(const RowPair& rows, std::uint8_t* differences) {
+  const std::uint8_t* const left = rows.row.data();
+  const std::uint8_t* const aboveLeft = rows.above.data();
+  const std::uint8_t* const row = left + rows.pixelSize;
+  const std::uint8_t* const above = aboveLeft + rows.pixelSize;
+  const std::size_t size = rows.row.size() - rows.pixelSize;
+  std::uint64_t sum = 0;
+  for (std::size_t i = 0; i < size; ++i) {
+    const auto difference =
+        static_cast<std::int8_t>(row[i] - kPredict(left[i], above[i], aboveLeft[i]));
+    differences[i] = static_cast<std::uint8_t>(difference);
+    sum += static_cast<std::uint32_t>(std::abs(difference));
   }
-  return result;
+  return sum;
 }
 
-// Small differences compress best, whichever their sign.
-std::int64_t CostOf(std::string_view predicted) {
-  std::int64_t cost = 0;
-  for (const char byte : predicted.substr(1)) cost += std::abs(static_cast<signed char>(byte));
-  return cost;
-}
+// PNG's ways of predicting a sample, in the order of their numbers.
+constexpr std::array kWays = {
+    PredictRow<[](int, int, int) { return 0; }>,
+    PredictRow<[](int left, int, int) { return left; }>,
+    PredictRow<[](int, int above, int) { return above; }>,
+    PredictRow<[](int left, int above, int) { return (left + above) / 2; }>,
+    PredictRow<Paeth>,
+};
 
 }  // namespace
 
@@ -109,14 +126,7 @@ ImageSamples MakeColorSamples(const PictureImage::Pixels& pixels) {
     });
     return samples;
   }
-  if (const std::optional<ColorTable> table = MakeColorTable(pixels)) {
-    ImageSamples samples = EmptySamples(pixels, 1);
-    samples.table = table->colors;
-    ForEachPixel(pixels, [&](const std::uint8_t* pixel) {
-      samples.bytes.push_back(static_cast<char>(table->indexes.at(ColorOf(pixel))));
-    });
-    return samples;
-  }
+  if (std::optional<ImageSamples> samples = MakeTableSamples(pixels)) return std::move(*samples);
   ImageSamples samples = EmptySamples(pixels, 3);
   ForEachPixel(pixels, [&samples](const std::uint8_t* pixel) {
     for (int i = 0; i < 3; ++i) samples.bytes.push_back(static_cast<char>(pixel[i]));
@@ -138,23 +148,22 @@ ImageSamples MakeAlphaSamples(const PictureImage::Pixels& pixels) {
 std::string PredictRows(const ImageSamples& samples) {
   const auto pixelSize = static_cast<std::size_t>(samples.samplesPerPixel);
   const std::size_t rowSize = static_cast<std::size_t>(samples.width) * pixelSize;
-  const std::string noRow(rowSize, '\0');
-  std::string_view above = noRow;
+  RowPair rows(pixelSize, rowSize);
+  std::vector<std::uint8_t> predicted(1 + rowSize);
+  std::vector<std::uint8_t> best(1 + rowSize);
   std::string result;
   result.reserve(samples.bytes.size() + static_cast<std::size_t>(samples.height));
   for (std::size_t begin = 0; begin < samples.bytes.size(); begin += rowSize) {
-    const std::string_view row = std::string_view(samples.bytes).substr(begin, rowSize);
-    std::string best;
-    std::int64_t bestCost = INT64_MAX;
-    for (std::size_t way = 0; way < kPredictors.size(); ++way) {
-      std::string predicted = PredictRow(row, above, pixelSize, way);
-      const std::int64_t cost = CostOf(predicted);
-      if (cost >= bestCost) continue;
-      bestCost = cost;
-      best = std::move(predicted);
+    rows.Advance(std::string_view(samples.bytes).substr(begin, rowSize));
+    std::uint64_t least = UINT64_MAX;
+    for (std::size_t way = 0; way < kWays.size(); ++way) {
+      predicted[0] = static_cast<std::uint8_t>(way);
+      const std::uint64_t sum = kWays[way](rows, &predicted[1]);
+      if (sum >= least) continue;
+      least = sum;
+      best.swap(predicted);
     }
-    result += best;
-    above = row;
+    result.append(best.begin(), best.end());
   }
   return result;
 }
