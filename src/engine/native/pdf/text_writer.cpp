@@ -48,26 +48,28 @@ double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) 
   const GlyphCodes& codes = *codes_;
   const double unitsToPage = unitsToPage_;
   const double thousandthToPage = thousandthToPage_;
-  const std::span characters = line.characters;
+  const SimpleCharacter* next = line.characters.data();
+  const SimpleCharacter* const end = next + line.characters.size();
   std::int64_t advances = 0;
   double x = placement.x;
-  for (std::size_t i = 0; i < characters.size();) {
-    DrawCode(codes_->CodeOf(characters[i]), {x, placement.baseline});
-    const std::size_t stop =
-        std::min(characters.size(), i + std::min(string.size(), stream_.RoomInString()) + 1);
+  while (next != end) {
+    DrawCode(codes_->CodeOf(*next), {x, placement.baseline});
+    const std::size_t room = std::min(string.size(), stream_.RoomInString());
+    const SimpleCharacter* const stop =
+        next + std::min(static_cast<std::size_t>(end - next), room + 1);
     const std::uint16_t font = stream_.Font();
-    char* end = string.data();
+    char* stringEnd = string.data();
     double readerPen = readerPen_;
     for (;;) {
-      advances += characters[i].advance;
+      advances += next->advance;
       x = placement.x + static_cast<double>(advances) * unitsToPage;
-      if (++i == stop) break;
-      const GlyphCode* code = codes.FindByte(font, characters[i]);
+      if (++next == stop) break;
+      const GlyphCode* code = codes.FindByte(font, *next);
       if (code == nullptr || std::abs(x - readerPen) > kTolerance) break;
-      *end++ = static_cast<char>(code->code);
+      *stringEnd++ = static_cast<char>(code->code);
       readerPen += code->advance * thousandthToPage;
     }
-    stream_.AddCodes({string.data(), end});
+    stream_.AddCodes({string.data(), stringEnd});
     readerPen_ = readerPen;
   }
   return x;
