@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <new>
 #include <utility>
 
@@ -26,12 +27,17 @@ constexpr std::array<std::uint8_t, 19> kOrderOfLengthCodes = {16, 17, 18, 0, 8, 
 constexpr unsigned kLongestLengthCode = 7;
 constexpr int kRepeat = 16;  // of a code's length, three to six times
 
-// Processors that number bytes the other way round give the same.
+// Processors that number bytes the other way round give the same. Compilers do not always see that
+// the loop is one load.
 template <typename Number>
 Number NumberAt(const char* bytes) {
   Number number = 0;
-  for (std::size_t i = 0; i < sizeof number; ++i) {
-    number |= Number{static_cast<std::uint8_t>(bytes[i])} << 8 * i;
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(&number, bytes, sizeof number);
+  } else {
+    for (std::size_t i = 0; i < sizeof number; ++i) {
+      number |= Number{static_cast<std::uint8_t>(bytes[i])} << 8 * i;
+    }
   }
   return number;
 }
