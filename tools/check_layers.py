@@ -15,6 +15,8 @@ ALLOWED = {
     "system/posix": ["system"],
     "system/windows": ["system"],
     "values": ["system"],
+    "values/portable": ["values"],
+    "values/windows": ["system", "system/windows", "values"],
     "engine": ["values"],
     f"{NATIVE}/fonts": ["values"],
     f"{NATIVE}/fonts/fontconfig": ["values", f"{NATIVE}/fonts"],
@@ -53,7 +55,7 @@ ALLOWED = {
 }
 
 # The folders of what is peculiar to Windows. They may include its headers, and only they.
-WINDOWS = ["system/windows", f"{NATIVE}/fonts/directwrite", f"{NATIVE}/pictures/wic", f"{NATIVE}/spool/windows",
+WINDOWS = ["system/windows", "values/windows", f"{NATIVE}/fonts/directwrite", f"{NATIVE}/pictures/wic", f"{NATIVE}/spool/windows",
            "automation"]
 
 # Outside headers -> the folders that may include them. The first pattern that matches rules.

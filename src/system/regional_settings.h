@@ -1,10 +1,15 @@
 // The user's regional settings, as far as numbers in texts are concerned.
 #pragma once
 
+#include <cstdint>
+
 namespace pagivo {
 
 struct RegionalSettings {
   char decimalSeparator = '.';
+  // The locale by whose rules Windows reads texts, by its number there; the user's own, changes of
+  // the separator included. Other systems have no use for it.
+  std::uint32_t locale = 0x400;
 };
 
 // The settings in use: those of the user's environment, unless UseRegionalSettings has replaced

@@ -5,8 +5,8 @@
 
 #include "pagivo/arguments.h"
 #include "system/regional_settings.h"
-#include "values/characters.h"
 #include "values/number_text.h"
+#include "values/text_conversions.h"
 
 namespace pagivo {
 namespace {
@@ -75,6 +75,7 @@ std::int16_t ToInteger(double value) {
 }
 
 std::int16_t Variant::ToInteger() const {
+  if (const auto* text = GetIf<std::string>()) return IntegerIn(*text);
   return pagivo::ToInteger(ToDouble());
 }
 
@@ -83,6 +84,7 @@ std::int32_t ToLong(double value) {
 }
 
 std::int32_t Variant::ToLong() const {
+  if (const auto* text = GetIf<std::string>()) return LongIn(*text);
   return pagivo::ToLong(ToDouble());
 }
 
@@ -94,6 +96,7 @@ float ToSingle(double value) {
 
 float Variant::ToSingle() const {
   if (const float* single = GetIf<float>()) return *single;
+  if (const auto* text = GetIf<std::string>()) return SingleIn(*text);
   return pagivo::ToSingle(ToDouble());
 }
 
@@ -105,17 +108,14 @@ double Variant::ConvertToDouble() const {
       [](std::int32_t number) { return static_cast<double>(number); },
       [](float number) { return static_cast<double>(number); },
       [](double number) { return number; },
-      [](const std::string& text) { return ParseNumber(text); },
+      [](const std::string& text) { return DoubleIn(text); },
       [](const auto&) -> double { ThrowTypeMismatch(); },
   });
 }
 
 bool Variant::ToBoolean() const {
   if (const bool* boolean = GetIf<bool>()) return *boolean;
-  if (const auto* text = GetIf<std::string>()) {
-    if (EqualInAnyCase(*text, "True")) return true;
-    if (EqualInAnyCase(*text, "False")) return false;
-  }
+  if (const auto* text = GetIf<std::string>()) return BooleanIn(*text);
   return ToDouble() != 0;
 }
 

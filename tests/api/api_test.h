@@ -14,7 +14,7 @@
 #include "preview/preview_form.h"
 #include "state/module_state.h"
 #include "support/recording_platform.h"
-#include "system/regional_settings.h"
+#include "system/decimal_separator_in_test.h"
 
 namespace pagivo::testing {
 
@@ -25,20 +25,6 @@ constexpr std::int16_t Integer(int value) {
 constexpr std::int32_t Long(std::int32_t value) {
   return value;
 }
-
-// Another decimal separator as long as it lives.
-class DecimalSeparator {
- public:
-  explicit DecimalSeparator(char separator) {
-    UseRegionalSettings({.decimalSeparator = separator});
-  }
-  ~DecimalSeparator() { UseRegionalSettings(previous_); }
-  DecimalSeparator(const DecimalSeparator&) = delete;
-  DecimalSeparator& operator=(const DecimalSeparator&) = delete;
-
- private:
-  RegionalSettings previous_ = CurrentRegionalSettings();
-};
 
 using Lines = std::vector<std::string>;
 

@@ -285,7 +285,7 @@ TEST_F(Coordinates, AProductKeepsTheKindThatMultiplicationGives) {
     Variant value;
     Variant product;
   };
-  const DecimalSeparator comma(',');
+  const DecimalSeparatorInTest comma(',');
   UseScale(2.5F, 2.5F);
   for (const Row& row :
        {Row{Integer(3), 7.5F}, Row{Long(3), 7.5}, Row{3.0F, 7.5F}, Row{3.0, 7.5}, Row{"3,0", 7.5},

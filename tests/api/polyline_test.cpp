@@ -65,17 +65,17 @@ TEST_F(Polylines, ClosedIsAnyConditionAndNullIsFalse) {
 TEST_F(Polylines, PointsAreWrittenWithTheRegionalDecimalSeparator) {
   print.VsPPSetScaleMode(Integer(6));
   {
-    const DecimalSeparator comma(',');
+    const DecimalSeparatorInTest comma(',');
     EXPECT_EQ(PointList(Points({10, 25}), Points({0.5F, 20})),
               "String \"566,9291 28,34646 1417,323 1133,858 \"");
   }
-  const DecimalSeparator point('.');
+  const DecimalSeparatorInTest point('.');
   EXPECT_EQ(PointList(Points({10, 25}), Points({0.5F, 20})),
             "String \"566.9291 28.34646 1417.323 1133.858 \"");
 }
 
 TEST_F(Polylines, PointsAreWrittenInTheGeneralFormatOfASingle) {
-  const DecimalSeparator comma(',');
+  const DecimalSeparatorInTest comma(',');
   EXPECT_EQ(PointList(Points({1.5e7F, 0.00001F, -0.25F}), Points({1234567, 0.1F, -100})),
             "String \"1,5E+07 1234567 1E-05 0,1 -0,25 -100 \"");
 }

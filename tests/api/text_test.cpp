@@ -222,7 +222,7 @@ TEST_F(Text, FontArgumentsAreConvertedToTheKindOfTheirProperty) {
        {"put FontBold Boolean False"}},
       {std::make_shared<NamedObject>("object"), {}, {}, {}},
   };
-  const DecimalSeparator comma(',');
+  const DecimalSeparatorInTest comma(',');
   for (const Row& row : rows) {
     SCOPED_TRACE(Describe(row.value));
     EXPECT_EQ(LogOf([&] { print.VsPPSetFont(row.value); }), row.name);

@@ -8,7 +8,10 @@ namespace pagivo {
 class DecimalSeparatorInTest {
  public:
   explicit DecimalSeparatorInTest(char decimalSeparator) {
-    UseRegionalSettings({.decimalSeparator = decimalSeparator});
+    constexpr std::uint32_t kDutch = 0x413;  // as Windows counts them
+    constexpr std::uint32_t kAmerican = 0x409;
+    UseRegionalSettings({.decimalSeparator = decimalSeparator,
+                         .locale = decimalSeparator == ',' ? kDutch : kAmerican});
   }
   ~DecimalSeparatorInTest() { UseRegionalSettings(before_); }
   DecimalSeparatorInTest(const DecimalSeparatorInTest&) = delete;

@@ -89,7 +89,6 @@ TEST(Conversions, TakeEveryKindToEveryKind) {
       {"-2,5", {true, Int(-2), Long(-2), -2.5F, -2.5, "-2,5", kMismatch}},
       {"0", {false, Int(0), Long(0), 0.0F, 0.0, "0", kMismatch}},
       {"70000", {true, kOverflow, Long(70000), 70000.0F, 70000.0, "70000", kMismatch}},
-      {"1E+39", {true, kOverflow, kOverflow, kOverflow, 1e39, "1E+39", kMismatch}},
       {"True", {true, kMismatch, kMismatch, kMismatch, kMismatch, "True", kMismatch}},
       {"", {kMismatch, kMismatch, kMismatch, kMismatch, kMismatch, "", kMismatch}},
       {"een", {kMismatch, kMismatch, kMismatch, kMismatch, kMismatch, "een", kMismatch}},
@@ -108,12 +107,10 @@ TEST(Conversions, ReadAndWriteTextWithTheRegionalSeparator) {
     EXPECT_EQ(ToText(56.69291305541992F), "56.69291");
     EXPECT_EQ(ToText(0.1), "0.1");
     EXPECT_EQ(ToDouble("2.5"), 2.5);
-    EXPECT_THROW(ToDouble("2,5"), Error);
   }
   const DecimalSeparatorInTest comma(',');
   EXPECT_EQ(ToText(56.69291305541992F), "56,69291");
   EXPECT_EQ(ToDouble("2,5"), 2.5);
-  EXPECT_THROW(ToDouble("2.5"), Error);
 }
 
 // --- Boolean ----------------------------------------------------------------------------------
