@@ -73,29 +73,31 @@ double NativeEngine::LineSpacing() {
 
 void NativeEngine::PutCurrentX(const Variant& x) {
   position_.x = CheckedCoordinate("CurrentX", x);
-  position_.lastPiece = {};
+  position_.isAfterText = false;
 }
 
 void NativeEngine::PutCurrentY(const Variant& y) {
   position_.y = CheckedCoordinate("CurrentY", y);
 }
 
-// Ends the last piece in the font that it was printed in, whatever has been put since.
-NativeEngine::Place NativeEngine::SettlePrintPosition() {
-  Place place{position_.x.value_or(setup_.margins.left), position_.y.value_or(setup_.margins.top)};
-  const auto& [text, font] = position_.lastPiece;
-  if (!text.empty()) place.x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
-  position_ = {place.x, place.y, {}};
-  return place;
+// Gives the position both coordinates. The text before it ends in the font that it was printed in,
+// whatever has been put since.
+void NativeEngine::SettlePrintPosition() {
+  double x = position_.x.value_or(setup_.margins.left);
+  if (position_.isAfterText) {
+    const auto& [text, font] = recorder_->LastText();
+    x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
+  }
+  position_ = {x, position_.y.value_or(setup_.margins.top), false};
 }
 
 void NativeEngine::PutText(const std::string& text) {
   RequireDrawing();
-  const bool isPlain = IsPlainLine(text);
-  const Place place = SettlePrintPosition();
-  if (isPlain) {
+  SettlePrintPosition();
+  const Place place{*position_.x, *position_.y};
+  if (IsPlainLine(text)) {
     DrawPiece(place, text);
-    RememberLastPiece(text);
+    position_.isAfterText = !text.empty();
   } else {
     const auto measure = [this](std::string_view piece) { return MeasurePiece(piece); };
     DrawLayout(place, LayOutText(text, measure));
@@ -112,17 +114,12 @@ void NativeEngine::DrawLayout(Place place, const TextLayout& layout) {
   const auto [x, y] = placeOf(last);
   position_.x = x;
   position_.y = y;
-  RememberLastPiece(last.text);
+  position_.isAfterText = !last.text.empty();
 }
 
 void NativeEngine::DrawPiece(Place place, std::string_view piece) {
   if (piece.empty()) return;
   recorder_->DrawText({static_cast<float>(place.x), static_cast<float>(place.y)}, piece);
-}
-
-// `piece` is the one that was drawn last, or empty.
-void NativeEngine::RememberLastPiece(std::string_view piece) {
-  position_.lastPiece = piece.empty() ? RecordedText{} : recorder_->LastText();
 }
 
 double NativeEngine::GetTextWidth(const std::string& text) {

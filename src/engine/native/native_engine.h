@@ -206,9 +206,9 @@ class NativeEngine final : public PrintEngine,
   // its end; hosts nearly always put another position first, so the end is measured only when it is
   // asked for.
   struct PrintPosition {
-    std::optional<double> x;  // of the last piece's left end while `lastPiece` is not empty
+    std::optional<double> x;  // of that text's left end while `isAfterText`
     std::optional<double> y;
-    RecordedText lastPiece;  // in document_
+    bool isAfterText = false;  // the one that was recorded last
   };
 
   static constexpr const char* kStillPrinting = "Het document wordt nog afgedrukt";
@@ -230,10 +230,9 @@ class NativeEngine final : public PrintEngine,
   Font& CurrentFont();
   double MeasurePiece(std::string_view piece);
   double LineSpacing();
-  Place SettlePrintPosition();
+  void SettlePrintPosition();
   void DrawPiece(Place place, std::string_view piece);
   void DrawLayout(Place place, const TextLayout& layout);
-  void RememberLastPiece(std::string_view piece);
   void SetStyles(Recorder& recorder) const;
   PictureImageRef PictureOf(const WindowImage& image);
   void DrawArc(Point center, float radius, const ArcAngles& angles);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <cstring>
 
 #include "values/characters.h"
 
@@ -23,6 +22,13 @@ bool IsRegular(char character) {
 // Keeps what begins with a regular character apart from what ends with one.
 void Separate(std::string& out) {
   if (!out.empty() && IsRegular(out.back())) out.push_back(' ');
+}
+
+int CountDigits(std::uint64_t number) {
+  constexpr int kMost = 20;
+  int digits = 1;
+  for (std::uint64_t power = 10; digits < kMost && number >= power; power *= 10) ++digits;
+  return digits;
 }
 
 void AppendUtf16Unit(std::string& out, char32_t unit) {
@@ -50,28 +56,22 @@ void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
 // From the last digit to the first, for that is how they come out of a number.
 char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   assert(decimals >= 0 && decimals <= 9);
+  if (value < 0) *out++ = '-';
   std::uint64_t rest =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
   for (; decimals > 0 && rest % 10 == 0; rest /= 10) --decimals;
 
-  // The second half is there so that as many bytes can be copied wherever the number begins.
-  std::array<char, 2 * kLongestNumber> characters;
-  char* const end = characters.data() + kLongestNumber;
-  char* begin = end;
+  const int point = decimals > 0 ? 1 : 0;
+  char* const end = out + std::max(CountDigits(rest), decimals) + point;
+  char* next = end;
   const auto putDigit = [&] {
-    *--begin = static_cast<char>('0' + rest % 10);
+    *--next = static_cast<char>('0' + rest % 10);
     rest /= 10;
   };
-  if (decimals > 0) {
-    for (; decimals > 0; --decimals) putDigit();
-    *--begin = '.';
-  } else {
-    putDigit();
-  }
-  while (rest != 0) putDigit();
-  if (value < 0) *--begin = '-';
-  std::memcpy(out, begin, kLongestNumber);
-  return out + (end - begin);
+  for (int i = 0; i < decimals; ++i) putDigit();
+  if (point != 0) *--next = '.';
+  while (next != out) putDigit();
+  return end;
 }
 
 std::u32string DecodeText(std::string_view text) {

@@ -21,7 +21,7 @@ inline void AppendInteger(std::string& out, std::int64_t number) {
 }
 
 // The same into memory that has room for the longest number; gives where it ends.
-inline constexpr std::size_t kLongestNumber = 24;  // bytes, a few more than needed
+inline constexpr std::size_t kLongestNumber = 21;
 char* WriteDecimal(char* out, std::int64_t value, int decimals);
 
 // Hundredths of the unit in use, the resolution of every position in a file: 0.005 pt is a
