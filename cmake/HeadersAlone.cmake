@@ -5,6 +5,9 @@ file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
 if(NOT PAGIVO_QT)
   list(FILTER headers EXCLUDE REGEX "/window/qt/")
 endif()
+if(NOT WIN32)
+  list(FILTER headers EXCLUDE REGEX "/(windows|directwrite|wic|automation)/")
+endif()
 
 # Whether the source file of the header's name includes the header before anything else, as it stands
 # when the build is configured.
