@@ -9,6 +9,13 @@ if(NOT WIN32)
   list(FILTER headers EXCLUDE REGEX "/(windows|directwrite|wic|automation)/")
 endif()
 
+# What another system brings is compiled there.
+if(WIN32)
+  list(FILTER headers EXCLUDE REGEX "/(posix|fontconfig|pixbuf|cups)/")
+else()
+  list(FILTER headers EXCLUDE REGEX "/(automation|windows|directwrite|wic)/")
+endif()
+
 # Whether the source file of the header's name includes the header before anything else, as it stands
 # when the build is configured.
 function(pagivo_is_included_first header result)

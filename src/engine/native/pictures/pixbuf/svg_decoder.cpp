@@ -16,6 +16,7 @@
 #include "engine/native/pictures/pixbuf/svg_values.h"
 #include "engine/native/pictures/pixbuf/svg_work.h"
 #include "engine/native/pictures/png_codec.h"
+#include "engine/native/pictures/system_decoders.h"
 
 namespace pagivo::native {
 namespace {
