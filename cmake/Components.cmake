@@ -34,13 +34,21 @@ function(pagivo_component name folder)
   endforeach()
 endfunction()
 
+# In tests/, folders of this name are what is this system's own.
+if(WIN32)
+  set(PAGIVO_SYSTEM windows)
+else()
+  set(PAGIVO_SYSTEM posix)
+endif()
+
 # pagivo_test(fonts engine/native/fonts USES fonts) makes the test program pagivo_tests_fonts of the
-# folder's sources under tests/. Its tests run as processes of their own, or in one on Windows and with
+# folder's sources under tests/, and of those in this system's folder there. Its tests run as processes of their own, or in one on Windows and with
 # AS_ONE, for those that share something costly. No test prints on the machine's own printers. PROPERTIES are
 # more of what CTest is told of each.
 function(pagivo_test name folder)
   cmake_parse_arguments(PARSE_ARGV 2 ARG "AS_ONE;EACH_ALONE" "" "USES;LIBRARIES;PROPERTIES")
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+    ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/${PAGIVO_SYSTEM}/*.cpp)
   if(NOT sources)
     return()
   endif()
@@ -52,6 +60,9 @@ function(pagivo_test name folder)
   list(TRANSFORM ARG_USES PREPEND pagivo_)
   target_link_libraries(pagivo_tests_${name} PRIVATE
     pagivo_options pagivo_test_options ${ARG_USES} ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
+  if(WIN32)
+    target_compile_definitions(pagivo_tests_${name} PRIVATE _USE_MATH_DEFINES)  # M_PI
+  endif()
   # Wine takes longer to start than most of these programs to run.
   if(ARG_AS_ONE OR WIN32)
     add_test(NAME ${name}.all_together COMMAND pagivo_tests_${name})

@@ -11,6 +11,7 @@
 
 #include "pagivo/pg_print.h"
 #include "support/read_file.h"
+#include "support/scratch_folder.h"
 #include "values/errors.h"
 
 namespace pagivo {
@@ -23,8 +24,6 @@ constexpr std::uint32_t kRed = 0xFFFF0000;
 class PageImageTest : public testing::Test {
  protected:
   PageImageTest() {
-    std::string name = std::filesystem::temp_directory_path() / "pagivo_image_XXXXXX";
-    folder = mkdtemp(name.data());
     print.VsPPInit();
     print.VsPPSetScaleMode(5);
     print.VsPPLine(1.0, 2.0, 2.0, 3.0, true, true, std::int32_t{0x0000FF}, std::int32_t{0},
@@ -33,13 +32,10 @@ class PageImageTest : public testing::Test {
     print.VsPPNewPage();
     print.VsPPFinish("Plaatje");
   }
-  ~PageImageTest() override {
-    print.VsPPEinde();
-    std::filesystem::remove_all(folder);
-  }
+  ~PageImageTest() override { print.VsPPEinde(); }
 
   PgPrint print;
-  std::filesystem::path folder;
+  ScratchFolder folder;
 };
 
 std::uint32_t PixelAt(const PageImage& image, int x, int y) {
@@ -119,16 +115,17 @@ TEST_F(PageImageTest, APictureOfTooManyPixelsIsAnError) {
 }
 
 TEST_F(PageImageTest, IsWrittenAsPng) {
-  const std::string path = folder / "blad.png";
+  const std::string path = folder.FileNamed("blad.png");
   WritePagePng(1, 72, path);
   EXPECT_TRUE(ReadFile(path).starts_with("\x89PNG\r\n\x1A\n"));
 }
 
 TEST_F(PageImageTest, AFileThatCannotBeWrittenIsAnError) {
   ExpectError(ErrorNumber::FileAccess,
-              [&] { WritePagePng(1, 72, folder / "geen map" / "blad.png"); });
-  ExpectError(ErrorNumber::PageOutOfRange, [&] { WritePagePng(9, 72, folder / "blad.png"); });
-  EXPECT_TRUE(std::filesystem::is_empty(folder));
+              [&] { WritePagePng(1, 72, folder.FileNamed("geen map/blad.png")); });
+  ExpectError(ErrorNumber::PageOutOfRange,
+              [&] { WritePagePng(9, 72, folder.FileNamed("blad.png")); });
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
 TEST_F(PageImageTest, OfADocumentThatLacksSomethingForWantOfMemoryIsAnError) {
@@ -136,8 +133,8 @@ TEST_F(PageImageTest, OfADocumentThatLacksSomethingForWantOfMemoryIsAnError) {
   IgnoringErrors([] { throw std::bad_alloc(); });
   ExpectError(ErrorNumber::OutOfMemory, [] { DrawPageImage(1, 72); });
   print.VsPPFinish("Plaatje");
-  ExpectError(ErrorNumber::OutOfMemory, [&] { WritePagePng(1, 72, folder / "blad.png"); });
-  EXPECT_TRUE(std::filesystem::is_empty(folder));
+  ExpectError(ErrorNumber::OutOfMemory, [&] { WritePagePng(1, 72, folder.FileNamed("blad.png")); });
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
 TEST_F(PageImageTest, ShowsADocumentThatIsStillBeingComposed) {

@@ -7,6 +7,7 @@
 #include "engine/native/engine_test.h"
 #include "engine/native/pdf/pdf_writer.h"
 #include "support/read_file.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native {
 namespace {
@@ -15,13 +16,6 @@ using testing::HasSubstr;
 
 class PdfExporterTest : public EngineTest {
  protected:
-  PdfExporterTest() {
-    std::string name = std::filesystem::temp_directory_path() / "pagivo_export_XXXXXX";
-    folder = mkdtemp(name.data());
-    file = folder / "rapport.pdf";
-  }
-  ~PdfExporterTest() override { std::filesystem::remove_all(folder); }
-
   // Three pages, the last one empty.
   void Compose() {
     engine->StartDoc();
@@ -32,26 +26,26 @@ class PdfExporterTest : public EngineTest {
     engine->EndDoc();
   }
   void Export(std::int16_t firstPage, std::int16_t lastPage) {
-    exporter.ExportPdf(engine, file.string(), firstPage, lastPage);
+    exporter.ExportPdf(engine, file, firstPage, lastPage);
   }
   // The export fails so, names the file and the cause, and leaves no file.
   void ExpectRefusal(ErrorNumber number, const std::string& cause, const ObjectRef& object,
                      std::int16_t firstPage, std::int16_t lastPage) {
     try {
-      exporter.ExportPdf(object, file.string(), firstPage, lastPage);
+      exporter.ExportPdf(object, file, firstPage, lastPage);
       ADD_FAILURE() << "no error";
     } catch (const Error& error) {
       EXPECT_EQ(error.Number(), number);
-      EXPECT_THAT(error.what(), HasSubstr(file.string()));
+      EXPECT_THAT(error.what(), HasSubstr(file));
       EXPECT_THAT(error.what(), HasSubstr(cause));
     }
-    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
   }
   std::string Content() { return ReadFile(file); }
 
   NativePdfExporter exporter;
-  std::filesystem::path folder;
-  std::filesystem::path file;
+  ScratchFolder folder;
+  std::string file = folder.FileNamed("rapport.pdf");
 };
 
 TEST_F(PdfExporterTest, WritesTheChosenPagesOfTheCompletedDocument) {

@@ -13,11 +13,11 @@
 #include "engine/native/pdf/image_embedder.h"
 #include "engine/native/pdf/page_player.h"
 #include "engine/native/pdf/pdf_readers.h"
+#include "support/expressions.h"
 
 namespace pagivo::native::testing {
 namespace {
 
-using ::testing::ContainsRegex;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -87,7 +87,7 @@ TEST_F(Content, StylesAreWrittenWhenTheyChangeOnly) {
 TEST_F(Content, BlackTextNeedsNoColour) {
   recorder_.SetTextColor(0);
   recorder_.DrawText({200, 2000}, "a");
-  EXPECT_THAT(Played(), Not(ContainsRegex(" r?g\n")));
+  EXPECT_THAT(Played(), Not(ContainsExpression(" r?g\n")));
 }
 
 TEST_F(Content, LineOfAHairlinePen) {
@@ -236,7 +236,7 @@ TEST_F(Content, CirclesLeaveTheirRadiusByLessThanThreeTenThousandths) {
 TEST_F(Content, ArcsRunCounterClockwiseFromStartToEnd) {
   const auto quarter = static_cast<float>(std::numbers::pi / 2);
   recorder_.DrawArc({.center = {10000, 10000}, .radius = 2000, .start = 0, .end = quarter});
-  EXPECT_THAT(Played(), ContainsRegex("600 500 m\n600 [0-9.]+ [0-9.]+ 600 500 600 c\nS\n"));
+  EXPECT_THAT(Played(), ContainsExpression("600 500 m\n600 [0-9.]+ [0-9.]+ 600 500 600 c\nS\n"));
 }
 
 TEST_F(Content, RadiusLinesRunFromTheCentre) {
@@ -244,7 +244,7 @@ TEST_F(Content, RadiusLinesRunFromTheCentre) {
   Arc arc{.center = {10000, 10000}, .radius = 2000, .start = 0, .end = quarter};
   arc.radiusLineAtStart = true;
   recorder_.DrawArc(arc);
-  EXPECT_THAT(Played(), ContainsRegex("500 500 m\n600 500 l\n[^c]+c\nS\n"));
+  EXPECT_THAT(Played(), ContainsExpression("500 500 m\n600 500 l\n[^c]+c\nS\n"));
 }
 
 TEST_F(Content, TheLastRadiusLineRunsBackToTheCentre) {
@@ -252,7 +252,7 @@ TEST_F(Content, TheLastRadiusLineRunsBackToTheCentre) {
   Arc arc{.center = {10000, 10000}, .radius = 2000, .start = 0, .end = quarter};
   arc.radiusLineAtEnd = true;
   recorder_.DrawArc(arc);
-  EXPECT_THAT(Played(), ContainsRegex("600 500 m\n[^c]+c\n500 500 l\nS\n"));
+  EXPECT_THAT(Played(), ContainsExpression("600 500 m\n[^c]+c\n500 500 l\nS\n"));
 }
 
 TEST_F(Content, ASectorBetweenTwoRadiusLinesIsFilled) {
@@ -270,8 +270,8 @@ TEST_F(Content, ASectorIsFilledWhicheverLinesItHas) {
   recorder_.SetBrush({BrushStyle::Solid, 0});
   const auto quarter = static_cast<float>(std::numbers::pi / 2);
   recorder_.DrawArc({.center = {10000, 10000}, .radius = 2000, .start = 0, .end = quarter});
-  EXPECT_THAT(Played(), ContainsRegex("^500 500 m\n600 500 l\n600 [^c]+c\nh\nf\n"
-                                      "[^m]+600 500 m\n[^c]+c\nS\n$"));
+  EXPECT_THAT(Played(), ContainsExpression("^500 500 m\n600 500 l\n600 [^c]+c\nh\nf\n"
+                                           "[^m]+600 500 m\n[^c]+c\nS\n$"));
 }
 
 TEST_F(Content, ASectorIsHatchedWhicheverLinesItHas) {
@@ -302,10 +302,10 @@ TEST_F(Content, AFaceWithoutBoldIsThickenedAndOneWithoutItalicSlanted) {
   recorder_.SetFont({.name = "Courier New", .size = 10});
   recorder_.DrawText({200, 3000}, "b");
   const std::string content = Played();
-  EXPECT_THAT(content, ContainsRegex("2 Tr\n2 w\n"));
-  EXPECT_THAT(content, ContainsRegex("1 0 .2 1 10 [0-9.]+ Tm\n"));
-  EXPECT_THAT(content, ContainsRegex("0 Tr\n"));
-  EXPECT_THAT(content, ContainsRegex("1 0 0 1 10 [0-9.]+ Tm\n"));
+  EXPECT_THAT(content, ContainsExpression("2 Tr\n2 w\n"));
+  EXPECT_THAT(content, ContainsExpression("1 0 .2 1 10 [0-9.]+ Tm\n"));
+  EXPECT_THAT(content, ContainsExpression("0 Tr\n"));
+  EXPECT_THAT(content, ContainsExpression("1 0 0 1 10 [0-9.]+ Tm\n"));
 }
 
 TEST_F(Content, CoordinatesThatAreNoNumbersAreSkipped) {
@@ -378,7 +378,7 @@ TEST_F(Content, EveryDashedFigureThatRunsFarOffThePageIsDashedAndStaysNear) {
     const std::string content = Played();
     const std::string drawn = content.substr(before);
     EXPECT_THAT(drawn, HasSubstr(" l\n"));
-    EXPECT_THAT(drawn, Not(ContainsRegex("[0-9]{5}")));
+    EXPECT_THAT(drawn, Not(ContainsExpression("[0-9]{5}")));
     EXPECT_THAT(content, HasSubstr(" d\n"));
     EXPECT_THAT(content, Not(HasSubstr("[]")));
     before = content.size();

@@ -102,10 +102,10 @@ class CidKeyedFace : public ::testing::Test {
     hb_blob_t* bytes = hb_face_reference_blob(file);
     unsigned length = 0;
     const char* data = hb_blob_get_data(bytes, &length);
-    WriteFile(folder_.File("keyed.otf"), {data, length});
+    WriteFile(folder_.FileNamed("keyed.otf"), {data, length});
     hb_blob_destroy(bytes);
     hb_face_destroy(file);
-    face_ = std::make_shared<Face>(folder_.File("keyed.otf"), 0);
+    face_ = std::make_shared<Face>(folder_.FileNamed("keyed.otf"), 0);
   }
 
   static hb_blob_t* BlobOf(const std::string& bytes) {

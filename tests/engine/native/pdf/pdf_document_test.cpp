@@ -88,8 +88,8 @@ TEST_F(PdfDocument, ALargePageHasALargerUnit) {
 TEST_F(PdfDocument, OnlyTheChosenPagesAreWritten) {
   AddPages(9);
   const ScratchFolder folder;
-  WritePdfFile(document_, {.firstPage = 3, .lastPage = 5}, folder.File("a.pdf"));
-  const std::string text = OutputOf("pdftotext '" + folder.File("a.pdf") + "' -");
+  WritePdfFile(document_, {.firstPage = 3, .lastPage = 5}, folder.FileNamed("a.pdf"));
+  const std::string text = OutputOf("pdftotext '" + folder.FileNamed("a.pdf") + "' -");
   EXPECT_EQ(CountOf("Blad", text), 3);
   EXPECT_THAT(text, StartsWith("Blad 3"));
   EXPECT_THAT(text, HasSubstr("Blad 5"));
@@ -204,7 +204,8 @@ TEST_F(PdfDocument, AnythingAtAllGivesASoundFile) {
     }
   }
   const PdfOnDisk pdf(document_);
-  OutputOf("mutool draw -q -r 8 -o '" + pdf.Folder().File("p%d.png") + "' '" + pdf.Path() + "'");
+  OutputOf("mutool draw -q -r 8 -o '" + pdf.Folder().FileNamed("p%d.png") + "' '" + pdf.Path() +
+           "'");
 }
 
 }  // namespace

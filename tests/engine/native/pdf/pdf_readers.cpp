@@ -1,15 +1,12 @@
 #include "engine/native/pdf/pdf_readers.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
-#include <stdexcept>
 
 #include "engine/native/pdf/pdf_writer.h"
+#include "support/shell/shell.h"
 
 namespace pagivo::native::testing {
 namespace {
@@ -37,35 +34,10 @@ std::string WithoutDirectionMarks(std::string text) {
 
 }  // namespace
 
-ScratchFolder::ScratchFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "pagivo_pdf_XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
-}
-
-ScratchFolder::~ScratchFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
 std::string OutputOf(const std::string& command) {
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) throw std::runtime_error("no shell");
-  std::string output;
-  char buffer[4096];
-  while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) {
-    output.append(buffer, count);
-  }
-  const int status = pclose(pipe);
-  EXPECT_EQ(WEXITSTATUS(status), 0) << command << "\n" << output;
-  return output;
-}
-
-std::string ReadFile(const std::string& path) {
-  const std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
+  const ShellOutcome outcome = RunInShell(command);
+  EXPECT_EQ(outcome.status, 0) << command << "\n" << outcome.output;
+  return outcome.output;
 }
 
 void WriteFile(const std::string& path, std::string_view bytes) {
@@ -80,7 +52,7 @@ std::string PdfBytes(const Document& document) {
   return bytes;
 }
 
-PdfOnDisk::PdfOnDisk(const Document& document) : path_(folder_.File("document.pdf")) {
+PdfOnDisk::PdfOnDisk(const Document& document) : path_(folder_.FileNamed("document.pdf")) {
   WritePdfFile(document, WholeDocument(document), path_);
   const std::string verdict = OutputOf("qpdf --check '" + path_ + "'");
   EXPECT_NE(verdict.find("No syntax or stream encoding errors found"), std::string::npos)
@@ -92,20 +64,20 @@ std::vector<std::string> PdfOnDisk::PopplerLines() const {
 }
 
 std::vector<std::string> PdfOnDisk::MuPdfLines() const {
-  const std::string target = folder_.File("mupdf.txt");
+  const std::string target = folder_.FileNamed("mupdf.txt");
   OutputOf("mutool draw -q -F txt -o '" + target + "' '" + path_ + "'");
   return LinesOf(ReadFile(target));
 }
 
 std::string PdfOnDisk::Content(int page) const {
-  const std::string target = folder_.File("content.bin");
+  const std::string target = folder_.FileNamed("content.bin");
   OutputOf("mutool show -b -o '" + target + "' '" + path_ + "' pages/" + std::to_string(page) +
            "/Contents");
   return ReadFile(target);
 }
 
 std::string PdfOnDisk::Plain() const {
-  const std::string target = folder_.File("plain.pdf");
+  const std::string target = folder_.FileNamed("plain.pdf");
   OutputOf("qpdf --qdf --object-streams=disable '" + path_ + "' '" + target + "'");
   return ReadFile(target);
 }

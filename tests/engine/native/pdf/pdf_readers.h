@@ -1,34 +1,19 @@
 // PDF files written for a test, and what independent readers say of them.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "engine/native/document/document.h"
+#include "support/read_file.h"
+#include "support/scratch_folder.h"
 
 namespace pagivo::native::testing {
-
-// A folder of its own, removed with all it holds.
-class ScratchFolder {
- public:
-  ScratchFolder();
-  ~ScratchFolder();
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-  const std::filesystem::path& Path() const { return path_; }
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  std::filesystem::path path_;
-};
 
 // What a command prints, its complaints included. Fails the test when the command fails.
 std::string OutputOf(const std::string& command);
 
-std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, std::string_view bytes);
 
 // Every page of the document as the bytes of a file.

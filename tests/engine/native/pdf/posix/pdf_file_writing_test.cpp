@@ -1,4 +1,5 @@
-// A failed export leaves everything as it was, whatever fails.
+// A failed export leaves everything as it was, whatever fails, in the ways that POSIX systems have
+// to fail.
 #include <gmock/gmock.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -90,20 +91,20 @@ class WritePdfFileTest : public ::testing::Test {
 };
 
 TEST_F(WritePdfFileTest, WritesANewFileAndNothingElse) {
-  EXPECT_EQ(FailureOf(folder_.File("nieuw.pdf")), "");
+  EXPECT_EQ(FailureOf(folder_.FileNamed("nieuw.pdf")), "");
   EXPECT_THAT(Entries(), UnorderedElementsAre("nieuw.pdf"));
-  EXPECT_EQ(ReadFile(folder_.File("nieuw.pdf")), PdfBytes(document_));
+  EXPECT_EQ(ReadFile(folder_.FileNamed("nieuw.pdf")), PdfBytes(document_));
 }
 
 TEST_F(WritePdfFileTest, ANewFileHasThePermissionsThatTheMaskLeaves) {
   const mode_t old = umask(027);
-  EXPECT_EQ(FailureOf(folder_.File("nieuw.pdf")), "");
+  EXPECT_EQ(FailureOf(folder_.FileNamed("nieuw.pdf")), "");
   umask(old);
-  EXPECT_EQ(PermissionsOf(folder_.File("nieuw.pdf")), 0640U);
+  EXPECT_EQ(PermissionsOf(folder_.FileNamed("nieuw.pdf")), 0640U);
 }
 
 TEST_F(WritePdfFileTest, TheOldFileIsReplacedAndItsPermissionsKept) {
-  const std::string path = folder_.File("oud.pdf");
+  const std::string path = folder_.FileNamed("oud.pdf");
   WriteFile(path, "oud");
   chmod(path.c_str(), 0604);
   EXPECT_EQ(FailureOf(path), "");
@@ -112,7 +113,7 @@ TEST_F(WritePdfFileTest, TheOldFileIsReplacedAndItsPermissionsKept) {
 }
 
 TEST_F(WritePdfFileTest, FileNamesAreUtf8) {
-  EXPECT_EQ(FailureOf(folder_.File("Verslag 3 \u2013 co\u00F6rdinaten.pdf")), "");
+  EXPECT_EQ(FailureOf(folder_.FileNamed("Verslag 3 \u2013 co\u00F6rdinaten.pdf")), "");
   EXPECT_THAT(Entries(), UnorderedElementsAre("Verslag 3 \u2013 co\u00F6rdinaten.pdf"));
 }
 
@@ -125,22 +126,22 @@ TEST_F(WritePdfFileTest, ANameWithoutAFolderIsInTheCurrentOne) {
 }
 
 TEST_F(WritePdfFileTest, ALinkIsFollowedAndStays) {
-  WriteFile(folder_.File("echt.pdf"), "oud");
-  std::filesystem::create_symlink("echt.pdf", folder_.File("link.pdf"));
-  EXPECT_EQ(FailureOf(folder_.File("link.pdf")), "");
-  EXPECT_TRUE(std::filesystem::is_symlink(folder_.File("link.pdf")));
-  EXPECT_EQ(ReadFile(folder_.File("echt.pdf")), PdfBytes(document_));
+  WriteFile(folder_.FileNamed("echt.pdf"), "oud");
+  std::filesystem::create_symlink("echt.pdf", folder_.FileNamed("link.pdf"));
+  EXPECT_EQ(FailureOf(folder_.FileNamed("link.pdf")), "");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.FileNamed("link.pdf")));
+  EXPECT_EQ(ReadFile(folder_.FileNamed("echt.pdf")), PdfBytes(document_));
 }
 
 TEST_F(WritePdfFileTest, ALinkToNothingYetMakesThatFile) {
-  std::filesystem::create_symlink("straks.pdf", folder_.File("link.pdf"));
-  EXPECT_EQ(FailureOf(folder_.File("link.pdf")), "");
-  EXPECT_EQ(ReadFile(folder_.File("straks.pdf")), PdfBytes(document_));
+  std::filesystem::create_symlink("straks.pdf", folder_.FileNamed("link.pdf"));
+  EXPECT_EQ(FailureOf(folder_.FileNamed("link.pdf")), "");
+  EXPECT_EQ(ReadFile(folder_.FileNamed("straks.pdf")), PdfBytes(document_));
 }
 
 TEST_F(WritePdfFileTest, ALinkToItselfIsRefused) {
-  std::filesystem::create_symlink("link.pdf", folder_.File("link.pdf"));
-  EXPECT_THAT(FailureOf(folder_.File("link.pdf")),
+  std::filesystem::create_symlink("link.pdf", folder_.FileNamed("link.pdf"));
+  EXPECT_THAT(FailureOf(folder_.FileNamed("link.pdf")),
               EndsWith("kan niet worden geschreven: de koppeling verwijst naar zichzelf"));
 }
 
@@ -150,26 +151,26 @@ TEST_F(WritePdfFileTest, AnUnnamedFileIsRefused) {
 }
 
 TEST_F(WritePdfFileTest, ANameWithANullCharacterIsRefused) {
-  EXPECT_THAT(FailureOf(folder_.File(std::string("a\0b", 3))),
+  EXPECT_THAT(FailureOf(folder_.FileNamed(std::string("a\0b", 3))),
               EndsWith("dat is geen geldige bestandsnaam"));
 }
 
 TEST_F(WritePdfFileTest, AMissingFolderIsRefused) {
   EXPECT_EQ(
-      FailureOf(folder_.File("weg/a.pdf")),
-      "\"" + folder_.File("weg/a.pdf") + "\" kan niet worden geschreven: de map bestaat niet");
+      FailureOf(folder_.FileNamed("weg/a.pdf")),
+      "\"" + folder_.FileNamed("weg/a.pdf") + "\" kan niet worden geschreven: de map bestaat niet");
 }
 
 TEST_F(WritePdfFileTest, AFileInsteadOfAFolderIsRefused) {
-  WriteFile(folder_.File("bestand"), "x");
-  EXPECT_THAT(FailureOf(folder_.File("bestand/a.pdf")),
+  WriteFile(folder_.FileNamed("bestand"), "x");
+  EXPECT_THAT(FailureOf(folder_.FileNamed("bestand/a.pdf")),
               EndsWith("een deel van het pad is geen map"));
 }
 
 TEST_F(WritePdfFileTest, ATargetThatIsAFolderIsRefused) {
-  std::filesystem::create_directory(folder_.File("map.pdf"));
-  EXPECT_THAT(FailureOf(folder_.File("map.pdf")), EndsWith("er is al een map met die naam"));
-  EXPECT_THAT(FailureOf(folder_.File("map.pdf/")), EndsWith("er is al een map met die naam"));
+  std::filesystem::create_directory(folder_.FileNamed("map.pdf"));
+  EXPECT_THAT(FailureOf(folder_.FileNamed("map.pdf")), EndsWith("er is al een map met die naam"));
+  EXPECT_THAT(FailureOf(folder_.FileNamed("map.pdf/")), EndsWith("er is al een map met die naam"));
   EXPECT_THAT(Entries(), UnorderedElementsAre("map.pdf"));
 }
 
@@ -179,8 +180,8 @@ TEST_F(WritePdfFileTest, ADeviceIsRefused) {
 }
 
 TEST_F(WritePdfFileTest, ATooLongNameIsRefused) {
-  EXPECT_THAT(FailureOf(folder_.File(std::string(300, 'a'))), EndsWith("de naam is te lang"));
-  std::string deep = folder_.File("");
+  EXPECT_THAT(FailureOf(folder_.FileNamed(std::string(300, 'a'))), EndsWith("de naam is te lang"));
+  std::string deep = folder_.FileNamed("");
   while (deep.size() < 5000) deep += "aaaaaaaaa/";
   EXPECT_THAT(FailureOf(deep + "a.pdf"), EndsWith("de naam is te lang"));
   EXPECT_THAT(Entries(), IsEmpty());
@@ -188,12 +189,12 @@ TEST_F(WritePdfFileTest, ATooLongNameIsRefused) {
 
 TEST_F(WritePdfFileTest, TheLongestNameIsTaken) {
   const std::string name(255, 'a');
-  EXPECT_EQ(FailureOf(folder_.File(name)), "");
+  EXPECT_EQ(FailureOf(folder_.FileNamed(name)), "");
   EXPECT_THAT(Entries(), UnorderedElementsAre(name));
 }
 
 TEST_F(WritePdfFileTest, AReadOnlyOldFileIsRefusedEvenToTheSuperuser) {
-  const std::string path = folder_.File("vast.pdf");
+  const std::string path = folder_.FileNamed("vast.pdf");
   WriteFile(path, "oud");
   chmod(path.c_str(), 0444);
   EXPECT_THAT(FailureOf(path), EndsWith("het bestaande bestand is alleen-lezen"));
@@ -203,14 +204,14 @@ TEST_F(WritePdfFileTest, AReadOnlyOldFileIsRefusedEvenToTheSuperuser) {
 
 TEST_F(WritePdfFileTest, AFolderThatMayNotBeWrittenIsRefused) {
   chmod(folder_.Path().c_str(), 0555);
-  EXPECT_THAT(AsNobody([this] { return FailureOf(folder_.File("a.pdf")); }),
+  EXPECT_THAT(AsNobody([this] { return FailureOf(folder_.FileNamed("a.pdf")); }),
               EndsWith("u hebt daar geen schrijfrechten"));
   chmod(folder_.Path().c_str(), 0755);
   EXPECT_THAT(Entries(), IsEmpty());
 }
 
 TEST_F(WritePdfFileTest, SomebodyElsesFileIsRefused) {
-  const std::string path = folder_.File("vreemd.pdf");
+  const std::string path = folder_.FileNamed("vreemd.pdf");
   WriteFile(path, "oud");
   chmod(path.c_str(), getuid() == 0 ? 0644 : 0444);
   chmod(folder_.Path().c_str(), 0777);
@@ -254,7 +255,7 @@ class FullDisk {
 
 TEST_F(WritePdfFileTest, AFullDiskLeavesTheOldFile) {
   const FullDisk disk(folder_.Path());
-  const std::string path = folder_.File("vol.pdf");
+  const std::string path = folder_.FileNamed("vol.pdf");
   WriteFile(path, "oud");
   EXPECT_THAT(FailureOf(path), EndsWith(disk.Cause()));
   EXPECT_EQ(ReadFile(path), "oud");
@@ -262,7 +263,7 @@ TEST_F(WritePdfFileTest, AFullDiskLeavesTheOldFile) {
 }
 
 TEST_F(WritePdfFileTest, PagesThatDoNotExistAreRefused) {
-  const std::string path = folder_.File("a.pdf");
+  const std::string path = folder_.FileNamed("a.pdf");
   const std::pair<int, int> ranges[] = {{0, 1}, {1, 4}, {4, 4}, {3, 2}, {1, 0}, {-5, -1}};
   for (const auto& [first, last] : ranges) {
     EXPECT_EQ(FailureOf(path, ErrorNumber::PageOutOfRange, first, last),
@@ -276,7 +277,7 @@ TEST_F(WritePdfFileTest, PagesThatDoNotExistAreRefused) {
 TEST_F(WritePdfFileTest, ADocumentWithoutPagesIsRefused) {
   const Document empty;
   try {
-    WritePdfFile(empty, {}, folder_.File("a.pdf"));
+    WritePdfFile(empty, {}, folder_.FileNamed("a.pdf"));
     FAIL();
   } catch (const Error& error) {
     EXPECT_EQ(error.Number(), ErrorNumber::PageOutOfRange);
