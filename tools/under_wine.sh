@@ -3,8 +3,9 @@
 #
 #   tools/under_wine.sh PREFIX PROGRAM [ARGUMENT...]
 #
-# The prefix has no display, Wine's own fonts and the machine's, and nothing of the user's. A program may run
-# as many seconds as PAGIVO_WINE_TIMEOUT says (300): one whose libraries Wine cannot load would hang.
+# The prefix has no display, Wine's own fonts and the machine's, and a folder of its own for temporary
+# files. A program may run as many seconds as PAGIVO_WINE_TIMEOUT says (300): one whose libraries Wine
+# cannot load would hang.
 set -euo pipefail
 export WINEPREFIX=$1
 shift
@@ -34,6 +35,12 @@ make_prefix() {
   mkdir -p "$WINEPREFIX"
   timeout 300 "$wine" wineboot -i
   timeout 120 "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
+  # Where programs of Linux find the files of tests, too.
+  local folder
+  mkdir -p "$WINEPREFIX/temporary"
+  folder=$(realpath "$WINEPREFIX/temporary")
+  timeout 120 "$wine" reg add 'HKCU\Environment' /v TMP /d "Z:${folder//\//\\}" /f
+  timeout 120 "$wine" reg add 'HKCU\Environment' /v TEMP /d "Z:${folder//\//\\}" /f
   # Those of the machine Wine finds itself. Copies of them it would take out of the registry.
   copy_fonts /usr/share/wine/fonts/*.ttf
   # A server that still runs knows the settings of before.
