@@ -13,10 +13,10 @@ namespace {
 // What zlib makes of it; fails the test when that is not `size` bytes.
 std::string Inflated(std::string_view compressed, std::size_t size) {
   std::string bytes(size + 1, '\0');
-  uLongf length = bytes.size();
-  const int result =
-      uncompress(reinterpret_cast<Bytef*>(bytes.data()), &length,
-                 reinterpret_cast<const Bytef*>(compressed.data()), compressed.size());
+  auto length = static_cast<uLongf>(bytes.size());
+  const int result = uncompress(reinterpret_cast<Bytef*>(bytes.data()), &length,
+                                reinterpret_cast<const Bytef*>(compressed.data()),
+                                static_cast<uLong>(compressed.size()));
   EXPECT_EQ(result, Z_OK);
   EXPECT_EQ(length, size);
   bytes.resize(length);
