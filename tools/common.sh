@@ -23,7 +23,7 @@ windows_packages=(
   cmake ninja-build pkg-config dpkg-dev ca-certificates make nasm
   g++-mingw-w64-x86-64-posix mingw-w64-tools
   googletest
-  wine64 fonts-wine fonts-liberation fonts-dejavu-core fontconfig
+  wine64 fonts-wine fonts-liberation fonts-dejavu-core fontconfig poppler-utils mupdf-tools qpdf
 )
 # What the fuzzers need.
 fuzz_packages=(clang libclang-rt-14-dev zlib1g-dev)
