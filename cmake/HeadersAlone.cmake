@@ -5,9 +5,6 @@ file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
 if(NOT PAGIVO_QT)
   list(FILTER headers EXCLUDE REGEX "/window/qt/")
 endif()
-if(NOT WIN32)
-  list(FILTER headers EXCLUDE REGEX "/(windows|directwrite|wic|automation)/")
-endif()
 
 # What another system brings is compiled there.
 if(WIN32)
