@@ -57,20 +57,22 @@ Decimal DecimalOf(float value) {
 
 // The same as Format for a Single without an exponent, at a fraction of the cost.
 std::string FormatWithoutExponent(float value, char decimalSeparator) {
-  auto [digits, decimals] = DecimalOf(value);
-  for (; decimals > 0 && digits % 10 == 0; digits /= 10) --decimals;
+  Decimal decimal = DecimalOf(value);
+  for (; decimal.decimals > 0 && decimal.digits % 10 == 0; decimal.digits /= 10) {
+    --decimal.decimals;
+  }
 
   NumberText text;
   char* const end = text.data() + text.size();
   char* begin = end;
   const auto putDigit = [&] {
-    *--begin = static_cast<char>('0' + digits % 10);
-    digits /= 10;
+    *--begin = static_cast<char>('0' + decimal.digits % 10);
+    decimal.digits /= 10;
   };
-  for (int i = 0; i < decimals; ++i) putDigit();
-  if (decimals > 0) *--begin = decimalSeparator;
+  for (int i = 0; i < decimal.decimals; ++i) putDigit();
+  if (decimal.decimals > 0) *--begin = decimalSeparator;
   do putDigit();
-  while (digits > 0);
+  while (decimal.digits > 0);
   if (value < 0) *--begin = '-';
   return {begin, end};
 }
