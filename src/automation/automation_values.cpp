@@ -129,6 +129,53 @@ VARIANT InKindOfVariable(const VARIANT& value, const VARIANT& variable, LCID loc
   return converted.Release();
 }
 
+// --- A VARIANT of a value in its own type
+
+VARIANT OfKind(VARTYPE kind) {
+  VARIANT made;
+  VariantInit(&made);
+  V_VT(&made) = kind;
+  return made;
+}
+
+VARIANT Made(NullMarker) {
+  return OfKind(VT_NULL);
+}
+VARIANT Made(bool value) {
+  VARIANT made = OfKind(VT_BOOL);
+  V_BOOL(&made) = value ? VARIANT_TRUE : VARIANT_FALSE;
+  return made;
+}
+VARIANT Made(std::int16_t value) {
+  VARIANT made = OfKind(VT_I2);
+  V_I2(&made) = value;
+  return made;
+}
+VARIANT Made(std::int32_t value) {
+  VARIANT made = OfKind(VT_I4);
+  V_I4(&made) = value;
+  return made;
+}
+VARIANT Made(float value) {
+  VARIANT made = OfKind(VT_R4);
+  V_R4(&made) = value;
+  return made;
+}
+VARIANT Made(double value) {
+  VARIANT made = OfKind(VT_R8);
+  V_R8(&made) = value;
+  return made;
+}
+VARIANT Made(const std::string& value) {
+  VARIANT made = OfKind(VT_BSTR);
+  V_BSTR(&made) = MakeBstr(value);
+  return made;
+}
+template <typename Other>
+VARIANT Made(const Other&) {
+  return OfKind(VT_EMPTY);
+}
+
 bool KeepsItsKind(const VARIANT& variable) {
   const VARTYPE kind = V_VT(&variable);
   return kind != VT_EMPTY && kind != VT_NULL && kind != VT_ERROR && !IsObject(variable) &&
@@ -230,40 +277,7 @@ Variant ReadAnyValue(const VARIANT& given) {
 }
 
 VARIANT MakeVariant(const Variant& value) {
-  VARIANT made;
-  VariantInit(&made);
-  switch (value.GetKind()) {
-    case Variant::Kind::Null:
-      V_VT(&made) = VT_NULL;
-      break;
-    case Variant::Kind::Boolean:
-      V_VT(&made) = VT_BOOL;
-      V_BOOL(&made) = *value.GetIf<bool>() ? VARIANT_TRUE : VARIANT_FALSE;
-      break;
-    case Variant::Kind::Integer:
-      V_VT(&made) = VT_I2;
-      V_I2(&made) = *value.GetIf<std::int16_t>();
-      break;
-    case Variant::Kind::Long:
-      V_VT(&made) = VT_I4;
-      V_I4(&made) = *value.GetIf<std::int32_t>();
-      break;
-    case Variant::Kind::Single:
-      V_VT(&made) = VT_R4;
-      V_R4(&made) = *value.GetIf<float>();
-      break;
-    case Variant::Kind::Double:
-      V_VT(&made) = VT_R8;
-      V_R8(&made) = *value.GetIf<double>();
-      break;
-    case Variant::Kind::String:
-      V_BSTR(&made) = MakeBstr(*value.GetIf<std::string>());
-      V_VT(&made) = VT_BSTR;
-      break;
-    default:
-      break;
-  }
-  return made;
+  return value.Visit([](const auto& held) { return Made(held); });
 }
 
 void PutIntoVariable(VARIANT& given, const Variant& value, LCID locale) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <span>
@@ -40,14 +41,20 @@ std::optional<Bytes> ContentsOf(IStream& stream) {
   return bytes;
 }
 
-std::optional<Bytes> SavedPicture(IPicture& picture) {
+// The file that the picture is stored as; before it stand a signature and its size.
+std::optional<Bytes> StoredPicture(IPicture& picture) {
+  constexpr std::ptrdiff_t kBeforeFile = 8;
+  ComPtr<IPersistStream> storage;
   ComPtr<IStream> stream;
-  LONG size = 0;
-  if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
-      FAILED(picture.SaveAsFile(stream.Get(), TRUE, &size))) {
+  if (FAILED(picture.QueryInterface(IID_PPV_ARGS(&storage))) ||
+      FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
+      FAILED(storage->Save(stream.Get(), FALSE))) {
     return std::nullopt;
   }
-  return ContentsOf(*stream.Get());
+  std::optional<Bytes> bytes = ContentsOf(*stream.Get());
+  if (!bytes || std::ssize(*bytes) <= kBeforeFile) return std::nullopt;
+  bytes->erase(bytes->begin(), bytes->begin() + kBeforeFile);
+  return bytes;
 }
 
 // --- A picture drawn, for those that are no pixels
@@ -166,8 +173,8 @@ ObjectRef ReadPicture(IUnknown* object) {
   picture->get_Type(&kind);
   if (kind == PICTYPE_NONE) return CurrentPlatform().loadPicture("");
   const bool isDrawing = kind == PICTYPE_METAFILE || kind == PICTYPE_ENHMETAFILE;
-  const std::optional<Bytes> bytes =
-      isDrawing ? DrawnPicture(*picture.Get()) : SavedPicture(*picture.Get());
+  std::optional<Bytes> bytes = isDrawing ? std::nullopt : StoredPicture(*picture.Get());
+  if (!bytes) bytes = DrawnPicture(*picture.Get());
   try {
     return bytes ? Decoded(*bytes) : nullptr;
   } catch (const Error&) {  // of what the host has loaded in some other way

@@ -44,11 +44,6 @@ VARIANT ElementAt(SAFEARRAY* array, const ElementAccess& elements, VARTYPE kind,
   return Dereferenced(element);
 }
 
-template <typename Element>
-Element ElementFrom(const Variant& value) {
-  return *value.GetIf<Element>();
-}
-
 VARTYPE KindOfElements(SAFEARRAY* array) {
   VARTYPE kind = VT_EMPTY;
   if (FAILED(SafeArrayGetVartype(array, &kind))) ThrowTypeMismatch();
@@ -70,7 +65,7 @@ Variant ReadElements(SAFEARRAY* array, ValueKind elementKind, LCID locale) {
   for (std::int64_t i = lowerBound; i <= upperBound; ++i) {
     const VARIANT element = ElementAt(array, elements, kind, static_cast<ULONG>(i - lowerBound));
     (*result)(static_cast<std::int32_t>(i)) =
-        ElementFrom<Element>(ReadValue(element, elementKind, locale));
+        BindingOf<Element>::Convert(ReadValue(element, elementKind, locale));
   }
   return result;
 }
