@@ -52,7 +52,10 @@ class Value {
     if (object != nullptr) object->AddRef();
   }
   Value(const Value& other) : Value() { other.CopyTo(&value_); }
-  Value& operator=(const Value&) = delete;
+  Value& operator=(const Value& other) {
+    other.CopyTo(&value_);  // which frees what was there
+    return *this;
+  }
   ~Value() { VariantClear(&value_); }
 
   static Value Missing() {
