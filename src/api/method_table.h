@@ -33,7 +33,7 @@ inline constexpr void (PgPrint::*kDrawPolyline)(Points, Points, Any, Any, Any, A
                                                 Any) = &PgPrint::VsPPDrawPolyline;
 
 template <auto kMethod>
-consteval Member<PgPrint> Method(std::string_view name, std::string_view parameterNames = {},
+constexpr Member<PgPrint> Method(std::string_view name, std::string_view parameterNames = {},
                                  std::initializer_list<DefaultValue> trailingDefaults = {}) {
   Member<PgPrint> method = BindMember<kMethod>(name, 0, MemberKind::Call, trailingDefaults);
   method.parameterNames = parameterNames;
@@ -42,7 +42,7 @@ consteval Member<PgPrint> Method(std::string_view name, std::string_view paramet
 }
 
 template <std::size_t kCount>
-consteval auto Numbered(std::array<Member<PgPrint>, kCount> rows) {
+constexpr auto Numbered(std::array<Member<PgPrint>, kCount> rows) {
   std::int32_t dispatchId = kFirstDispatchId;
   for (Member<PgPrint>& row : rows) row.dispatchId = dispatchId++;
   return rows;

@@ -112,7 +112,7 @@ struct Member : MemberSignature {
 
 // --- The names of parameters, for callers that name their arguments ---------------------------
 
-consteval std::size_t CountNames(std::string_view names) {
+constexpr std::size_t CountNames(std::string_view names) {
   return names.empty() ? 0 : 1 + static_cast<std::size_t>(std::ranges::count(names, ' '));
 }
 
@@ -319,7 +319,7 @@ struct MethodTraits<ResultType (ClassType::*)(ParameterTypes...)> {
 // A row of a table. `trailingDefaults` are those of the last parameters; a parameter before them is
 // required. Only a Variant that is not written back can have a default.
 template <auto kMethod>
-consteval auto BindMember(std::string_view name, std::int32_t dispatchId, MemberKind kind,
+constexpr auto BindMember(std::string_view name, std::int32_t dispatchId, MemberKind kind,
                           std::initializer_list<DefaultValue> trailingDefaults = {}) {
   using Traits = MethodTraits<decltype(kMethod)>;
   static_assert(Traits::kParameters.size() <= kMaximumParameters);

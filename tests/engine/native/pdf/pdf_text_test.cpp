@@ -143,7 +143,7 @@ TEST_F(PdfText, CellsOfATableRowStayApart) {
   recorder_.DrawText({5000, 720}, "m");
   const PdfOnDisk pdf(document_);
   EXPECT_THAT(OutputOf("pdftotext -layout '" + pdf.Path() + "' -"),
-              ::testing::ContainsRegex("Hoogte +12,5 +m"));
+              ContainsExpression("Hoogte +12,5 +m"));
   EXPECT_THAT(OutputOf("pdftotext -raw '" + pdf.Path() + "' -"), HasSubstr("Hoogte 12,5 m"));
 }
 
@@ -158,9 +158,9 @@ TEST_F(PdfText, FontsAreEmbeddedAsSubsetsOnceAFace) {
   Draw("CFF", {.name = kCffFace});
   Draw("nog eens", {.name = kTrueTypeFace, .size = 20});
   const std::string fonts = PdfOnDisk(document_).Fonts();
-  EXPECT_THAT(fonts, ::testing::ContainsRegex(
+  EXPECT_THAT(fonts, ContainsExpression(
                          "[A-Z]{6}[+]LiberationSans +CID TrueType +Custom +yes yes yes"));
-  EXPECT_THAT(fonts, ::testing::ContainsRegex(
+  EXPECT_THAT(fonts, ContainsExpression(
                          "[A-Z]{6}[+]NimbusRoman-Regular +CID Type 0C +Custom +yes yes yes"));
   EXPECT_EQ(CountOf("LiberationSans", fonts), 1);
 }
