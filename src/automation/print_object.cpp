@@ -87,7 +87,9 @@ PrintObject::~PrintObject() {
 HRESULT PrintObject::Create(REFIID interfaceId, void** made) noexcept {
   if (!AddObject()) return RefuseThread();
   Microsoft::WRL::ComPtr<ISupportErrorInfo> object;
-  const HRESULT result = ReportingStatus([&] { object.Attach(new PrintObject); }, LeaveError);
+  // Attach of mingw-w64's ComPtr counts a reference more.
+  const HRESULT result =
+      ReportingStatus([&] { *object.GetAddressOf() = new PrintObject; }, LeaveError);
   if (FAILED(result)) {
     RemoveObject();
     return result;

@@ -78,14 +78,14 @@ TEST_F(TypeLibrary, HasItsNameAndVersion) {
 }
 
 TEST_F(TypeLibrary, HasAHiddenDualInterfaceThatNobodyExtends) {
+  static constexpr WORD kFlags = TYPEFLAG_FHIDDEN | TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE;
   WithAttributes(*dispatch_.Get(), [](const TYPEATTR& attributes) {
-    constexpr WORD kFlags =
-        TYPEFLAG_FHIDDEN | TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FOLEAUTOMATION;
     EXPECT_EQ(attributes.typekind, TKIND_DISPATCH);
     EXPECT_EQ(attributes.wTypeFlags & kFlags, kFlags);
   });
   WithAttributes(*vtable_.Get(), [](const TYPEATTR& attributes) {
     EXPECT_EQ(attributes.typekind, TKIND_INTERFACE);
+    EXPECT_EQ(attributes.wTypeFlags & TYPEFLAG_FOLEAUTOMATION, TYPEFLAG_FOLEAUTOMATION);
     EXPECT_EQ(attributes.cFuncs, kMethods.Rows().size());
     EXPECT_EQ(attributes.cbSizeVft, (7 + kMethods.Rows().size()) * sizeof(void*));
   });

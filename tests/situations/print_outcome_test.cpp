@@ -1,4 +1,4 @@
-// What user and host learn of printing that went wrong: here no print server ever runs.
+// What user and host learn of printing that went wrong: here there is never a printer.
 #include "pagivo/print_outcome.h"
 
 #include <string>
@@ -6,6 +6,7 @@
 
 #include "pagivo/error.h"
 #include "situations/situation_test.h"
+#include "support/without_printers.h"
 
 namespace pagivo::testing {
 namespace {
@@ -27,9 +28,7 @@ class PrintOutcome : public Situation {
   void ExpectTold() {
     EXPECT_EQ(windows->ScriptsLeft(), 0U);
     EXPECT_EQ(caption_, "Afdrukken...");
-    EXPECT_EQ(told_,
-              "De afdrukserver is niet bereikbaar.\nControleer of de afdrukserver en het netwerk "
-              "werken en druk het document daarna opnieuw af.");
+    EXPECT_EQ(told_, std::string(kFailureWithoutPrinters) + ".\n" + kAdviceWithoutPrinters);
   }
 
   PrintReport report;
@@ -49,7 +48,7 @@ TEST_F(PrintOutcome, AFailureOfTheHostsPrintingIsToldOnTheScreenAndToTheHost) {
   print.VsPrintFile(4);
   ExpectTold();
   EXPECT_EQ(report.PrintOutcome(), kPrintingFailed);
-  EXPECT_EQ(report.Description(), "De afdrukserver is niet bereikbaar");
+  EXPECT_EQ(report.Description(), kFailureWithoutPrinters);
   EXPECT_EQ(report.Printer(), "");
   EXPECT_EQ(report.Copies(), 4);
   EXPECT_EQ(report.PrintedCopies(), 0);
@@ -87,7 +86,7 @@ TEST_F(PrintOutcome, IsThereForLateBoundHostsInAnyCase) {
   Object& object = report;
   EXPECT_EQ(object.GetMember("PrintOutcome"), Variant(kPrintingFailed));
   EXPECT_EQ(object.CallMember("printoutcome", {}), Variant(kPrintingFailed));
-  EXPECT_EQ(object.GetMember("Description"), Variant("De afdrukserver is niet bereikbaar"));
+  EXPECT_EQ(object.GetMember("Description"), Variant(kFailureWithoutPrinters));
   EXPECT_EQ(object.GetMember("Printer"), Variant(""));
   EXPECT_EQ(object.GetMember("Copies"), Variant(std::int16_t{2}));
   EXPECT_EQ(object.GetMember("PrintedCopies"), Variant(std::int16_t{0}));
