@@ -1,5 +1,8 @@
 // A script that the system's script host runs.
+#include <string_view>
+
 #include "automation_test.h"
+#include "support/shell/shell.h"
 
 namespace pagivo::automation::testing {
 namespace {
@@ -40,11 +43,20 @@ std::string OutputOf(std::wstring commandLine) {
   return text;
 }
 
+// What a script writes that makes script.pdf.
+std::string OutputOfScript(std::string_view script) {
+  return OutputOf(L"cscript.exe //nologo \"Z:" + std::wstring(script.begin(), script.end()) +
+                  L"\" script.pdf");
+}
+
 TEST(Script, CallsEveryMethod) {
-  const std::string script = PAGIVO_EVERY_METHOD;
-  const std::string written = OutputOf(
-      L"cscript.exe //nologo \"Z:" + std::wstring(script.begin(), script.end()) + L"\" script.pdf");
-  EXPECT_EQ(written, "73 methoden\r\n");
+  EXPECT_EQ(OutputOfScript(PAGIVO_EVERY_METHOD), "73 methoden\r\n");
+  EXPECT_TRUE(DeleteFileW(L"script.pdf"));
+}
+
+TEST(Script, MakesAFirstDocument) {
+  EXPECT_EQ(OutputOfScript(PAGIVO_FIRST_DOCUMENT), "");
+  EXPECT_EQ(RunInShell("pdftotext script.pdf -").output, "Goedemorgen\n\n\f");
   EXPECT_TRUE(DeleteFileW(L"script.pdf"));
 }
 
