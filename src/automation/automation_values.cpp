@@ -69,13 +69,15 @@ Variant ReadNumber(const VARIANT& value) {
   return V_R8(&number.Get());
 }
 
-Variant ReadAnyObject(const VARIANT& value) {
+// A picture is one itself: its own default property, a handle, means nothing to us.
+Variant ReadAnyObject(const VARIANT& value, int mostDefaultProperties = kMostDefaultProperties) {
   if (ObjectRef picture = ReadPicture(V_UNKNOWN(&value))) return picture;
-  OwnedValue behind;
-  const VARIANT& result = ValueBehindObjects(value, behind);
-  if (!IsObject(result)) return ReadAnyValue(result);
-  if (ObjectRef picture = ReadPicture(V_UNKNOWN(&result))) return picture;
-  return MakeHostObject(V_UNKNOWN(&result));
+  OwnedValue next;
+  if (mostDefaultProperties == 0 || !ReadDefaultProperty(V_UNKNOWN(&value), next)) {
+    return MakeHostObject(V_UNKNOWN(&value));
+  }
+  return IsObject(next.Get()) ? ReadAnyObject(next.Get(), mostDefaultProperties - 1)
+                              : ReadAnyValue(next.Get());
 }
 
 Variant ReadPlainValue(const VARIANT& value) {

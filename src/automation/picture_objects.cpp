@@ -57,22 +57,67 @@ std::optional<Bytes> StoredPicture(IPicture& picture) {
   return bytes;
 }
 
+// --- The pixels of a bitmap
+
+constexpr LONG kBytesPerPixel = 3;
+
+BITMAPINFO LayoutOf(LONG width, LONG height) {
+  BITMAPINFO layout{};
+  layout.bmiHeader.biSize = sizeof layout.bmiHeader;
+  layout.bmiHeader.biWidth = width;
+  layout.bmiHeader.biHeight = height;
+  layout.bmiHeader.biPlanes = 1;
+  layout.bmiHeader.biBitCount = kBytesPerPixel * 8;
+  return layout;
+}
+
+bool IsBitmapFile(const Bytes& file) {
+  return file.size() > 2 && file[0] == 'B' && file[1] == 'M';
+}
+
+// The bitmap as a file. None for one whose file would be too large, which is drawn smaller then.
+std::optional<Bytes> FileOfBitmap(HBITMAP bitmap) {
+  constexpr std::int64_t kMostPixelBytes = 1 << 30;
+  BITMAP properties{};
+  if (GetObjectW(bitmap, sizeof properties, &properties) == 0) return std::nullopt;
+  const LONG height = properties.bmHeight;
+  BITMAPINFO layout = LayoutOf(properties.bmWidth, height);
+  const std::int64_t rowBytes = (std::int64_t{properties.bmWidth} * kBytesPerPixel + 3) / 4 * 4;
+  if (rowBytes * height > kMostPixelBytes) return std::nullopt;
+  BITMAPFILEHEADER start{};
+  start.bfType = 0x4D42;  // "BM"
+  start.bfOffBits = sizeof start + sizeof layout.bmiHeader;
+  start.bfSize = static_cast<DWORD>(start.bfOffBits + rowBytes * height);
+  Bytes file(start.bfSize);
+  const HDC dc = CreateCompatibleDC(nullptr);
+  const int rows = GetDIBits(dc, bitmap, 0, static_cast<UINT>(height),
+                             file.data() + start.bfOffBits, &layout, DIB_RGB_COLORS);
+  DeleteDC(dc);
+  if (rows != height) return std::nullopt;
+  std::memcpy(file.data(), &start, sizeof start);
+  std::memcpy(file.data() + sizeof start, &layout.bmiHeader, sizeof layout.bmiHeader);
+  return file;
+}
+
+std::optional<Bytes> PixelsOfBitmap(IPicture& picture) {
+  OLE_HANDLE handle = 0;
+  if (FAILED(picture.get_Handle(&handle))) return std::nullopt;
+  // Handles have 32 bits of meaning, also where they are wider.
+  return FileOfBitmap(reinterpret_cast<HBITMAP>(static_cast<LONG_PTR>(static_cast<LONG>(handle))));
+}
+
 // --- A picture drawn, for those that are no pixels
 
 // A bitmap of the system's that is drawn on, white at first.
 class Canvas {
  public:
   Canvas(LONG width, LONG height) : dc_(CreateCompatibleDC(nullptr)) {
-    header_.biSize = sizeof header_;
-    header_.biWidth = width;
-    header_.biHeight = height;
-    header_.biPlanes = 1;
-    header_.biBitCount = kBitsPerPixel;
-    const auto* info = reinterpret_cast<const BITMAPINFO*>(&header_);
-    bitmap_ = CreateDIBSection(dc_, info, DIB_RGB_COLORS, &pixels_, nullptr, 0);
+    const BITMAPINFO layout = LayoutOf(width, height);
+    void* pixels = nullptr;
+    bitmap_ = CreateDIBSection(dc_, &layout, DIB_RGB_COLORS, &pixels, nullptr, 0);
     if (bitmap_ == nullptr) return;
     before_ = SelectObject(dc_, bitmap_);
-    std::memset(pixels_, 0xFF, PixelBytes());
+    PatBlt(dc_, 0, 0, width, height, WHITENESS);
   }
   ~Canvas() {
     if (bitmap_ != nullptr) {
@@ -87,33 +132,16 @@ class Canvas {
   bool IsMade() const { return bitmap_ != nullptr; }
   HDC Dc() const { return dc_; }
 
-  // The bitmap as a file.
-  Bytes AsFile() const {
-    GdiFlush();
-    BITMAPFILEHEADER file{};
-    file.bfType = 0x4D42;  // "BM"
-    file.bfOffBits = sizeof file + sizeof header_;
-    file.bfSize = static_cast<DWORD>(file.bfOffBits + PixelBytes());
-    Bytes bytes(file.bfSize);
-    std::memcpy(bytes.data(), &file, sizeof file);
-    std::memcpy(bytes.data() + sizeof file, &header_, sizeof header_);
-    std::memcpy(bytes.data() + file.bfOffBits, pixels_, PixelBytes());
-    return bytes;
+  // What was drawn, as a file; nothing more can be drawn then.
+  std::optional<Bytes> TakeFile() {
+    SelectObject(dc_, before_);  // a bitmap is read while nobody draws on it
+    return FileOfBitmap(bitmap_);
   }
 
  private:
-  static constexpr WORD kBitsPerPixel = 32;
-
-  std::size_t PixelBytes() const {
-    return std::size_t{4} * static_cast<std::size_t>(header_.biWidth) *
-           static_cast<std::size_t>(header_.biHeight);
-  }
-
   HDC dc_;
-  BITMAPINFOHEADER header_{};
   HBITMAP bitmap_ = nullptr;
   HGDIOBJ before_ = nullptr;
-  void* pixels_ = nullptr;
 };
 
 LONG PixelsOf(LONG himetric) {
@@ -130,13 +158,27 @@ std::optional<Bytes> DrawnPicture(IPicture& picture) {
   }
   const LONG columns = PixelsOf(width);
   const LONG rows = PixelsOf(height);
-  const Canvas canvas(columns, rows);
+  Canvas canvas(columns, rows);
   // A picture's own vertical axis points up.
   if (!canvas.IsMade() || FAILED(picture.Render(canvas.Dc(), 0, 0, columns, rows, 0, height, width,
                                                 -height, nullptr))) {
     return std::nullopt;
   }
-  return canvas.AsFile();
+  return canvas.TakeFile();
+}
+
+// --- A picture as a file
+
+bool IsDrawing(SHORT kind) {
+  return kind == PICTYPE_METAFILE || kind == PICTYPE_ENHMETAFILE;
+}
+
+// A bitmap's own pixels are taken unless it is stored as another kind of file: storing one of 32
+// bits, some systems leave out the masks that its file announces.
+std::optional<Bytes> FileOf(IPicture& picture, SHORT kind) {
+  std::optional<Bytes> file = IsDrawing(kind) ? std::nullopt : StoredPicture(picture);
+  if (kind == PICTYPE_BITMAP && (!file || IsBitmapFile(*file))) file = PixelsOfBitmap(picture);
+  return file ? file : DrawnPicture(picture);
 }
 
 // --- Pictures of equal contents
@@ -172,11 +214,9 @@ ObjectRef ReadPicture(IUnknown* object) {
   SHORT kind = PICTYPE_UNINITIALIZED;
   picture->get_Type(&kind);
   if (kind == PICTYPE_NONE) return CurrentPlatform().loadPicture("");
-  const bool isDrawing = kind == PICTYPE_METAFILE || kind == PICTYPE_ENHMETAFILE;
-  std::optional<Bytes> bytes = isDrawing ? std::nullopt : StoredPicture(*picture.Get());
-  if (!bytes) bytes = DrawnPicture(*picture.Get());
+  const std::optional<Bytes> file = FileOf(*picture.Get(), kind);
   try {
-    return bytes ? Decoded(*bytes) : nullptr;
+    return file ? Decoded(*file) : nullptr;
   } catch (const Error&) {  // of what the host has loaded in some other way
     return nullptr;
   }

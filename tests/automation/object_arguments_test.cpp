@@ -49,14 +49,5 @@ TEST_F(ObjectArguments, WithoutDefaultPropertyAreNoValues) {
   EXPECT_EQ(Print(L"VsPPSetScaleMode", {&endless}).code, HostError(13));
 }
 
-TEST_F(ObjectArguments, DrawNothingWhenTheyAreNoPictures) {
-  HostObject noPicture;
-  EXPECT_EQ(Print(L"VsPPRealPicture", {&noPicture, 0.0, 0.0, 10.0, 10.0}).status, S_OK);
-  EXPECT_EQ(Print(L"VsPPRealPicture", {L"foto", 0.0, 0.0, 10.0, 10.0}).status, S_OK);
-  EXPECT_EQ(
-      Print(L"VsPPRealPicture", {static_cast<IUnknown*>(nullptr), 0.0, 0.0, 10.0, 10.0}).status,
-      S_OK);
-}
-
 }  // namespace
 }  // namespace pagivo::automation::testing
