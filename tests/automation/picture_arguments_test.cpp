@@ -2,8 +2,8 @@
 #include <olectl.h>
 
 #include <array>
-#include <fstream>
 #include <cstdint>
+#include <fstream>
 #include <string>
 #include <vector>
 
