@@ -1,6 +1,7 @@
 // The methods of PgPrint as late-bound callers see them.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +15,20 @@ namespace pagivo {
 
 // The first method's dispatch id; those of the others follow it one by one.
 inline constexpr std::int32_t kFirstDispatchId = 0x60030000;
+
+constexpr std::size_t CountNames(std::string_view names) {
+  return names.empty() ? 0 : 1 + static_cast<std::size_t>(std::ranges::count(names, ' '));
+}
+
+// The name of a parameter, for callers that name their arguments; empty where a row tells none.
+constexpr std::string_view ParameterName(const MemberSignature& signature, std::size_t index) {
+  std::string_view names = signature.parameterNames;
+  for (; index > 0; --index) {
+    const std::size_t end = names.find(' ');
+    names = end == std::string_view::npos ? std::string_view() : names.substr(end + 1);
+  }
+  return names.substr(0, names.find(' '));
+}
 
 namespace method_table {
 

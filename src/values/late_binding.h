@@ -110,22 +110,6 @@ struct Member : MemberSignature {
   Variant (*invoke)(const MemberSignature& signature, Class& object, std::span<Variant> arguments);
 };
 
-// --- The names of parameters, for callers that name their arguments ---------------------------
-
-constexpr std::size_t CountNames(std::string_view names) {
-  return names.empty() ? 0 : 1 + static_cast<std::size_t>(std::ranges::count(names, ' '));
-}
-
-// The name of a parameter; empty where the member's parameters have none.
-constexpr std::string_view ParameterName(const MemberSignature& signature, std::size_t index) {
-  std::string_view names = signature.parameterNames;
-  for (; index > 0; --index) {
-    const std::size_t end = names.find(' ');
-    names = end == std::string_view::npos ? std::string_view() : names.substr(end + 1);
-  }
-  return names.substr(0, names.find(' '));
-}
-
 // --- How a value of each type is bound --------------------------------------------------------
 
 // A binding says what kind T is and what is kept of an argument while a member runs.
