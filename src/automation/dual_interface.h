@@ -8,7 +8,9 @@
 #include <oaidl.h>
 
 #include <array>
+#include <cstddef>
 #include <cstring>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -31,42 +33,12 @@ HRESULT CallFromSlot(const DualInterface& self, const Member<PgPrint>& method,
 
 // --- The types of automation, by kind ---------------------------------------------------------
 
+// In the order of ValueKind.
+using AutomationTypes = std::tuple<void, VARIANT_BOOL, SHORT, LONG, FLOAT, DOUBLE, BSTR, VARIANT,
+                                   IDispatch*, SAFEARRAY*, SAFEARRAY*, SAFEARRAY*>;
+
 template <ValueKind kKind>
-struct AutomationType {
-  using Type = SAFEARRAY*;
-};
-template <>
-struct AutomationType<ValueKind::Boolean> {
-  using Type = VARIANT_BOOL;
-};
-template <>
-struct AutomationType<ValueKind::Integer> {
-  using Type = SHORT;
-};
-template <>
-struct AutomationType<ValueKind::Long> {
-  using Type = LONG;
-};
-template <>
-struct AutomationType<ValueKind::Single> {
-  using Type = FLOAT;
-};
-template <>
-struct AutomationType<ValueKind::Double> {
-  using Type = DOUBLE;
-};
-template <>
-struct AutomationType<ValueKind::String> {
-  using Type = BSTR;
-};
-template <>
-struct AutomationType<ValueKind::Variant> {
-  using Type = VARIANT;
-};
-template <>
-struct AutomationType<ValueKind::Object> {
-  using Type = IDispatch*;
-};
+using AutomationType = std::tuple_element_t<static_cast<std::size_t>(kKind), AutomationTypes>;
 
 // --- The slot of one method -------------------------------------------------------------------
 
@@ -78,7 +50,7 @@ constexpr Parameter kParameterOf = method_table::kRows[kMethod].parameterSlots[k
 
 template <Parameter kParameter>
 struct PassedParameter {
-  using Value = typename AutomationType<kParameter.kind>::Type;
+  using Value = AutomationType<kParameter.kind>;
   static constexpr bool kIsPointer = kParameter.passing != Passing::ByValue;
   using Type = std::conditional_t<kIsPointer, Value*, Value>;
 
@@ -148,7 +120,7 @@ struct MethodSlot<kMethod, std::index_sequence<kIndex...>> {
     if constexpr (kResult == ValueKind::Nothing) {
       return reinterpret_cast<const void*>(&Procedure);
     } else {
-      using Result = typename AutomationType<kResult>::Type;
+      using Result = AutomationType<kResult>;
       return reinterpret_cast<const void*>(&Function<Result>::Run);
     }
   }
