@@ -4,6 +4,7 @@
 
 #include "automation/automation_values.h"
 #include "automation/safe_arrays.h"
+#include "values/errors.h"
 
 namespace pagivo::automation {
 namespace {
@@ -48,19 +49,22 @@ void PutArgument(const Parameter& parameter, VARIANTARG& given, const Variant& b
 
 void CallMethod(PgPrint& print, const Member<PgPrint>& method, const PlacedArguments& given,
                 VARIANT* result, LCID locale) {
-  const std::span<const Parameter> parameters = method.Parameters();
-  std::array<Variant, kMaximumParameters> arguments;
-  std::array<Variant, kMaximumParameters> before;
-  for (std::size_t i = 0; i < parameters.size(); ++i) {
-    arguments.at(i) = ReadArgument(method, i, given.at(i), locale);
-    if (parameters[i].passing == Passing::WrittenBack) before.at(i) = arguments.at(i);
-  }
-  const Variant answer = InvokeMember(method, print, std::span(arguments).first(parameters.size()));
-  for (std::size_t i = 0; i < parameters.size(); ++i) {
-    if (parameters[i].passing != Passing::WrittenBack || given.at(i) == nullptr) continue;
-    PutArgument(parameters[i], *given.at(i), before.at(i), arguments.at(i), locale);
-  }
-  if (result != nullptr) *result = MakeVariant(answer);
+  CountingLosses([&] {
+    const std::span<const Parameter> parameters = method.Parameters();
+    std::array<Variant, kMaximumParameters> arguments;
+    std::array<Variant, kMaximumParameters> before;
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+      arguments.at(i) = ReadArgument(method, i, given.at(i), locale);
+      if (parameters[i].passing == Passing::WrittenBack) before.at(i) = arguments.at(i);
+    }
+    const Variant answer =
+        InvokeMember(method, print, std::span(arguments).first(parameters.size()));
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+      if (parameters[i].passing != Passing::WrittenBack || given.at(i) == nullptr) continue;
+      PutArgument(parameters[i], *given.at(i), before.at(i), arguments.at(i), locale);
+    }
+    if (result != nullptr) *result = MakeVariant(answer);
+  });
 }
 
 }  // namespace pagivo::automation

@@ -39,6 +39,18 @@ bool TrueOnError(Condition&& condition) {
   }
 }
 
+// What is thrown goes on to the caller: a statement whose arguments there is no memory for is as
+// lost as one that cannot be carried out.
+template <typename Statement>
+decltype(auto) CountingLosses(Statement&& statement) {
+  try {
+    return std::forward<Statement>(statement)();
+  } catch (...) {
+    CountLostStatement();
+    throw;
+  }
+}
+
 // Raises the exception that is being handled: as it is if it is an Error, for want of memory as
 // ErrorNumber::OutOfMemory, any other as ErrorNumber::InvalidArgument with its own description.
 [[noreturn]] void RaiseAsError();
