@@ -1,7 +1,8 @@
 # The outside libraries, each behind one seam (see docs/architecture.md).
 find_package(PkgConfig REQUIRED)
 if(WIN32)
-  set(PAGIVO_LIBRARIES_OF_SYSTEM dwrite windowscodecs ole32 oleaut32 uuid)
+  set(PAGIVO_LIBRARIES_OF_SYSTEM dwrite windowscodecs ole32 oleaut32 uuid
+    ssp)  # the compiler's, for guarded stacks
 else()
   pkg_check_modules(Fontconfig REQUIRED IMPORTED_TARGET fontconfig)
   set(PAGIVO_LIBRARIES_OF_SYSTEM PkgConfig::Fontconfig)

@@ -47,9 +47,15 @@ endfunction()
 
 set(description "In-process print component: compose, preview, print and export documents")
 set(qt_description "The print component's windows in Qt 6")
+if(WIN32)
+  list(TRANSFORM PAGIVO_LIBRARIES_OF_SYSTEM PREPEND " -l" OUTPUT_VARIABLE libs_of_system)
+  string(JOIN "" libs_of_system ${libs_of_system})
+else()
+  set(packages_of_system "fontconfig ")
+endif()
 pagivo_pkg_config(pagivo NAME "Pagivo" DESCRIPTION "${description}"
-  REQUIRES "fontconfig freetype2 harfbuzz harfbuzz-subset fribidi cairo libpng libjpeg libdeflate"
-  LIBS "-l:libpagivo.a")
+  REQUIRES "${packages_of_system}freetype2 harfbuzz harfbuzz-subset fribidi cairo libpng libjpeg libdeflate"
+  LIBS "-l:libpagivo.a${libs_of_system}")
 if(PAGIVO_SHARED)
   pagivo_pkg_config(pagivo-shared NAME "Pagivo, shared" DESCRIPTION "${description}" LIBS -lpagivo)
 endif()
