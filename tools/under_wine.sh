@@ -45,14 +45,20 @@ make_prefix() {
   copy_fonts /usr/share/wine/fonts/*.ttf
   # A server that still runs knows the settings of before.
   /usr/lib/wine/wineserver -k || true
-  touch "$WINEPREFIX/complete"
+  recipe >"$WINEPREFIX/complete"
+}
+
+# What a prefix is made by: one that was made otherwise, by an older project in the same folder, lacks
+# what programs rely on, and is made anew.
+recipe() {
+  declare -f copy_fonts make_prefix
 }
 
 # Several programs may start at once.
 mkdir -p "$(dirname "$WINEPREFIX")"
 exec 9>"$WINEPREFIX.lock"
 flock 9
-if [ ! -f "$WINEPREFIX/complete" ]; then
+if ! recipe | cmp -s - "$WINEPREFIX/complete"; then
   trap 'tail -n 20 "$WINEPREFIX.log" >&2' EXIT
   make_prefix >"$WINEPREFIX.log" 2>&1
 fi

@@ -14,10 +14,10 @@ namespace {
 
 constexpr ULONGLONG kPatience = 60'000;  // milliseconds
 constexpr DWORD kBetweenLooks = 2;
+constexpr std::string_view kDrive = "Z:/";
 
 // The names that Linux has for the files of a line.
 std::string OnLinux(std::string text) {
-  constexpr std::string_view kDrive = "Z:/";
   for (std::size_t at = text.find(kDrive); at != std::string::npos; at = text.find(kDrive, at)) {
     text.erase(at, kDrive.size() - 1);
   }
@@ -42,6 +42,7 @@ ShellOutcome RunInShell(const std::string& line) {
   const ScratchFolder folder;
   const std::string output = folder.FileNamed("output");
   const std::string status = folder.FileNamed("status");
+  if (!status.starts_with(kDrive)) throw std::runtime_error("Linux cannot find " + status);
   std::ofstream(folder.FileNamed("script"), std::ios::binary)
       << OnLinux("(" + line + "\n) >" + output + " 2>&1\n" + "echo $? >" + status + ".new\n" +
                  "mv " + status + ".new " + status + "\n");
