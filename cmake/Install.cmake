@@ -50,11 +50,12 @@ set(qt_description "The print component's windows in Qt 6")
 if(WIN32)
   list(TRANSFORM PAGIVO_LIBRARIES_OF_SYSTEM PREPEND " -l" OUTPUT_VARIABLE libs_of_system)
   string(JOIN "" libs_of_system ${libs_of_system})
+  set(packages_of_system "cairo ")
 else()
   set(packages_of_system "fontconfig ")
 endif()
 pagivo_pkg_config(pagivo NAME "Pagivo" DESCRIPTION "${description}"
-  REQUIRES "${packages_of_system}freetype2 harfbuzz harfbuzz-subset fribidi cairo libpng libjpeg libdeflate"
+  REQUIRES "${packages_of_system}freetype2 harfbuzz harfbuzz-subset fribidi libpng libjpeg libdeflate"
   LIBS "-l:libpagivo.a${libs_of_system}")
 if(PAGIVO_SHARED)
   pagivo_pkg_config(pagivo-shared NAME "Pagivo, shared" DESCRIPTION "${description}" LIBS -lpagivo)

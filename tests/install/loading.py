@@ -12,8 +12,8 @@ import unittest
 import elf
 
 FILES = sys.argv[1:]
-LATE = ["libcups", "libgnutls", "librsvg", "libgdk_pixbuf", "libxml2"]
-MOST = 34  # libraries, the system's own among them; with the late ones there were 75
+LATE = ["libcups", "libgnutls", "librsvg", "libgdk_pixbuf", "libxml2", "libcairo"]
+MOST = 22  # libraries, the system's own among them; with the late ones there were 75
 
 
 class Loading(unittest.TestCase):

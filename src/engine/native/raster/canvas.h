@@ -1,13 +1,12 @@
 // A bitmap that is drawn into by cairo and by our own code in turn, and how a page lies on it.
 #pragma once
 
-#include <cairo.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <memory>
 
+#include "engine/native/cairo/cairo_library.h"
 #include "engine/native/document/geometry.h"
 #include "engine/native/raster/bitmap_player.h"
 #include "engine/native/raster/blend.h"

@@ -1,13 +1,12 @@
 // Pictures on a canvas: made as small as they are shown, and kept so.
 #pragma once
 
-#include <cairo.h>
-
 #include <cstdint>
 #include <list>
 #include <memory>
 #include <vector>
 
+#include "engine/native/cairo/cairo_library.h"
 #include "engine/native/document/geometry.h"
 #include "engine/native/pictures/picture_image.h"
 #include "engine/native/raster/canvas.h"

@@ -1,11 +1,10 @@
 #include "engine/native/raster/png_file.h"
 
-#include <cairo.h>
-
 #include <memory>
 #include <new>
 #include <vector>
 
+#include "engine/native/cairo/cairo_library.h"
 #include "pagivo/error.h"
 #include "system/host_files.h"
 
@@ -28,7 +27,7 @@ cairo_status_t Append(void* target, const unsigned char* bytes, unsigned int cou
 // Memory is all that encoding can lack.
 Bytes Encode(const Bitmap& bitmap) {
   Bitmap copy = bitmap;  // cairo asks for pixels that it could change
-  const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+  const std::unique_ptr<cairo_surface_t, decltype(&::cairo_surface_destroy)> surface(
       cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(copy.pixels.data()),
                                           CAIRO_FORMAT_ARGB32, copy.width, copy.height,
                                           4 * copy.width),

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/native/cairo/cairo_library.h"
 #include "engine/native/pictures/picture_bytes.h"
 #include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/picture_loader.h"
