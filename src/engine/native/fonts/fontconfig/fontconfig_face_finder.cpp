@@ -43,6 +43,26 @@ bool IsUsable(const FcPattern* face) {
          !StringOf(face, FC_FILE).empty() && (IntegerOf(face, FC_INDEX, 0) >> 16) == 0;
 }
 
+bool HasCacheFolder(FcConfig* config) {
+  FcStrList* const folders = FcConfigGetCacheDirs(config);
+  const bool found = folders != nullptr && FcStrListNext(folders) != nullptr;
+  if (folders != nullptr) FcStrListDone(folders);
+  return found;
+}
+
+// A configuration of our own: the host may use fontconfig in its own way. Fontconfig's function for
+// it goes on to read the rules that lie ready but are not in force, only to be able to list them,
+// which is more than a third of its work. It is called where fontconfig must do without a sound
+// configuration.
+Config LoadConfig() {
+  Config config(FcConfigCreate());
+  if (config && FcConfigParseAndLoad(config.get(), nullptr, FcTrue) != FcFalse &&
+      HasCacheFolder(config.get()) && FcConfigBuildFonts(config.get()) != FcFalse) {
+    return config;
+  }
+  return Config(FcInitLoadConfigAndFonts());
+}
+
 FontSet UsableFaces(FcConfig* config) {
   FontSet usable(FcFontSetCreate());
   for (const FcSetName name : {FcSetSystem, FcSetApplication}) {
@@ -100,9 +120,8 @@ class FontconfigFaceFinder final : public FaceFinder {
   // Hosts may ask for any number of names; then their orders are made anew.
   static constexpr std::size_t kMostOrders = 256;
 
-  // A configuration of our own: the host may use fontconfig in its own way.
   void Load() {
-    config_.reset(FcInitLoadConfigAndFonts());
+    config_ = LoadConfig();
     faces_ = UsableFaces(config_.get());
   }
 

@@ -80,6 +80,15 @@ TEST(FontconfigFaceFinder, KeepsItsOrderWhateverTheLanguageOfTheEnvironment) {
   EXPECT_EQ(order("ja_JP.UTF-8"), order("nl_NL.UTF-8"));
 }
 
+TEST(FontconfigFaceFinder, FindsTheUsualFacesWhereThereIsNoConfiguration) {
+  const ScratchFolder folder;
+  setenv("FONTCONFIG_FILE", folder.FileNamed("missing.conf").c_str(), 1);
+  const auto finder = MakeFaceFinder();
+  unsetenv("FONTCONFIG_FILE");
+  EXPECT_THAT(finder->Find(Family("Liberation Sans"), 0).value().path,
+              EndsWith("LiberationSans-Regular.ttf"));
+}
+
 TEST(FontconfigFaceFinder, FindsNothingOnAMachineWithoutFonts) {
   const ScratchFolder folder;
   const std::string path = folder.FileNamed("no_fonts.conf");
