@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <cstring>
 
 #include "values/characters.h"
 
@@ -31,6 +32,56 @@ int CountDigits(std::uint64_t number) {
   return digits;
 }
 
+// The digits of the numbers below a thousand without zeros before them, and how many there are.
+constexpr std::size_t kTripleCount = 1000;
+constexpr auto kTriples = [] {
+  std::array<std::array<char, 4>, kTripleCount> triples{};
+  for (std::size_t number = 0; number < kTripleCount; ++number) {
+    std::array<char, 4>& triple = triples[number];
+    const std::size_t digits = number < 10 ? 1 : number < 100 ? 2 : 3;
+    triple[3] = static_cast<char>(digits);
+    for (std::size_t rest = number, i = digits; i-- > 0; rest /= 10) {
+      triple[i] = static_cast<char>('0' + rest % 10);
+    }
+  }
+  return triples;
+}();
+
+// Needs room for four.
+char* WriteTriple(char* out, std::uint64_t number) {
+  const std::array<char, 4>& triple = kTriples[number];
+  std::memcpy(out, triple.data(), triple.size());
+  return out + triple[3];
+}
+
+char* WriteHundredths(char* out, std::uint64_t hundredths) {
+  const std::uint64_t whole = hundredths / 100;
+  const std::uint64_t rest = hundredths % 100;
+  if (whole != 0 || rest == 0) out = WriteTriple(out, whole);
+  if (rest == 0) return out;
+  *out++ = '.';
+  *out++ = static_cast<char>('0' + rest / 10);
+  if (rest % 10 != 0) *out++ = static_cast<char>('0' + rest % 10);
+  return out;
+}
+
+// From the last digit to the first, for that is how they come out of a number.
+char* WriteDigits(char* out, std::uint64_t rest, int decimals) {
+  for (; decimals > 0 && rest % 10 == 0; rest /= 10) --decimals;
+
+  const int point = decimals > 0 ? 1 : 0;
+  char* const end = out + std::max(CountDigits(rest), decimals) + point;
+  char* next = end;
+  const auto putDigit = [&] {
+    *--next = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  };
+  for (int i = 0; i < decimals; ++i) putDigit();
+  if (point != 0) *--next = '.';
+  while (next != out) putDigit();
+  return end;
+}
+
 void AppendUtf16Unit(std::string& out, char32_t unit) {
   AppendHexByte(out, static_cast<unsigned>(unit >> 8));
   AppendHexByte(out, static_cast<unsigned>(unit & 0xFF));
@@ -53,25 +104,15 @@ void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
   out.append(begin, static_cast<std::size_t>(WriteDecimal(begin, value, decimals) - begin));
 }
 
-// From the last digit to the first, for that is how they come out of a number.
+// Most numbers of a page are whole or in hundredths, and below a thousand: their digits are looked up.
 char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   assert(decimals >= 0 && decimals <= 9);
   if (value < 0) *out++ = '-';
-  std::uint64_t rest =
+  const std::uint64_t number =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-  for (; decimals > 0 && rest % 10 == 0; rest /= 10) --decimals;
-
-  const int point = decimals > 0 ? 1 : 0;
-  char* const end = out + std::max(CountDigits(rest), decimals) + point;
-  char* next = end;
-  const auto putDigit = [&] {
-    *--next = static_cast<char>('0' + rest % 10);
-    rest /= 10;
-  };
-  for (int i = 0; i < decimals; ++i) putDigit();
-  if (point != 0) *--next = '.';
-  while (next != out) putDigit();
-  return end;
+  if (decimals == 0 && number < kTripleCount) return WriteTriple(out, number);
+  if (decimals == 2 && number < 100 * kTripleCount) return WriteHundredths(out, number);
+  return WriteDigits(out, number, decimals);
 }
 
 std::u32string DecodeText(std::string_view text) {
