@@ -10,8 +10,13 @@
 namespace pagivo::native {
 namespace {
 
+using namespace std::string_view_literals;  // which are appended without counting them first
+
 // Readers may refuse strings of 32,768 bytes and arrays of 8,192 elements.
 constexpr std::size_t kLongestString = 8000;
+
+// Before the number of a font.
+constexpr std::string_view kFontName = "/F";
 
 // Three decimals tell the 256 levels apart.
 std::int64_t ThousandthsOf(std::uint8_t level) {
@@ -52,7 +57,7 @@ class Operation {
 }  // namespace
 
 std::string FontName(std::uint16_t number) {
-  return "F" + std::to_string(number);
+  return std::string(kFontName.substr(1)) + std::to_string(number);
 }
 
 void ContentStream::Begin() {
@@ -215,7 +220,7 @@ void ContentStream::EndText() {
   assert(mode_ != Mode::Path && !inActualText_);
   if (mode_ == Mode::Page) return;
   EndString();
-  bytes_ += "ET\n";
+  bytes_ += "ET\n"sv;
   mode_ = Mode::Page;
 }
 
@@ -242,9 +247,8 @@ void ContentStream::FillGlyphs() {
 
 void ContentStream::WriteFont(std::uint16_t number, std::int64_t size) {
   EndString();
-  AppendObject(bytes_, PdfName{FontName(number)});
-  AppendObject(bytes_, PdfDecimal{size, 3});
-  bytes_ += " Tf\n";
+  bytes_ += kFontName;
+  Operation().Number(number, 0).Number(size, 3).AppendTo(bytes_, "Tf\n");
   font_ = number;
   fontSize_ = size;
 }
@@ -254,7 +258,7 @@ void ContentStream::StartLine(PdfPoint start, double slant) {
   assert(mode_ != Mode::Path);
   EndString();
   if (mode_ == Mode::Page) {
-    bytes_ += "BT\n";
+    bytes_ += "BT\n"sv;
     mode_ = Mode::Text;
     lineStart_ = {};
     lineSlant_ = 0;
@@ -282,14 +286,14 @@ void ContentStream::MovePenBack(std::int64_t distance, int decimals) {
 
 void ContentStream::OpenString() {
   assert(mode_ == Mode::Text);
-  bytes_ += "[(";
+  bytes_ += "[("sv;
   stringBegin_ = bytes_.size();
   mode_ = Mode::String;
 }
 
 void ContentStream::EndString() {
   if (mode_ != Mode::String) return;
-  bytes_ += ")]TJ\n";
+  bytes_ += ")]TJ\n"sv;
   mode_ = Mode::Text;
 }
 

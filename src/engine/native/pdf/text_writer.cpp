@@ -23,6 +23,12 @@ std::size_t CountCodePoints(std::string_view text) {
   return count;
 }
 
+// As std::llround, which would be a call. The largest number below a half takes no number to the next
+// whole one that is not halfway there, and halves get there because their sum is rounded up.
+std::int64_t RoundAway(double value) {
+  return static_cast<std::int64_t>(value + std::copysign(0.49999999999999994, value));
+}
+
 }  // namespace
 
 void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
@@ -186,10 +192,10 @@ void TextWriter::DrawGlyphs(const Cluster& cluster, std::string_view text, Pen p
 void TextWriter::PlacePen(Pen pen) {
   if (pen.y != penY_) {
     penY_ = pen.y;
-    baseline_ = std::llround(pen.y * 100);
+    baseline_ = RoundAway(pen.y * 100);
   }
   if (!stream_.IsOnLine(baseline_, slant_)) {
-    const Hundredths start = std::llround(pen.x * 100);
+    const Hundredths start = RoundAway(pen.x * 100);
     stream_.StartLine({start, baseline_}, slant_);
     readerPen_ = static_cast<double>(start) / 100;
   }
@@ -198,7 +204,7 @@ void TextWriter::PlacePen(Pen pen) {
 
   const int decimals = static_cast<double>(size_) < kLargeSize * 1000 ? 0 : 1;
   const double steps = decimals == 0 ? 1 : 10;
-  const std::int64_t distance = std::llround(-gap / thousandthToPage_ * steps);
+  const std::int64_t distance = RoundAway(-gap / thousandthToPage_ * steps);
   stream_.MovePenBack(distance, decimals);
   readerPen_ -= static_cast<double>(distance) / steps * thousandthToPage_;
 }
