@@ -23,8 +23,8 @@ std::size_t CountCodePoints(std::string_view text) {
   return count;
 }
 
-// As std::llround, which would be a call. The largest number below a half takes no number to the next
-// whole one that is not halfway there, and halves get there because their sum is rounded up.
+// As std::llround, which would be a call. The largest number below a half takes no number to the
+// next whole one that is not halfway there, and halves get there because their sum is rounded up.
 std::int64_t RoundAway(double value) {
   return static_cast<std::int64_t>(value + std::copysign(0.49999999999999994, value));
 }
