@@ -104,7 +104,8 @@ void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
   out.append(begin, static_cast<std::size_t>(WriteDecimal(begin, value, decimals) - begin));
 }
 
-// Most numbers of a page are whole or in hundredths, and below a thousand: their digits are looked up.
+// Most numbers of a page are whole or in hundredths, and below a thousand: their digits are looked
+// up.
 char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   assert(decimals >= 0 && decimals <= 9);
   if (value < 0) *out++ = '-';
