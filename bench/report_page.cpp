@@ -3,6 +3,7 @@
 #include <png.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <random>
@@ -11,6 +12,7 @@
 namespace pagivo::bench {
 namespace {
 
+constexpr int kDifferentPages = 100;
 constexpr int kRows = 12;
 constexpr int kNumberColumns = 5;
 constexpr int kWordColumns = 6;
@@ -142,12 +144,18 @@ const std::string& ReportPicturePath() {
   return picture.path;
 }
 
-const ReportPage& ReportPageOf(int number) {
-  static const std::vector<ReportPage> pages = [] {
+const std::vector<ReportPage>& ReportPages(int count) {
+  static const std::vector<ReportPage> pages = [count] {
     std::vector<ReportPage> made;
-    for (int i = 0; i < 100; ++i) made.push_back(MakeReportPage(i + 1));
+    for (int i = 0; i < std::min(count, kDifferentPages); ++i)
+      made.push_back(MakeReportPage(i + 1));
     return made;
   }();
+  return pages;
+}
+
+const ReportPage& ReportPageOf(int number) {
+  const std::vector<ReportPage>& pages = ReportPages(kDifferentPages);
   return pages[static_cast<std::size_t>(number) % pages.size()];
 }
 

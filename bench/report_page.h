@@ -55,7 +55,9 @@ ReportPage MakeReportPage(int number);
 // first use and removed at exit.
 const std::string& ReportPicturePath();
 
-// The pages that a benchmark composes in turn: a hundred different ones, made once.
+// The pages that a benchmark composes in turn: a hundred different ones, made at first use. A
+// program that composes fewer has only those made, by asking for that many before anything else.
 const ReportPage& ReportPageOf(int number);
+const std::vector<ReportPage>& ReportPages(int count);
 
 }  // namespace pagivo::bench

@@ -23,15 +23,15 @@ double ProcessorSeconds() {
 }
 
 // What is written is the host's, and not counted.
-double SecondsOfMakingPages() {
+double SecondsOfMakingPages(int pages) {
   const double before = ProcessorSeconds();
-  ReportPageOf(0);
+  ReportPages(pages);
   ReportPicturePath();
   return ProcessorSeconds() - before;
 }
 
 int Run(int pages, const char* fileName) {
-  const double making = SecondsOfMakingPages();
+  const double making = SecondsOfMakingPages(pages);
   PAGIVO_BENCH_WRITE(pages, fileName);
   std::printf("%.1f\n", (ProcessorSeconds() - making) * 1e6 / pages);
   return 0;
