@@ -1,5 +1,6 @@
 #include "automation/method_call.h"
 
+#include <optional>
 #include <string>
 
 #include "automation/automation_values.h"
@@ -8,6 +9,12 @@
 
 namespace pagivo::automation {
 namespace {
+
+using Arguments = std::array<Variant, kMaximumParameters>;
+
+bool IsWrittenBack(const Parameter& parameter) {
+  return parameter.passing == Passing::WrittenBack;
+}
 
 bool IsArray(const Parameter& parameter) {
   return (VartypeOf(parameter.kind) & VT_ARRAY) != 0;
@@ -24,12 +31,10 @@ Variant ReadArgument(const MemberSignature& method, std::size_t index, const VAR
   const Parameter& parameter = method.Parameters()[index];
   if (given == nullptr || IsMissing(*given)) {
     if (parameter.defaultValue == DefaultValue::Required) RaiseMissingArgument(method, index);
-    return Missing;
+    return MakeDefault(parameter.defaultValue);
   }
   try {
-    if (IsArray(parameter) && parameter.passing == Passing::WrittenBack) {
-      RequireReplaceable(*given);
-    }
+    if (IsArray(parameter) && IsWrittenBack(parameter)) RequireReplaceable(*given);
     return ReadValue(*given, parameter.kind, locale);
   } catch (const Error& cause) {
     ThrowArgumentError(method, index, ReadAnyValue(*given), cause);
@@ -45,24 +50,30 @@ void PutArgument(const Parameter& parameter, VARIANTARG& given, const Variant& b
   }
 }
 
+void PutArguments(std::span<const Parameter> parameters, const PlacedArguments& given,
+                  const Arguments& before, const Arguments& after, LCID locale) {
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    if (!IsWrittenBack(parameters[i]) || given.at(i) == nullptr) continue;
+    PutArgument(parameters[i], *given.at(i), before.at(i), after.at(i), locale);
+  }
+}
+
 }  // namespace
 
+// Every argument has its value before the method is invoked, which therefore copies none of them.
 void CallMethod(PgPrint& print, const Member<PgPrint>& method, const PlacedArguments& given,
                 VARIANT* result, LCID locale) {
   CountingLosses([&] {
     const std::span<const Parameter> parameters = method.Parameters();
-    std::array<Variant, kMaximumParameters> arguments;
-    std::array<Variant, kMaximumParameters> before;
+    Arguments arguments;
     for (std::size_t i = 0; i < parameters.size(); ++i) {
       arguments.at(i) = ReadArgument(method, i, given.at(i), locale);
-      if (parameters[i].passing == Passing::WrittenBack) before.at(i) = arguments.at(i);
     }
+    std::optional<Arguments> before;  // few methods write back
+    if (std::ranges::any_of(parameters, IsWrittenBack)) before = arguments;
     const Variant answer =
-        InvokeMember(method, print, std::span(arguments).first(parameters.size()));
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-      if (parameters[i].passing != Passing::WrittenBack || given.at(i) == nullptr) continue;
-      PutArgument(parameters[i], *given.at(i), before.at(i), arguments.at(i), locale);
-    }
+        method.invoke(method, print, std::span(arguments).first(parameters.size()));
+    if (before) PutArguments(parameters, given, *before, arguments, locale);
     if (result != nullptr) *result = MakeVariant(answer);
   });
 }
