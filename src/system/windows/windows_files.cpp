@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "pagivo/error.h"
 #include "system/file_failures.h"
 #include "system/host_files.h"
 #include "system/windows/open_file.h"
@@ -116,7 +117,9 @@ FileIdentity IdentityOf(const std::string& fileName) {
 class InputFile::System {
  public:
   explicit System(const std::string& fileName)
-      : name_(fileName), file_(OpenToRead(fileName, GENERIC_READ)) {}
+      : name_(fileName), file_(OpenToRead(fileName, GENERIC_READ)) {
+    Identity();
+  }
 
   FileIdentity Identity() const { return IdentityIn(name_, file_.get()); }
 
@@ -133,10 +136,12 @@ class InputFile::System {
   Handle file_;
 };
 
-InputFile::InputFile(const std::string& fileName) {
-  IdentityOf(fileName);  // a folder that may not be read is called a folder, too
-  system_ = std::make_unique<System>(fileName);
-  system_->Identity();
+// A folder that may not be read is called a folder, too.
+InputFile::InputFile(const std::string& fileName) try
+    : system_(std::make_unique<System>(fileName)) {
+} catch (const Error&) {
+  IdentityOf(fileName);
+  throw;
 }
 
 InputFile::~InputFile() = default;
