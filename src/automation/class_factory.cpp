@@ -28,7 +28,7 @@ ULONG ClassFactory::Release() noexcept {
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** made) noexcept {
   if (made == nullptr) return E_POINTER;
   *made = nullptr;
-  return outer == nullptr ? PrintObject::Create(id, made) : CLASS_E_NOAGGREGATION;
+  return outer == nullptr ? PrintObject::Create(*this, id, made) : CLASS_E_NOAGGREGATION;
 }
 
 HRESULT ClassFactory::LockServer(BOOL lock) noexcept {

@@ -47,7 +47,9 @@ class HostObject final : public Object {
  public:
   explicit HostObject(ComPtr<IDispatch> object) : object_(std::move(object)) {}
 
+  // The component may have moved to another thread since, on which the object is not the host's.
   Variant GetMember(std::string_view name) override {
+    if (GetCurrentThreadId() != thread_) ThrowUnknownMember(name);
     std::wstring wide = ToWide(name);
     LPOLESTR names = wide.data();
     DISPID member = DISPID_UNKNOWN;
@@ -65,6 +67,7 @@ class HostObject final : public Object {
 
  private:
   ComPtr<IDispatch> object_;
+  DWORD thread_ = GetCurrentThreadId();
 };
 
 }  // namespace

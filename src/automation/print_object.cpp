@@ -65,12 +65,6 @@ const void* const* DualVtable() {
   return vtable.data();
 }
 
-HRESULT RefuseThread() {
-  LeaveError(Error(ErrorNumber::InvalidArgument,
-                   "Pagivo wordt al vanuit een andere thread van dit programma gebruikt"));
-  return RPC_E_WRONG_THREAD;
-}
-
 }  // namespace
 
 HRESULT CallFromSlot(const DualInterface& self, const Member<PgPrint>& method,
@@ -84,8 +78,8 @@ PrintObject::~PrintObject() {
   RemoveObject();
 }
 
-HRESULT PrintObject::Create(REFIID interfaceId, void** made) noexcept {
-  if (!AddObject()) return RefuseThread();
+HRESULT PrintObject::Create(IClassFactory& factory, REFIID interfaceId, void** made) noexcept {
+  if (!AddObject(factory)) return CreateAtHome(factory, interfaceId, made);
   Microsoft::WRL::ComPtr<ISupportErrorInfo> object;
   // Attach of mingw-w64's ComPtr counts a reference more.
   const HRESULT result =

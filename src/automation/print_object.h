@@ -14,9 +14,8 @@ namespace pagivo::automation {
 // loop under way.
 class PrintObject final : public ISupportErrorInfo, public IProvideClassInfo {
  public:
-  // Makes an object and gives one of its interfaces. RPC_E_WRONG_THREAD with a description when the
-  // component serves another thread.
-  static HRESULT Create(REFIID interfaceId, void** made) noexcept;
+  // Makes an object for the factory, where the others live, and gives one of its interfaces.
+  static HRESULT Create(IClassFactory& factory, REFIID interfaceId, void** made) noexcept;
 
   STDMETHODIMP QueryInterface(REFIID interfaceId, void** found) noexcept override;
   STDMETHODIMP_(ULONG) AddRef() noexcept override;

@@ -1,15 +1,20 @@
-// What keeps the server loaded, and the one thread that it serves.
+// What keeps the server loaded, and the apartment in which its objects live.
 #pragma once
 
-#include <windows.h>
+#include <unknwn.h>
 
 namespace pagivo::automation {
 
-// The component serves one thread at a time, for its module state is shared by all objects: the one
-// that made the oldest object that still lives. Takes the calling thread and counts an object;
-// false when the component belongs to another thread.
-bool AddObject() noexcept;
+// All objects live where the oldest of them was made, for they share the module state: in the
+// apartment of one thread, their home. Makes the calling thread the home when there is no object,
+// and counts one; false when the home is another thread. `factory` is what other apartments ask
+// there.
+bool AddObject(IClassFactory& factory) noexcept;
 void RemoveObject() noexcept;
+
+// Has the factory at the home make the object, and gives what the caller's apartment reaches it
+// with. RPC_E_WRONG_THREAD, with a description, where COM does not lead from the one to the other.
+HRESULT CreateAtHome(const IClassFactory& factory, REFIID interfaceId, void** made) noexcept;
 
 // References to the class factory and locks of it.
 void AddLock() noexcept;

@@ -1,7 +1,11 @@
 // Objects made and let go, threads, and when the server may be unloaded.
+#include <ocidl.h>
+
+#include <atomic>
 #include <thread>
 
 #include "automation_test.h"
+#include "host_object.h"
 
 namespace pagivo::automation::testing {
 namespace {
@@ -14,7 +18,7 @@ ComPtr<_PgPrint> MakePrint() {
 }
 
 TEST(ServerLife, MakesAndReleasesManyObjects) {
-  for (int i = 0; i < 10'000; ++i) {
+  for (int i = 0; i < 2'000; ++i) {
     _PgPrint* print = MakePrint().Detach();
     ASSERT_NE(print, nullptr);
     ASSERT_EQ(print->Release(), 0U);
@@ -29,57 +33,131 @@ TEST(ServerLife, MakesNoPartOfAnotherObject) {
       CLASS_E_NOAGGREGATION);
 }
 
-TEST(ServerLife, ServesAThreadOfTheMultithreadedApartmentThroughAProxy) {
-  HRESULT byVtable = E_FAIL;
-  Outcome byName;
-  Outcome failure;
-  SHORT pages = -1;
-  std::thread([&] {
-    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    {
-      const ComPtr<_PgPrint> print = MakePrint();
-      if (print == nullptr) return;
-      Value position(100);
-      BSTR text = SysAllocString(L"Goedemorgen");
-      Value missing = Value::Missing();
-      EXPECT_EQ(print->VsPPInit(), S_OK);
-      EXPECT_EQ(print->VsPPPrint(&text, position.Address(), position.Address(), missing.Address(),
-                                 missing.Address(), missing.Address(), missing.Address(),
-                                 missing.Address()),
-                S_OK);
-      SysFreeString(text);
-      byVtable = print->VsPPGetPageCount(&pages);
-      byName = CallWith(*print.Get(), L"VsPPGetPageCount", {});
-      failure = CallWith(*print.Get(), L"VsPPSetScaleMode", {L"zes"});
-      EXPECT_EQ(print->VsPPEinde(), S_OK);
-    }
+// --- Apartments
+
+// What the body does in a thread with an apartment of its own, while this thread serves calls.
+template <typename Body>
+void InApartment(COINIT kind, Body body) {
+  HANDLE isDone = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  std::thread thread([&] {
+    EXPECT_EQ(CoInitializeEx(nullptr, kind), S_OK);
+    body();
     CoUninitialize();
-  }).join();
-  EXPECT_EQ(byVtable, S_OK);
-  EXPECT_GE(pages, 1);
-  EXPECT_EQ(byName.result.Number(), pages);
-  EXPECT_EQ(failure.code, HostError(13));
+    SetEvent(isDone);
+  });
+  DWORD index = 0;
+  EXPECT_EQ(CoWaitForMultipleHandles(0, 60'000, 1, &isDone, &index), S_OK);
+  thread.join();
+  CloseHandle(isDone);
 }
 
-TEST(ServerLife, ServesOneThreadAtATime) {
-  const auto createElsewhere = [] {
-    HRESULT status = S_OK;
-    std::thread([&] {
-      CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-      {
-        ComPtr<_PgPrint> print;
-        status =
-            CoCreateInstance(CLSID_PgPrint, nullptr, CLSCTX_INPROC_SERVER, IID__PgPrint, &print);
-      }
-      CoUninitialize();
-    }).join();
-    return status;
+bool IsProxy(const ComPtr<_PgPrint>& print) {
+  ComPtr<IClientSecurity> ofProxies;
+  return SUCCEEDED(print.As(&ofProxies));
+}
+
+std::wstring DescriptionOfLastError() {
+  ComPtr<IErrorInfo> information;
+  if (GetErrorInfo(0, &information) != S_OK) return {};
+  Value description(L"");
+  information->GetDescription(&V_BSTR(description.Address()));
+  return description.Text();
+}
+
+TEST(ServerLife, ServesAThreadOfTheMultithreadedApartmentThroughAProxy) {
+  InApartment(COINIT_MULTITHREADED, [] {
+    const ComPtr<_PgPrint> print = MakePrint();
+    ASSERT_TRUE(IsProxy(print));
+    Value position(100);
+    BSTR text = SysAllocString(L"Goedemorgen");
+    Value missing = Value::Missing();
+    EXPECT_EQ(print->VsPPInit(), S_OK);
+    EXPECT_EQ(print->VsPPPrint(&text, position.Address(), position.Address(), missing.Address(),
+                               missing.Address(), missing.Address(), missing.Address(),
+                               missing.Address()),
+              S_OK);
+    SysFreeString(text);
+    SHORT pages = -1;
+    EXPECT_EQ(print->VsPPGetPageCount(&pages), S_OK);
+    EXPECT_GE(pages, 1);
+    EXPECT_EQ(CallWith(*print.Get(), L"VsPPGetPageCount", {}).result.Number(), pages);
+    EXPECT_EQ(CallWith(*print.Get(), L"VsPPSetScaleMode", {L"zes"}).code, HostError(13));
+    EXPECT_EQ(print->VsPPEinde(), S_OK);
+  });
+}
+
+TEST(ServerLife, ServesOtherApartmentsWhereItsObjectsLive) {
+  const ComPtr<_PgPrint> print = MakePrint();
+  EXPECT_FALSE(IsProxy(print));
+  for (const COINIT kind : {COINIT_APARTMENTTHREADED, COINIT_MULTITHREADED}) {
+    EXPECT_EQ(print->VsPPInit(), S_OK);
+    InApartment(kind, [] {
+      const ComPtr<_PgPrint> other = MakePrint();
+      EXPECT_TRUE(IsProxy(other));
+      Value margin(720);
+      EXPECT_EQ(other->VsPPSetMarginLeft(margin.Address()), S_OK);
+      const Outcome failure = CallWith(*other.Get(), L"VSPDF", {L"Z:\\geen\\map\\x.pdf"});
+      EXPECT_EQ(failure.code, HostError(20001));
+      EXPECT_NE(failure.description.find(L"er is geen afgesloten document"), std::wstring::npos);
+    });
+    LONG margin = 0;
+    EXPECT_EQ(print->VsPPGetMarginLeft(&margin), S_OK);
+    EXPECT_EQ(margin, 720);
+  }
+  EXPECT_EQ(print->VsPPEinde(), S_OK);
+}
+
+// Nobody serves calls here while the other thread runs.
+TEST(ServerLife, LivesInAnotherApartmentWhenItsObjectsHaveGone) {
+  MakePrint();
+  std::thread([] {
+    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    EXPECT_FALSE(IsProxy(MakePrint()));
+    CoUninitialize();
+  }).join();
+  EXPECT_FALSE(IsProxy(MakePrint()));
+}
+
+TEST(ServerLife, ServesApartmentsThatBeginAtOnceInOneOfThem) {
+  constexpr int kThreads = 4;
+  std::atomic<int> begun{0};
+  std::atomic<int> direct{0};
+  std::atomic<int> served{0};
+  HANDLE areDone = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  const auto begin = [&] {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    for (++begun; begun < kThreads;) std::this_thread::yield();
+    {
+      const ComPtr<_PgPrint> print = MakePrint();
+      direct += IsProxy(print) ? 0 : 1;
+      served += print != nullptr && print->VsPPClose() == S_OK ? 1 : 0;
+      if (served == kThreads) SetEvent(areDone);
+      DWORD index = 0;
+      CoWaitForMultipleHandles(0, 60'000, 1, &areDone, &index);
+    }
+    CoUninitialize();
   };
-  ComPtr<_PgPrint> print = MakePrint();
-  EXPECT_EQ(createElsewhere(), RPC_E_WRONG_THREAD);
-  print.Reset();
-  EXPECT_EQ(createElsewhere(), S_OK);
-  EXPECT_NE(MakePrint(), nullptr);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i) threads.emplace_back(begin);
+  for (std::thread& thread : threads) thread.join();
+  CloseHandle(areDone);
+  EXPECT_EQ(served, kThreads);
+  EXPECT_EQ(direct, 1);
+}
+
+TEST(ServerLife, DoesNotAskAHostsWindowInAnotherThread) {
+  HostObject window;
+  InApartment(COINIT_APARTMENTTHREADED, [&] {
+    const ComPtr<_PgPrint> print = MakePrint();
+    EXPECT_EQ(CallWith(*print.Get(), L"VsPPStart", {&window}).status, S_OK);
+  });
+  const ComPtr<_PgPrint> print = MakePrint();
+  EXPECT_EQ(CallWith(*print.Get(), L"VsPPInit", {}).status, S_OK);
+  EXPECT_EQ(CallWith(*print.Get(), L"VsPPFinish", {L"Rapport"}).status, S_OK);
+  EXPECT_EQ(CallWith(*print.Get(), L"VsPreviewFile", {1}).status, S_OK);
+  EXPECT_FALSE(window.HasBeenAskedFor(L"WindowState"));
+  EXPECT_EQ(print->VsPPEinde(), S_OK);
+  EXPECT_EQ(CallWith(*print.Get(), L"VsPPStart", {static_cast<IUnknown*>(nullptr)}).status, S_OK);
 }
 
 // A copy of the server that nobody else uses.
@@ -140,6 +218,25 @@ TEST(ServerLife, StaysWithItsDocumentOnceAMethodWasCalled) {
   EXPECT_EQ(print->VsPPClose(), S_OK);
   print.Reset();
   EXPECT_EQ(server.CanUnload(), S_FALSE);
+}
+
+// COM makes no such object, but who has the factory can.
+TEST(ServerLife, RefusesAnotherThreadOfTheSameApartmentWithADescription) {
+  const ServerCopy server;
+  const auto create = [&] {
+    ComPtr<_PgPrint> print;
+    const HRESULT status = server.Factory()->CreateInstance(
+        nullptr, IID__PgPrint, reinterpret_cast<void**>(print.GetAddressOf()));
+    if (status != RPC_E_WRONG_THREAD) return std::make_pair(status, print);
+    EXPECT_EQ(DescriptionOfLastError(),
+              L"Pagivo wordt al vanuit een andere thread van dit programma gebruikt");
+    return std::make_pair(status, print);
+  };
+  InApartment(COINIT_MULTITHREADED, [&] {
+    const auto [status, print] = create();
+    EXPECT_EQ(status, S_OK);
+    InApartment(COINIT_MULTITHREADED, [&] { EXPECT_EQ(create().first, RPC_E_WRONG_THREAD); });
+  });
 }
 
 }  // namespace
