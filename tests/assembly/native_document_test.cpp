@@ -1,9 +1,11 @@
 // Documents composed through PgPrint on the native platform, as the engine recorded them.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <vector>
 
@@ -214,6 +216,16 @@ TEST_F(NativeDocumentTest, APictureFileThatIsNoneIsSkipped) {
   EXPECT_EQ(Page(1), "");
 }
 
+template <typename Statement>
+std::optional<ErrorNumber> NumberOfErrorIn(Statement statement) {
+  try {
+    statement();
+  } catch (const Error& error) {
+    return error.Number();
+  }
+  return std::nullopt;
+}
+
 TEST_F(NativeDocumentTest, ADocumentOfNothingButItsLastPageIsNotExported) {
   print.VsPPFinish("Leeg");
   try {
@@ -224,6 +236,24 @@ TEST_F(NativeDocumentTest, ADocumentOfNothingButItsLastPageIsNotExported) {
     EXPECT_THAT(error.what(), HasSubstr("/tmp/pagivo leeg.pdf"));
   }
   EXPECT_FALSE(std::filesystem::exists("/tmp/pagivo leeg.pdf"));
+}
+
+// What is missing counts in this order: a finished document, a page of it, the folder.
+TEST_F(NativeDocumentTest, AnExportFailsAlikeBoundLateOrNot) {
+  const std::string path = "/geen/map/rapport.pdf";
+  const auto expectFailure = [&](ErrorNumber expected) {
+    std::array<Variant, 1> arguments{path};
+    EXPECT_EQ(NumberOfErrorIn([&] { print.VSPDF(path); }), expected);
+    EXPECT_EQ(NumberOfErrorIn([&] { print.CallMember("VSPDF", arguments); }), expected);
+  };
+  expectFailure(ErrorNumber::NoDocument);
+  print.VsPPFinish("Leeg");
+  expectFailure(ErrorNumber::PageOutOfRange);
+  print.VsPPInit();
+  print.VsPPNewPage();
+  expectFailure(ErrorNumber::NoDocument);
+  print.VsPPFinish("Rapport");
+  expectFailure(ErrorNumber::FileAccess);
 }
 
 TEST_F(NativeDocumentTest, PrintingWithoutAPrinterIsSilent) {

@@ -71,6 +71,24 @@ TEST_F(VtableCalls, LeaveTheDescriptionOfAFailureToTheThread) {
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDispatch), S_FALSE);
 }
 
+// What is missing counts in this order: a finished document, a page of it, the folder.
+TEST_F(VtableCalls, FailAsLateBoundOnesDo) {
+  const auto expectFailure = [&](int number) {
+    BSTR file = SysAllocString(L"Z:\\geen\\map\\x.pdf");
+    EXPECT_EQ(print_->VSPDF(&file), HostError(number));
+    SysFreeString(file);
+    EXPECT_EQ(Print(L"VSPDF", {L"Z:\\geen\\map\\x.pdf"}).code, HostError(number));
+  };
+  expectFailure(20001);
+  print_->VsPPFinish(nullptr);
+  expectFailure(20002);
+  print_->VsPPInit();
+  print_->VsPPNewPage();
+  expectFailure(20001);
+  print_->VsPPFinish(nullptr);
+  expectFailure(75);
+}
+
 TEST_F(VtableCalls, ReachTheObjectByEachOfItsInterfaces) {
   ComPtr<IUnknown> identity;
   ComPtr<IProvideClassInfo> provider;
