@@ -7,16 +7,15 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <iterator>
 #include <memory>
 #include <optional>
 #include <span>
-#include <string_view>
 #include <vector>
 
 #include "pagivo/error.h"
 #include "platform/platform.h"
+#include "values/hashes.h"
 #include "values/process_wide.h"
 
 namespace pagivo::automation {
@@ -185,7 +184,7 @@ std::optional<Bytes> FileOf(IPicture& picture, SHORT kind) {
 
 struct KnownPicture {
   std::size_t size = 0;
-  std::size_t hash = 0;
+  std::uint64_t hash = 0;
   std::weak_ptr<Object> picture;
 };
 
@@ -196,8 +195,7 @@ std::vector<KnownPicture>& KnownPictures() {
 ObjectRef Decoded(const Bytes& bytes) {
   std::vector<KnownPicture>& known = KnownPictures();
   std::erase_if(known, [](const KnownPicture& entry) { return entry.picture.expired(); });
-  const std::size_t hash =
-      std::hash<std::string_view>()({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+  const std::uint64_t hash = HashOfBytes(bytes);
   for (const KnownPicture& entry : known) {
     if (entry.size == bytes.size() && entry.hash == hash) return entry.picture.lock();
   }

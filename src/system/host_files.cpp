@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <new>
 
 namespace pagivo {
 namespace {
@@ -18,7 +19,10 @@ bool ShowsChanges(const FileIdentity& file) {
 }
 
 std::vector<std::uint8_t> InputFile::Read() {
-  std::vector<std::uint8_t> bytes(Identity().size);
+  const std::uint64_t size = Identity().size;
+  std::vector<std::uint8_t> bytes;
+  if (size > bytes.max_size()) throw std::bad_alloc();  // more than can be addressed
+  bytes.resize(static_cast<std::size_t>(size));
   std::size_t filled = 0;
   while (filled < bytes.size()) {
     const std::size_t got = ReadSome(&bytes[filled], bytes.size() - filled);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -70,7 +71,7 @@ TEST(IntegerArgument, OverflowsOutsideSixteenBits) {
   EXPECT_EQ(Read(32768), overflow);
   EXPECT_EQ(Read(-32769), overflow);
   EXPECT_EQ(Read(65537), overflow);
-  EXPECT_EQ(Read(std::size_t{1} << 48), overflow);
+  EXPECT_EQ(Read(std::uint64_t{1} << 48), overflow);
   EXPECT_EQ(Read(1e300), overflow);
 }
 

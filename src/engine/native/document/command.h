@@ -41,7 +41,8 @@ class CommandWriter {
     PutBytes(&value, sizeof value);
   }
 
-  void PutNumber(std::uint64_t number) {
+  // A count or an index.
+  void PutNumber(std::size_t number) {
     for (; number >= 0x80; number >>= 7) *next_++ = static_cast<std::byte>(number | 0x80);
     *next_++ = static_cast<std::byte>(number);
   }
@@ -73,10 +74,10 @@ class CommandReader {
     return value;
   }
 
-  std::uint64_t GetNumber() {
-    std::uint64_t number = 0;
+  std::size_t GetNumber() {
+    std::size_t number = 0;
     for (unsigned shift = 0;; shift += 7) {
-      const auto byte = static_cast<std::uint64_t>(*next_++);
+      const auto byte = static_cast<std::size_t>(*next_++);
       number |= (byte & 0x7F) << shift;
       if (byte < 0x80) return number;
     }

@@ -227,7 +227,7 @@ void Recorder::DrawPicture(const Rectangle& rectangle, const PictureImageRef& pi
   AddPicture(rectangle + origin_, document_.storage_->pictures.IndexOf(picture));
 }
 
-void Recorder::AddPicture(const Rectangle& rectangle, std::uint64_t index) {
+void Recorder::AddPicture(const Rectangle& rectangle, std::size_t index) {
   CommandWriter command = Begin(Operation::Picture, sizeof rectangle + kMaximumNumberSize);
   command.Put(rectangle);
   command.PutNumber(index);

@@ -82,7 +82,7 @@ class Recorder final : public Player {
   void Add(const CommandWriter& command);
   void OpenSegment(const std::byte* begin);
   void DrawPoints(Operation operation, std::span<const Point> points);
-  void AddPicture(const Rectangle& rectangle, std::uint64_t index);
+  void AddPicture(const Rectangle& rectangle, std::size_t index);
   void AddPicturesOf(Segment segment, const PageGeometry& geometry, Point moved);
 
   Document& document_;

@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <bit>
 
+#include "values/hashes.h"
+
 namespace pagivo::native {
 namespace {
 
-std::size_t Combine(std::size_t hash, std::size_t more) {
-  return (hash ^ more) * 0x9E3779B97F4A7C15ULL;
-}
-
 // 0.0 and -0.0 are equal and must hash alike.
-std::size_t HashOf(float number) {
+std::uint32_t BitsOf(float number) {
   return std::bit_cast<std::uint32_t>(number + 0.0F);
 }
 
@@ -28,15 +26,15 @@ void Arena::AddChunk(std::size_t atLeast) {
 std::size_t FontHash::operator()(const FontDescription& font) const noexcept {
   const unsigned styles =
       unsigned{font.bold} | unsigned{font.italic} << 1 | unsigned{font.underline} << 2;
-  return Combine(Combine(std::hash<std::string>{}(font.name), HashOf(font.size)), styles);
+  return TableHash(Mix(Mix(std::hash<std::string>{}(font.name), BitsOf(font.size)), styles));
 }
 
 std::size_t PenHash::operator()(const Pen& pen) const noexcept {
-  return Combine(Combine(static_cast<std::size_t>(pen.style), HashOf(pen.width)), pen.color);
+  return TableHash(Mix(Mix(static_cast<std::uint64_t>(pen.style), BitsOf(pen.width)), pen.color));
 }
 
 std::size_t BrushHash::operator()(const Brush& brush) const noexcept {
-  return Combine(static_cast<std::size_t>(brush.style), brush.color);
+  return TableHash(Mix(static_cast<std::uint64_t>(brush.style), brush.color));
 }
 
 }  // namespace pagivo::native

@@ -48,15 +48,15 @@ constexpr auto kTriples = [] {
 }();
 
 // Needs room for four.
-char* WriteTriple(char* out, std::uint64_t number) {
+char* WriteTriple(char* out, std::uint32_t number) {
   const std::array<char, 4>& triple = kTriples[number];
   std::memcpy(out, triple.data(), triple.size());
   return out + triple[3];
 }
 
-char* WriteHundredths(char* out, std::uint64_t hundredths) {
-  const std::uint64_t whole = hundredths / 100;
-  const std::uint64_t rest = hundredths % 100;
+char* WriteHundredths(char* out, std::uint32_t hundredths) {
+  const std::uint32_t whole = hundredths / 100;
+  const std::uint32_t rest = hundredths % 100;
   if (whole != 0 || rest == 0) out = WriteTriple(out, whole);
   if (rest == 0) return out;
   *out++ = '.';
@@ -111,8 +111,9 @@ char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   if (value < 0) *out++ = '-';
   const std::uint64_t number =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-  if (decimals == 0 && number < kTripleCount) return WriteTriple(out, number);
-  if (decimals == 2 && number < 100 * kTripleCount) return WriteHundredths(out, number);
+  const auto small = static_cast<std::uint32_t>(number);  // the number itself where it is looked up
+  if (decimals == 0 && number < kTripleCount) return WriteTriple(out, small);
+  if (decimals == 2 && number < 100 * kTripleCount) return WriteHundredths(out, small);
   return WriteDigits(out, number, decimals);
 }
 

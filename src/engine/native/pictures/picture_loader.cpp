@@ -1,9 +1,7 @@
 #include "engine/native/pictures/picture_loader.h"
 
-#include <functional>
 #include <map>
 #include <optional>
-#include <string_view>
 #include <utility>
 
 #include "engine/native/pictures/jpeg_decoder.h"
@@ -14,6 +12,7 @@
 #include "engine/native/pictures/system_decoders.h"
 #include "pagivo/error.h"
 #include "system/host_files.h"
+#include "values/hashes.h"
 #include "values/process_wide.h"
 
 namespace pagivo::native {
@@ -117,13 +116,9 @@ PictureRef Named(const std::string& picture, Load load) {
 // A picture that somebody holds, and what it was loaded from.
 struct LoadedPicture {
   std::weak_ptr<PictureImage> picture;
-  std::size_t contents = 0;   // a hash of the file's bytes, where identities may not tell
-  bool showsChanges = false;  // another identity would tell of other contents
+  std::uint64_t contents = 0;  // a hash of the file's bytes, where identities may not tell
+  bool showsChanges = false;   // another identity would tell of other contents
 };
-
-std::size_t HashOf(PictureBytes bytes) {
-  return std::hash<std::string_view>{}({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-}
 
 // By the file they were loaded from: hosts load the same picture anew for every page.
 class LoadedPictures {
@@ -135,7 +130,7 @@ class LoadedPictures {
     if (held && found->second.showsChanges) return held;
     const bool showsChanges = ShowsChanges(file);  // before its bytes are read
     std::vector<std::uint8_t> bytes = ReadPictureFile(path);
-    const std::size_t contents = showsChanges && !held ? 0 : HashOf(bytes);
+    const std::uint64_t contents = showsChanges && !held ? 0 : HashOfBytes(bytes);
     const bool isSame = held && found->second.contents == contents;
     PictureRef picture = isSame ? held : PictureOfFile(std::move(bytes));
     Keep(file, {picture, contents, showsChanges});

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/native/fonts/font_library.h"
+#include "values/hashes.h"
 
 namespace pagivo::native {
 namespace {
@@ -122,7 +123,7 @@ class GlyphCache::Glyphs {
   Entry& PlaceOf(std::uint32_t glyph) {
     const std::uint64_t key = KeyOf(glyph);
     const std::size_t last = places_.size() - 1;
-    std::size_t place = (key * 0x9E3779B97F4A7C15U >> 32) & last;
+    std::size_t place = TableHash(Mix(0, key)) & last;
     while (places_[place].key != 0 && places_[place].key != key) place = (place + 1) & last;
     return places_[place];
   }
@@ -196,9 +197,9 @@ class GlyphCache::Counting {
 };
 
 std::size_t GlyphCache::Hash::operator()(const GlyphStyle& style) const noexcept {
-  const std::size_t looks = std::size_t{style.emboldened} << 1 | std::size_t{style.slanted};
-  const std::size_t size = std::bit_cast<std::uint32_t>(style.emPixels);
-  return (std::hash<const Face*>()(style.face) ^ (size << 2 | looks)) * 0x9E3779B97F4A7C15U;
+  const std::uint64_t looks = std::uint64_t{style.emboldened} << 1 | std::uint64_t{style.slanted};
+  const std::uint64_t size = std::bit_cast<std::uint32_t>(style.emPixels);
+  return TableHash(Mix(std::hash<const Face*>()(style.face), size << 2 | looks));
 }
 
 GlyphCache::GlyphCache() = default;

@@ -5,6 +5,8 @@
 #include <span>
 #include <utility>
 
+#include "values/hashes.h"
+
 namespace pagivo::native {
 namespace {
 
@@ -14,8 +16,9 @@ std::size_t BytesOf(const BitmapKey& key) {
 }
 
 PixelSize TileSizeOf(const PixelSize& page) {
-  const auto bytes = static_cast<std::size_t>(page.width) * static_cast<std::size_t>(page.height) *
-                     sizeof(std::uint32_t);
+  const auto bytes =  // of a page that may be larger than memory
+      static_cast<std::uint64_t>(page.width) * static_cast<std::uint64_t>(page.height) *
+      sizeof(std::uint32_t);
   if (bytes <= PageBitmaps::kMaximumWholePageBytes) return page;
   return {PageBitmaps::kTileSide, PageBitmaps::kTileSide};
 }
@@ -43,13 +46,13 @@ std::int32_t TileStart(std::int32_t offset, std::int32_t step) {
 }  // namespace
 
 std::size_t BitmapCache::Hash::operator()(const BitmapKey& key) const noexcept {
-  std::size_t hash = std::bit_cast<std::uint64_t>(key.pixelsPerTwip);
-  for (const std::size_t part :
-       {key.revision, static_cast<std::size_t>(key.page), static_cast<std::size_t>(key.left),
-        static_cast<std::size_t>(key.top)}) {
-    hash = (hash ^ part) * 0x9E3779B97F4A7C15ULL;
+  auto hash = std::bit_cast<std::uint64_t>(key.pixelsPerTwip);
+  for (const std::uint64_t part :
+       {std::uint64_t{key.revision}, static_cast<std::uint64_t>(key.page),
+        static_cast<std::uint64_t>(key.left), static_cast<std::uint64_t>(key.top)}) {
+    hash = Mix(hash, part);
   }
-  return hash ^ hash >> 32;
+  return TableHash(hash);
 }
 
 const Bitmap& BitmapCache::Get(const BitmapKey& key, const Drawing& draw) {

@@ -93,7 +93,7 @@ void WriteFont(const std::string& path, const Face& outlines, const char* tag,
   hb_blob_t* file = hb_face_reference_blob(builder);
   unsigned int length = 0;
   const char* bytes = hb_blob_get_data(file, &length);
-  std::ofstream(path, std::ios::binary).write(bytes, length);
+  std::ofstream(path, std::ios::binary).write(bytes, static_cast<std::streamsize>(length));
   hb_blob_destroy(file);
   hb_blob_destroy(layout);
   hb_face_destroy(builder);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <fstream>
 
 #include "pagivo/error.h"
 #include "support/pictures/damaged_pictures.h"
@@ -177,7 +178,10 @@ TEST(PictureFileErrors, IncludeAFileBelowAFile) {
 TEST(PictureFileErrors, IncludeAFileLargerThanAnyPictureWithoutReadingIt) {
   const ScratchFolder scratch;
   const std::string path = WriteInto(scratch, "gat.png", PictureFile("colors.png"));
-  std::filesystem::resize_file(path, std::uintmax_t{1} << 36);  // a hole, no disk space
+  std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(std::streamoff{1} << 36);  // a hole, no disk space
+  file.put('\0');
+  file.close();
   ExpectError(path, ErrorNumber::InvalidPicture, "te groot");
 }
 
