@@ -31,7 +31,7 @@ SlotSet SlotsOfClasses(const TableView& classes, const GlyphSlots& glyphs, Wante
 
 std::uint16_t TableView::At(std::size_t offset) const {
   Spend(1);
-  if (offset + 2 > bytes_.size()) return 0;
+  if (bytes_.size() < 2 || offset > bytes_.size() - 2) return 0;
   return static_cast<std::uint16_t>(bytes_[offset] << 8 | bytes_[offset + 1]);
 }
 

@@ -53,14 +53,15 @@ class WayOut {
 void RequireDecodableSize(std::int64_t width, std::int64_t height);
 
 // Gives the `count` bytes from `at`. Refuses the picture as damaged when they are not all there.
-PictureBytes Slice(PictureBytes bytes, std::size_t at, std::size_t count);
+// Places and counts are wider than memory may be, for files say what they like.
+PictureBytes Slice(PictureBytes bytes, std::uint64_t at, std::uint64_t count);
 
 // Each gives the whole number at `at`, whose lowest byte stands first (Little) or last (Big), and
 // refuses like Slice.
-std::uint16_t ReadLittle16(PictureBytes bytes, std::size_t at);
-std::uint32_t ReadLittle32(PictureBytes bytes, std::size_t at);
-std::uint16_t ReadBig16(PictureBytes bytes, std::size_t at);
-std::uint32_t ReadBig32(PictureBytes bytes, std::size_t at);
+std::uint16_t ReadLittle16(PictureBytes bytes, std::uint64_t at);
+std::uint32_t ReadLittle32(PictureBytes bytes, std::uint64_t at);
+std::uint16_t ReadBig16(PictureBytes bytes, std::uint64_t at);
+std::uint32_t ReadBig32(PictureBytes bytes, std::uint64_t at);
 
 enum class PictureFormat : std::uint8_t { Unknown, Bmp, Gif, Ico, Jpeg, Png, Tiff, Svg };
 

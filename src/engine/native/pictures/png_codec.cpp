@@ -194,7 +194,7 @@ struct Chunk {
 };
 
 Chunk ReadChunk(PictureBytes bytes, std::size_t at) {
-  const std::size_t length = ReadBig32(bytes, at);
+  const std::uint64_t length = ReadBig32(bytes, at);
   return {ReadBig32(bytes, at + 4), Slice(bytes, at, kChunkFrameSize + length)};
 }
 

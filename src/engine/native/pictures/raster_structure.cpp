@@ -37,9 +37,9 @@ BmpHeader ReadBmpHeader(PictureBytes info) {
 
 // Our decoder takes memory for as long a header and as many colours as are named.
 void RequireWholeBmpHeader(PictureBytes info) {
-  const std::size_t size = ReadLittle32(info, 0);
+  const std::uint64_t size = ReadLittle32(info, 0);
   Slice(info, 0, size);
-  if (size != kOldBmpInfoSize) Slice(info, size, std::size_t{4} * ReadLittle32(info, 32));
+  if (size != kOldBmpInfoSize) Slice(info, size, std::uint64_t{4} * ReadLittle32(info, 32));
 }
 
 std::int64_t PixelBytes(const BmpHeader& header) {
@@ -115,10 +115,10 @@ class TiffFields {
 
   // The field's first number, or `otherwise` where the file does not have it.
   std::int64_t Number(std::uint16_t tag, std::int64_t otherwise) const {
-    constexpr std::size_t kEntrySize = 12;
+    constexpr std::uint64_t kEntrySize = 12;
     constexpr std::uint16_t kShortType = 3;
-    for (std::size_t i = 0; i < count_; ++i) {
-      const std::size_t entry = directory_ + 2 + i * kEntrySize;
+    for (std::uint64_t i = 0; i < count_; ++i) {
+      const std::uint64_t entry = directory_ + 2 + i * kEntrySize;
       if (Short(entry) != tag) continue;
       if (Short(entry + 2) != kShortType) return Long(entry + 8);
       const bool isInside = Long(entry + 4) <= 2;
@@ -128,17 +128,17 @@ class TiffFields {
   }
 
  private:
-  std::uint16_t Short(std::size_t at) const {
+  std::uint16_t Short(std::uint64_t at) const {
     return isLittle_ ? ReadLittle16(bytes_, at) : ReadBig16(bytes_, at);
   }
-  std::uint32_t Long(std::size_t at) const {
+  std::uint32_t Long(std::uint64_t at) const {
     return isLittle_ ? ReadLittle32(bytes_, at) : ReadBig32(bytes_, at);
   }
 
   PictureBytes bytes_;
   bool isLittle_;
-  std::size_t directory_;
-  std::size_t count_;
+  std::uint64_t directory_;
+  std::uint64_t count_;
 };
 
 // --- ICO
@@ -188,12 +188,12 @@ bool IsTooLargeToDecode(PictureFormat format, std::int64_t width, std::int64_t h
 }
 
 void RequireWholeBmp(PictureBytes bytes) {
-  const std::size_t pixels = ReadLittle32(bytes, 10);
+  const std::uint32_t pixels = ReadLittle32(bytes, 10);
   const PictureBytes info = bytes.subspan(kBmpFileHeaderSize);
   RequireWholeBmpHeader(info);
   const BmpHeader header = ReadBmpHeader(info);
   RequireDecodableSize(header.width, header.height);
-  Slice(bytes, pixels, static_cast<std::size_t>(PixelBytes(header)));
+  Slice(bytes, pixels, static_cast<std::uint64_t>(PixelBytes(header)));
 }
 
 std::vector<std::uint8_t> FirstGifFrame(PictureBytes bytes) {
@@ -233,6 +233,13 @@ std::vector<std::uint8_t> LargestIcon(PictureBytes bytes) {
   }
   if (FormatOf(largest.image) != PictureFormat::Png) return IconFileOf(largest);
   return {largest.image.begin(), largest.image.end()};
+}
+
+void RequireBoundedIcon(PictureBytes bytes) {
+  const BmpHeader header = ReadBmpHeader(ReadIconEntry(bytes, 0).image);
+  const std::int64_t height = header.height / 2;  // the mask stands below the picture
+  RequireDecodableSize(header.width, height);
+  if (IsTooLargeToDecode(PictureFormat::Ico, header.width, height)) RefuseTooLarge();
 }
 
 }  // namespace pagivo::native

@@ -32,6 +32,10 @@ void RequireBoundedTiff(PictureBytes bytes);
 // as a PNG when it is stored as one, else as an icon file of its own.
 std::vector<std::uint8_t> LargestIcon(PictureBytes bytes);
 
+// Refuses an icon file of one bitmap that has no pixels or, by IsTooLargeToDecode, too many: some
+// decoders take memory for them before they tell the size.
+void RequireBoundedIcon(PictureBytes bytes);
+
 // Whether a picture of that size, each side at most 2^31, passes kMaximumPixels or takes more than
 // kMaximumDecoderBytes of memory while it is decoded.
 bool IsTooLargeToDecode(PictureFormat format, std::int64_t width, std::int64_t height);

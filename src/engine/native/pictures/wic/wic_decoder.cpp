@@ -166,6 +166,7 @@ PictureImage::Pixels Placed(FrameRows& frame, std::int32_t frameHeight, const Gi
 }  // namespace
 
 PictureImage::Pixels DecodeRasterFile(PictureFormat format, PictureBytes bytes) {
+  if (format == PictureFormat::Ico) RequireBoundedIcon(bytes);
   const ComOnThread com;
   const ComPtr<IWICImagingFactory> factory = MakeFactory();
   const ComPtr<IWICBitmapFrameDecode> frame = FirstFrame(*factory.Get(), format, bytes);
