@@ -1,5 +1,8 @@
 #include "automation/method_call.h"
 
+#include <xmmintrin.h>
+
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -15,6 +18,36 @@ using Arguments = std::array<Variant, kMaximumParameters>;
 bool IsWrittenBack(const Parameter& parameter) {
   return parameter.passing == Passing::WrittenBack;
 }
+
+// The processor's floating point as the component is compiled for it: a host may have it round
+// otherwise, or to fewer digits, or raise exceptions. It gets its own back.
+class OwnFloatingPoint {
+ public:
+  OwnFloatingPoint() : vectorsOfHost_(_mm_getcsr()) {
+    asm volatile("fnstcw %0" : "=m"(controlOfHost_));
+    SetControl(kUsualControl);
+    _mm_setcsr(kUsualVectors);
+  }
+  ~OwnFloatingPoint() {
+    SetControl(controlOfHost_);
+    _mm_setcsr(vectorsOfHost_);
+  }
+  OwnFloatingPoint(const OwnFloatingPoint&) = delete;
+  OwnFloatingPoint& operator=(const OwnFloatingPoint&) = delete;
+
+ private:
+  // Both round to the nearest, the older floating point to all of its digits, and raise nothing.
+  static constexpr std::uint16_t kUsualControl = 0x037F;
+  static constexpr unsigned kUsualVectors = _MM_MASK_MASK;
+
+  // What has happened is forgotten first, for it would be raised where that is wanted.
+  static void SetControl(std::uint16_t control) {
+    asm volatile("fnclex\n\tfldcw %0" : : "m"(control));
+  }
+
+  std::uint16_t controlOfHost_ = 0;
+  unsigned vectorsOfHost_;
+};
 
 bool IsArray(const Parameter& parameter) {
   return (VartypeOf(parameter.kind) & VT_ARRAY) != 0;
@@ -63,6 +96,7 @@ void PutArguments(std::span<const Parameter> parameters, const PlacedArguments& 
 // Every argument has its value before the method is invoked, which therefore copies none of them.
 void CallMethod(PgPrint& print, const Member<PgPrint>& method, const PlacedArguments& given,
                 VARIANT* result, LCID locale) {
+  const OwnFloatingPoint ownFloatingPoint;
   CountingLosses([&] {
     const std::span<const Parameter> parameters = method.Parameters();
     Arguments arguments;
