@@ -5,6 +5,7 @@
 #
 #   tools/build_windows_libraries.sh [x86_64] [i686]    builds what is not there yet (for x86_64)
 #   tools/build_windows_libraries.sh --folder x86_64    says where that is
+#   tools/build_windows_libraries.sh --processor i686   says what all is compiled with for that processor
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . tools/common.sh
@@ -23,8 +24,17 @@ pixman         0.42.2-1                 393302f5ba22d1206c456902baa02cdd577cb74f
 cairo          1.16.0-7                 96b21b7b9c9ab4ae689b1191830b53d0b3c38e5664105c36a3c39dee6bcf29a4
 '
 googletest=/usr/src/googletest
-flags='-O2 -fstack-protector-strong'
-cache=${PAGIVO_WINDOWS_LIBRARIES:-$HOME/.cache/pagivo/windows}
+cache=$windows_cache
+
+# processor_flags ARCHITECTURE: those for i686 are told of in cmake/windows/toolchain.cmake.
+processor_flags() {
+  [ "$1" != i686 ] || printf -- '-msse2 -mfpmath=sse -mstackrealign'
+}
+
+# flags_of ARCHITECTURE
+flags_of() {
+  printf '%s %s' '-O2 -fstack-protector-strong' "$(processor_flags "$1")" | sed 's/ $//'
+}
 
 # --- Where the libraries stand ---------------------------------------------------------------
 
@@ -32,7 +42,7 @@ cache=${PAGIVO_WINDOWS_LIBRARIES:-$HOME/.cache/pagivo/windows}
 # new ones and two versions of the project can stand side by side.
 folder_of() {
   local key
-  key=$({ printf '%s\n' "$packages" "$flags"
+  key=$({ printf '%s\n' "$packages" "$(flags_of "$1")"
     "$1-w64-mingw32-g++-posix" --version
     cat "$googletest/CMakeLists.txt" 2>/dev/null || true
     declare -f $(recipes) cross_cmake cross_configure write_pkg_config; } | sha256sum)
@@ -40,7 +50,7 @@ folder_of() {
 }
 
 recipes() {
-  compgen -A function build_
+  compgen -A function recipe_
 }
 
 # --- Sources ---------------------------------------------------------------------------------
@@ -56,9 +66,7 @@ source_apt() {
 
 list_sources() {
   mkdir -p "$cache/apt/lists/partial" "$cache/apt/cache"
-  apt-get indextargets --format '$(ORIGIN) $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
-    sed -n 's|^Debian |deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] |p' |
-    sort -u -k 4 >"$cache/apt/sources.list"
+  debian_archives | sed "s|^|deb-src [signed-by=$debian_keyring] |" >"$cache/apt/sources.list"
   [ -s "$cache/apt/sources.list" ] || stop "apt knows of no Debian archive; run apt-get update first."
   source_apt apt-get update
 }
@@ -155,7 +163,7 @@ Cflags: -I\${prefix}/include ${5:-}
 END
 }
 
-build_zlib() {
+recipe_zlib() {
   cross_cmake "$sources/zlib"
   ninja zlibstatic
   install -D -m 644 libzlibstatic.a "$prefix/lib/libz.a"
@@ -163,7 +171,7 @@ build_zlib() {
   write_pkg_config zlib 1.2.13 -lz
 }
 
-build_libdeflate() {
+recipe_libdeflate() {
   make -C "$sources/libdeflate" -j "$jobs" CC="$target-gcc-posix" AR="$target-ar" CFLAGS="$flags" \
     libdeflatestatic.lib
   install -D -m 644 "$sources/libdeflate/libdeflatestatic.lib" "$prefix/lib/libdeflate.a"
@@ -171,13 +179,13 @@ build_libdeflate() {
   write_pkg_config libdeflate 1.14 -ldeflate
 }
 
-build_libpng1.6() {
+recipe_libpng1.6() {
   cross_cmake "$sources/libpng1.6" -DPNG_SHARED=OFF -DPNG_TESTS=OFF -DPNG_EXECUTABLES=OFF
   ninja install
   write_pkg_config libpng 1.6.39 -lpng16 zlib
 }
 
-build_libjpeg-turbo() {
+recipe_libjpeg-turbo() {
   cross_cmake "$sources/libjpeg-turbo" -DENABLE_SHARED=OFF -DWITH_TURBOJPEG=OFF -DREQUIRE_SIMD=ON
   ninja jpeg-static
   install -D -m 644 libjpeg.a "$prefix/lib/libjpeg.a"
@@ -186,7 +194,7 @@ build_libjpeg-turbo() {
 }
 
 # Like Debian's, but for what the fonts of documents never need: bzip2, Brotli and hints of HarfBuzz.
-build_freetype() {
+recipe_freetype() {
   cross_cmake "$sources/freetype" -DFT_REQUIRE_ZLIB=ON -DFT_REQUIRE_PNG=ON \
     -DFT_DISABLE_BZIP2=ON -DFT_DISABLE_BROTLI=ON -DFT_DISABLE_HARFBUZZ=ON
   ninja install
@@ -194,7 +202,7 @@ build_freetype() {
 }
 
 # Shaper and subsetter as one object: as two static libraries they define some names twice.
-build_harfbuzz() {
+recipe_harfbuzz() {
   local source=$sources/harfbuzz/src
   "$target-g++-posix" $flags -std=c++11 -DNDEBUG -fno-exceptions -fno-rtti -fno-threadsafe-statics \
     -I"$source" -c "$source/harfbuzz-subset.cc" -o harfbuzz.o
@@ -208,21 +216,21 @@ build_harfbuzz() {
   done
 }
 
-build_fribidi() {
+recipe_fribidi() {
   flags="$flags -DFRIBIDI_LIB_STATIC" cross_configure "$sources/fribidi" --disable-deprecated
   make -j "$jobs" -C gen.tab
   make -j "$jobs" -C lib install
   write_pkg_config fribidi 1.0.8 -lfribidi '' '-I${prefix}/include/fribidi -DFRIBIDI_LIB_STATIC'
 }
 
-build_pixman() {
+recipe_pixman() {
   cross_configure "$sources/pixman" --disable-gtk --disable-libpng --disable-openmp
   make -j "$jobs" -C pixman install
   write_pkg_config pixman-1 0.42.2 -lpixman-1 '' '-I${prefix}/include/pixman-1'
 }
 
 # Bitmaps are drawn with it, glyphs and all other outputs are the component's own.
-build_cairo() {
+recipe_cairo() {
   local without
   without=$(printf -- '--disable-%s ' xlib xcb quartz win32 win32-font ft fc ps pdf svg script gobject \
     trace interpreter symbol-lookup valgrind gtk-doc)
@@ -236,7 +244,7 @@ build_cairo() {
     '-I${prefix}/include/cairo -DCAIRO_WIN32_STATIC_BUILD'
 }
 
-build_googletest() {
+recipe_googletest() {
   cross_cmake "$googletest"
   ninja install
 }
@@ -259,13 +267,14 @@ build_in_turn() {
   for library in "$@"; do
     mkdir -p "$work/$library"
     cd "$work/$library"
-    run_logged "$work/$library.log" "build_$library"
+    run_logged "$work/$library.log" "recipe_$library"
   done
 }
 
 build_libraries() (
   architecture=$1
   target=$1-w64-mingw32
+  flags=$(flags_of "$1")
   folder=$(folder_of "$1")
   [ ! -f "$folder/complete" ] || return 0
   say "Building the libraries for $1 in $folder"
@@ -287,6 +296,9 @@ build_libraries() (
 
 if [ "${1:-}" = --folder ]; then
   folder_of "$2"
+  exit
+elif [ "${1:-}" = --processor ]; then
+  processor_flags "$2"
   exit
 fi
 for architecture in "${@:-x86_64}"; do

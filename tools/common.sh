@@ -18,21 +18,43 @@ test_packages=(
 
 # What `./check all` needs besides, and the benchmarks.
 all_packages=(clang-tidy libbenchmark-dev libhpdf-dev)
-# What the Windows edition needs: compilers, what its libraries are built with, and Wine with its fonts.
+# What the Windows edition is built with,
 windows_packages=(
-  cmake ninja-build pkg-config dpkg-dev ca-certificates make nasm
-  g++-mingw-w64-x86-64-posix mingw-w64-tools
+  cmake ninja-build pkg-config dpkg-dev ca-certificates make nasm mingw-w64-tools
   googletest
-  wine64 fonts-wine fonts-liberation fonts-dejavu-core fontconfig poppler-utils mupdf-tools qpdf
 )
+# what its tests ask, where Wine runs them,
+under_wine_packages=(
+  fonts-wine fonts-liberation fonts-dejavu-core fonts-dejavu-extra fonts-urw-base35 fontconfig
+  poppler-utils mupdf-tools qpdf
+)
+# and what either width has of its own: a compiler, and Wine or what makes a Debian that has it.
+windows64_packages=(g++-mingw-w64-x86-64-posix wine64)
+windows32_packages=(g++-mingw-w64-i686-posix mmdebstrap)
 # What the fuzzers need.
 fuzz_packages=(clang libclang-rt-14-dev zlib1g-dev)
+
+# Where the Windows edition keeps what outlives every build folder.
+windows_cache=${PAGIVO_WINDOWS_LIBRARIES:-$HOME/.cache/pagivo/windows}
+debian_keyring=/usr/share/keyrings/debian-archive-keyring.gpg
+
+# The Debian archives that this machine's apt knows, as "LOCATION RELEASE COMPONENT", the release before its
+# updates.
+debian_archives() {
+  apt-get indextargets --format '$(ORIGIN) $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
+    sed -n 's/^Debian //p' | sort -u -k 2
+}
 
 say() { printf '== %s\n' "$*"; }
 
 stop() {
   printf 'Cannot go on: %s\n' "$*" >&2
   exit 1
+}
+
+need_root() {
+  [ "$(id -u)" -eq 0 ] ||
+    stop "$0 needs root: 32-bit programs of Windows run in a Debian of their own, in which it mounts folders."
 }
 
 # Installs those of the named Debian packages that are missing.
