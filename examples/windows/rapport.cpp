@@ -361,7 +361,7 @@ Path FolderOfProgram() {
 std::vector<std::wstring> LinesOf(const Path& path) {
   std::ifstream file(path, std::ios::binary | std::ios::ate);
   if (!file) throw Failure{L"kan " + path.wstring() + L" niet lezen"};
-  const std::streamoff size = file.tellg();
+  const auto size = static_cast<std::streamsize>(file.tellg());
   std::wstring text(static_cast<std::size_t>(size) / sizeof(wchar_t), L'\0');
   file.seekg(0).read(reinterpret_cast<char*>(text.data()), size);
   std::erase(text, L'\r');
