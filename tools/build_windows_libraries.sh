@@ -23,6 +23,18 @@ libjpeg-turbo  1:2.1.5-2                d718ead0dfbcbc8523665c02a7f7152e31039ded
 pixman         0.42.2-1                 393302f5ba22d1206c456902baa02cdd577cb74fe35ec6659f587cce67b91b3d
 cairo          1.16.0-7                 96b21b7b9c9ab4ae689b1191830b53d0b3c38e5664105c36a3c39dee6bcf29a4
 '
+# The licences of what is in the component, which go with it to its hosts.
+licences='
+zlib           LICENSE
+libdeflate     COPYING
+freetype       LICENSE.TXT docs/FTL.TXT docs/GPLv2.TXT
+harfbuzz       COPYING
+fribidi        COPYING
+libpng1.6      LICENSE
+libjpeg-turbo  LICENSE.md README.ijg
+pixman         COPYING
+cairo          COPYING COPYING-LGPL-2.1 COPYING-MPL-1.1
+'
 googletest=/usr/src/googletest
 cache=$windows_cache
 
@@ -31,9 +43,10 @@ processor_flags() {
   [ "$1" != i686 ] || printf -- '-msse2 -mfpmath=sse -mstackrealign'
 }
 
-# flags_of ARCHITECTURE
+# flags_of ARCHITECTURE: checks that fail tell the name of their source, which is the same wherever the
+# SOURCES stand.
 flags_of() {
-  printf '%s %s' '-O2 -fstack-protector-strong' "$(processor_flags "$1")" | sed 's/ $//'
+  printf '%s %s' '-O2 -fstack-protector-strong -ffile-prefix-map=SOURCES=.' "$(processor_flags "$1")" | sed 's/ $//'
 }
 
 # --- Where the libraries stand ---------------------------------------------------------------
@@ -42,10 +55,10 @@ flags_of() {
 # new ones and two versions of the project can stand side by side.
 folder_of() {
   local key
-  key=$({ printf '%s\n' "$packages" "$(flags_of "$1")"
+  key=$({ printf '%s\n' "$packages" "$licences" "$(flags_of "$1")"
     "$1-w64-mingw32-g++-posix" --version
     cat "$googletest/CMakeLists.txt" 2>/dev/null || true
-    declare -f $(recipes) cross_cmake cross_configure write_pkg_config; } | sha256sum)
+    declare -f $(recipes) cross_cmake cross_configure write_pkg_config install_licences; } | sha256sum)
   printf '%s\n' "$cache/$1-${key:0:16}"
 }
 
@@ -249,6 +262,14 @@ recipe_googletest() {
   ninja install
 }
 
+install_licences() {
+  local name files
+  while read -r name files; do
+    [ -z "$name" ] ||
+      (cd "$sources/$name" && install -D -m 644 -t "$prefix/share/licences/$name" $files)
+  done <<<"$licences"
+}
+
 # --- Building --------------------------------------------------------------------------------
 
 # run_logged LOG COMMAND...: stops when any step of the command fails, and shows what it said last.
@@ -283,6 +304,7 @@ build_libraries() (
   mkdir -p "$work"
   run_logged "$work/sources.log" unpack_sources "$work/sources"
   sources=$work/sources
+  flags=${flags/SOURCES/$sources}
   prefix=$folder
   jobs=$(nproc)
   # What takes longest, and only one processor, beside all the rest.
@@ -290,6 +312,7 @@ build_libraries() (
   local beside=$!
   build_in_turn "$work" zlib libpng1.6 freetype libdeflate libjpeg-turbo fribidi pixman cairo
   wait "$beside"
+  install_licences
   touch "$folder/complete"
   rm -rf "$work"
 )

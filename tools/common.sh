@@ -95,7 +95,9 @@ build_preset() {
   mkdir -p build
   say "Building build/$preset"
   options+=("-DCMAKE_CXX_COMPILER_LAUNCHER=$(command -v ccache || true)")
+  # Once more afresh, for a folder of other libraries.
   cmake --preset "$preset" "${options[@]}" >"build/$preset.log" 2>&1 ||
+    cmake --fresh --preset "$preset" "${options[@]}" >"build/$preset.log" 2>&1 ||
     { tail -n 30 "build/$preset.log" >&2; stop "configuring failed (build/$preset.log)."; }
   cmake --build --preset "$preset" ${1:+--target "$@"} >"build/$preset.log" 2>&1 ||
     { grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking)' "build/$preset.log" | tail -n 60 >&2

@@ -17,6 +17,14 @@ if(NOT PAGIVO_WINDOWS_FOLDER)
   endif()
 endif()
 
+# What was found of other libraries stays in the cache of a build folder.
+if(FreeType_PREFIX)
+  cmake_path(IS_PREFIX PAGIVO_WINDOWS_FOLDER "${FreeType_PREFIX}" NORMALIZE has_these_libraries)
+  if(NOT has_these_libraries)
+    message(FATAL_ERROR "${CMAKE_BINARY_DIR} was made with other libraries: configure it with --fresh")
+  endif()
+endif()
+
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR ${PAGIVO_WINDOWS_PROCESSOR})
 # The compiler of these names has the threads of POSIX, which std::mutex and its like are made of.
