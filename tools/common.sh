@@ -21,7 +21,7 @@ all_packages=(clang-tidy libbenchmark-dev libhpdf-dev)
 # What the Windows edition is built with,
 windows_packages=(
   cmake ninja-build pkg-config dpkg-dev ca-certificates make nasm mingw-w64-tools
-  googletest
+  googletest zip unzip
 )
 # what its tests ask, where Wine runs them,
 under_wine_packages=(

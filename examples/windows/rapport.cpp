@@ -12,6 +12,7 @@
 #include <pagivo_automation.h>
 #include <wrl/client.h>
 
+#include <clocale>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
@@ -380,6 +381,7 @@ void WriteReport(const wchar_t* file) {
 }  // namespace
 
 int wmain(int count, wchar_t** values) {
+  std::setlocale(LC_CTYPE, "");  // descriptions in the console's letters
   if (count != 2) {
     std::fputws(L"Gebruik: rapport BESTAND.pdf\n", stderr);
     return 2;
