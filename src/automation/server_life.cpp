@@ -14,8 +14,11 @@ using Microsoft::WRL::ComPtr;
 
 struct Home {
   DWORD thread = 0;
-  DWORD factory = 0;  // its number in the system's table; 0 when it is not there
+  DWORD factory = 0;  // its number in the system's table; 0 when it does not come there
 };
+
+// The factory's number while a new home still puts it there.
+constexpr DWORD kAnnouncing = ~DWORD{0};
 
 // The system asks from whichever thread, and so may an object's maker be of whichever.
 std::atomic<Home> home;
@@ -46,6 +49,13 @@ void Withdraw(DWORD number) {
   }
 }
 
+// What the home has announced, which takes a moment that nothing of the caller's holds up.
+DWORD FactoryAtHome() {
+  Home at = home;
+  for (; at.factory == kAnnouncing; at = home) SwitchToThread();
+  return at.factory;
+}
+
 HRESULT RefuseThread() {
   LeaveError(Error(ErrorNumber::InvalidArgument,
                    "Pagivo wordt al vanuit een andere thread van dit programma gebruikt"));
@@ -56,14 +66,10 @@ HRESULT RefuseThread() {
 
 bool AddObject(IClassFactory& factory) noexcept {
   const DWORD caller = GetCurrentThreadId();
-  Home found = home;
-  if (found.thread == 0) {
-    const Home here{caller, Announce(factory)};
-    if (home.compare_exchange_strong(found, here)) {
-      found = here;
-    } else {
-      Withdraw(here.factory);
-    }
+  Home found;
+  if (home.compare_exchange_strong(found, {caller, kAnnouncing})) {
+    found = {caller, Announce(factory)};
+    home = found;
   }
   if (found.thread != caller) return false;
   ++objects;
@@ -78,7 +84,7 @@ HRESULT CreateAtHome(const IClassFactory& factory, REFIID interfaceId, void** ma
   ComPtr<IClassFactory> atHome;
   const ComPtr<IGlobalInterfaceTable> table = InterfaceTable();
   const bool isReached = table != nullptr && SUCCEEDED(table->GetInterfaceFromGlobal(
-                                                 home.load().factory, IID_PPV_ARGS(&atHome)));
+                                                 FactoryAtHome(), IID_PPV_ARGS(&atHome)));
   // The factory itself comes where both threads are of one apartment, which has several.
   if (!isReached || atHome.Get() == &factory) return RefuseThread();
   return atHome->CreateInstance(nullptr, interfaceId, made);
