@@ -8,7 +8,7 @@ namespace pagivo::native {
 namespace {
 
 // The compiler's vectors of so many bytes. Every 16 bytes are a lane, and what is interleaved or
-// packed stays within its lane, as it does in processors.
+// repeated stays within its lane, as it does in processors.
 template <std::size_t kBytes>
 struct Vectors {
   static constexpr std::size_t kPixels = kBytes / 4;
@@ -17,34 +17,6 @@ struct Vectors {
   using Words [[gnu::vector_size(kBytes)]] = std::uint16_t;
   using Pixels [[gnu::vector_size(kBytes)]] = std::uint32_t;
 
-  // From the lower halves of the lanes of two vectors, in turn a byte of `low` and one of `high`.
-  template <std::size_t... i>
-  [[gnu::always_inline]] static void InterleaveLower(const Bytes& low, const Bytes& high,
-                                                     Words& words, std::index_sequence<i...>) {
-    words = reinterpret_cast<Words>(
-        __builtin_shufflevector(low, high, (i / 16 * 16 + i % 16 / 2 + i % 2 * kBytes)...));
-  }
-  // The same from the upper halves.
-  template <std::size_t... i>
-  [[gnu::always_inline]] static void InterleaveUpper(const Bytes& low, const Bytes& high,
-                                                     Words& words, std::index_sequence<i...>) {
-    words = reinterpret_cast<Words>(
-        __builtin_shufflevector(low, high, (i / 16 * 16 + 8 + i % 16 / 2 + i % 2 * kBytes)...));
-  }
-  // Each word of the lanes' lower halves twice.
-  template <std::size_t... i>
-  [[gnu::always_inline]] static void RepeatLower(const Words& words, Bytes& bytes,
-                                                 std::index_sequence<i...>) {
-    bytes =
-        reinterpret_cast<Bytes>(__builtin_shufflevector(words, words, (i / 8 * 8 + i % 8 / 2)...));
-  }
-  // The lower bytes of the words.
-  template <std::size_t... i>
-  [[gnu::always_inline]] static void Pack(const Words& low, const Words& high, Bytes& bytes,
-                                          std::index_sequence<i...>) {
-    bytes = __builtin_shufflevector(reinterpret_cast<Bytes>(low), reinterpret_cast<Bytes>(high),
-                                    (i / 16 * 16 + i % 8 * 2 + i % 16 / 8 * kBytes)...);
-  }
   // A number for every four pixels.
   template <std::size_t... i>
   [[gnu::always_inline]] static void Broadcast(
@@ -52,41 +24,44 @@ struct Vectors {
       std::index_sequence<i...>) {
     bytes = reinterpret_cast<Bytes>(Pixels{numbers[i / 4]...});
   }
+  // The bytes of the lanes' lower halves.
+  template <std::size_t... i>
+  [[gnu::always_inline]] static void Widen(const Bytes& bytes, Words& words,
+                                           std::index_sequence<i...>) {
+    words = reinterpret_cast<Words>(
+        __builtin_shufflevector(bytes, Bytes{}, (i / 16 * 16 + i % 16 / 2 + i % 2 * kBytes)...));
+  }
+  // Each word of the lanes' lower halves twice.
+  template <std::size_t... i>
+  [[gnu::always_inline]] static void Repeat(const Words& words, Words& twice,
+                                            std::index_sequence<i...>) {
+    twice = __builtin_shufflevector(words, words, (i / 8 * 8 + i % 8 / 2)...);
+  }
 };
 
-// Mixes a colour into as many pixels at a time as a vector has.
+// Mixes a colour into as many pixels at a time as a vector has. The channels of even and of odd
+// place are taken apart, so that each has eight bits of room.
 template <std::size_t kBytes>
 class Mixer {
  public:
   static constexpr std::int32_t kPixels = kBytes / 4;
 
   [[gnu::always_inline]] explicit Mixer(std::uint32_t color) {
-    const Bytes colors = reinterpret_cast<Bytes>(Pixels{} + color);
-    V::InterleaveLower(colors, Bytes{}, color_, kEveryByte);
+    const Words channels = reinterpret_cast<Words>(Pixels{} + color);
+    even_ = channels & 0xFF;
+    odd_ = channels >> 8;
   }
 
   [[gnu::always_inline]] void Blend(std::uint32_t* pixels, const std::uint8_t* coverages) const {
-    std::array<std::uint32_t, kBytes / 16> fours;
-    std::memcpy(fours.data(), coverages, sizeof fours);
-    Bytes covered;
-    Words twice;
-    V::Broadcast(fours, covered, std::make_index_sequence<V::kPixels>());
-    V::InterleaveLower(covered, covered, twice, kEveryByte);
-    V::RepeatLower(twice, covered, std::make_index_sequence<V::kWords>());
-    Bytes under;
+    Words share;
+    Spread(coverages, share);
+    share += share >> 7;
+    Words under;
     std::memcpy(&under, pixels, sizeof under);
-    Words low;
-    Words high;
-    Words lowShare;
-    Words highShare;
-    const Bytes half = Bytes{} + 128;
-    V::InterleaveLower(half, under, low, kEveryByte);
-    V::InterleaveUpper(half, under, high, kEveryByte);
-    V::InterleaveLower(covered, Bytes{}, lowShare, kEveryByte);
-    V::InterleaveUpper(covered, Bytes{}, highShare, kEveryByte);
-    Mix(low, lowShare);
-    Mix(high, highShare);
-    V::Pack(low, high, under, kEveryByte);
+    // Differences below 0 come right again in the sums, which fit.
+    const Words even = (under << 8) + 128 + (even_ - (under & 0xFF)) * share;
+    const Words odd = (under & 0xFF00) + 128 + (odd_ - (under >> 8)) * share;
+    under = (even >> 8) | (odd & 0xFF00);
     std::memcpy(pixels, &under, sizeof under);
   }
 
@@ -95,16 +70,20 @@ class Mixer {
   using Bytes = typename V::Bytes;
   using Words = typename V::Words;
   using Pixels = typename V::Pixels;
-  static constexpr std::make_index_sequence<kBytes> kEveryByte{};
 
-  // `under` comes 256 times as large and a half more. Differences below 0 come right again in the
-  // sum, which fits.
-  [[gnu::always_inline]] void Mix(Words& under, const Words& coverage) const {
-    const Words share = coverage + (coverage >> 7);
-    under = (under + (color_ - (under >> 8)) * share) >> 8;
+  // A pixel's coverage goes to both its words.
+  [[gnu::always_inline]] static void Spread(const std::uint8_t* coverages, Words& shares) {
+    std::array<std::uint32_t, kBytes / 16> fours;
+    std::memcpy(fours.data(), coverages, sizeof fours);
+    Bytes covered;
+    Words wide;
+    V::Broadcast(fours, covered, std::make_index_sequence<V::kPixels>());
+    V::Widen(covered, wide, std::make_index_sequence<kBytes>());
+    V::Repeat(wide, shares, std::make_index_sequence<V::kWords>());
   }
 
-  Words color_;
+  Words even_;
+  Words odd_;
 };
 
 // What the vectors of every processor of the platform hold.

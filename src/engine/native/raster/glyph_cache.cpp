@@ -37,9 +37,9 @@ void Embolden(FT_Outline& outline, const GlyphStyle& style) {
 
 constexpr FT_Pos kQuarter = static_cast<FT_Pos>(kOutlineUnitsPerPixel / 4);
 
-// Rows are filled up with blanks, so that they can be blended four or eight pixels at a time.
+// Rows are filled up with blanks, so that they can be blended eight pixels at a time.
 constexpr std::int32_t PitchOf(std::int32_t width) {
-  return width <= 4 ? 4 : (width + 7) & ~7;
+  return (width + 7) & ~7;
 }
 
 // The whole pixels that an outline touches, as FreeType counts them: y up.
