@@ -55,12 +55,13 @@ PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip) {
   return {std::max(1, pixels(geometry.width)), std::max(1, pixels(geometry.height))};
 }
 
-void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap) {
+void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap,
+              Paper paper) {
   RequireDrawableSize({bitmap.width, bitmap.height});
   if (bitmap.width <= 0 || bitmap.height <= 0) return;
   const PageScale scale(view.pixelsPerTwip);
   const PageGeometry& geometry = document.GeometryOf(page);
-  Canvas canvas(bitmap, view, PagePixelSize(geometry, view.pixelsPerTwip));
+  Canvas canvas(bitmap, view, PagePixelSize(geometry, view.pixelsPerTwip), paper);
   BitmapPlayer player(canvas, scale, geometry);
   document.Play(page, player);
   canvas.FinishPaper();
@@ -72,12 +73,18 @@ void DrawWholePage(const Document& document, std::int32_t page, double dotsPerIn
   const PageView view{dotsPerInch / kTwipsPerInch, 0, 0};
   const PixelSize size = PagePixelSize(document.GeometryOf(page), view.pixelsPerTwip);
   RequireDrawableSize(size);
+  const auto count = static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
   bitmap.width = bitmap.height = 0;  // until it has the pixels
-  bitmap.pixels.resize(static_cast<std::size_t>(size.width) *
-                       static_cast<std::size_t>(size.height));
+  const Paper paper = bitmap.pixels.capacity() < count ? Paper::Laid : Paper::ToLay;
+  if (paper == Paper::Laid) {
+    bitmap.pixels = {};
+    bitmap.pixels.assign(count, kPaperPixel);
+  } else {
+    bitmap.pixels.resize(count);
+  }
   bitmap.width = size.width;
   bitmap.height = size.height;
-  DrawPage(document, page, view, bitmap);
+  DrawPage(document, page, view, bitmap, paper);
 }
 
 Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch) {

@@ -35,6 +35,12 @@ struct PixelSize {
 };
 PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip);
 
+// Whether the paper is still to be laid, or every pixel is white already.
+enum class Paper : std::uint8_t { ToLay, Laid };
+
+// A pixel of paper.
+inline constexpr std::uint32_t kPaperPixel = 0xFFFFFFFF;
+
 // Draws onto white paper into `bitmap`, whose size the caller has set; pixels beyond the paper are
 // left as they are. A page drawn in several pieces looks like one drawn whole. Glyph bitmaps and
 // prescaled pictures are kept between calls in bounded caches.
@@ -44,7 +50,8 @@ PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip);
 // half a pixel to meet the pixels' edges. Glyphs stand at quarters of a pixel.
 //
 // Raises ErrorNumber::InvalidArgument when the bitmap is larger than kMaximumBitmapSide.
-void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap);
+void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap,
+              Paper paper = Paper::ToLay);
 
 // The whole page at that many dots an inch. Raises like DrawPage.
 Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch);

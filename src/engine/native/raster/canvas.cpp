@@ -9,8 +9,6 @@
 namespace pagivo::native {
 namespace {
 
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-
 // Rows of paper that are laid at once: a few lines of text, which processors have room for.
 constexpr std::int32_t kPaperRows = 32;
 
@@ -39,14 +37,14 @@ struct Extent {
 
 }  // namespace
 
-Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page)
+Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page, Paper paper)
     : bitmap_(bitmap),
       left_(view.left),
       top_(view.top),
       clip_{std::max(view.left, 0), std::max(view.top, 0),
             std::min(view.left + bitmap.width, page.width),
             std::min(view.top + bitmap.height, page.height)},
-      paperBottom_(clip_.top) {}
+      paperBottom_(paper == Paper::Laid ? clip_.bottom : clip_.top) {}
 
 Canvas::~Canvas() = default;
 
@@ -90,7 +88,8 @@ void Canvas::LayMorePaper(std::int32_t bottom) {
   pixelsChanged_ = true;
   const std::int32_t end = std::min(std::max(bottom, paperBottom_ + kPaperRows), clip_.bottom);
   for (; paperBottom_ < end; ++paperBottom_) {
-    std::fill(PixelsOf(paperBottom_) + clip_.left, PixelsOf(paperBottom_) + clip_.right, kWhite);
+    std::fill(PixelsOf(paperBottom_) + clip_.left, PixelsOf(paperBottom_) + clip_.right,
+              kPaperPixel);
   }
 }
 

@@ -61,7 +61,7 @@ const Bitmap& BitmapCache::Get(const BitmapKey& key, const Drawing& draw) {
     return entries_.front().bitmap;
   }
   MakeRoom(BytesOf(key));
-  Bitmap bitmap{key.width, key.height, std::vector<std::uint32_t>(BytesOf(key) / 4)};
+  Bitmap bitmap{key.width, key.height, std::vector<std::uint32_t>(BytesOf(key) / 4, kPaperPixel)};
   draw(bitmap);
   ++drawn_;
   std::list<Entry> made;  // so that nothing is kept by half when memory runs out
@@ -98,7 +98,7 @@ void PageBitmaps::Show(const Document& document, const PlacedPage& placed,
                 .revision = document.RevisionOf(placed.page),
                 .pixelsPerTwip = placed.pixelsPerTwip};
   const auto draw = [&](Bitmap& bitmap) {
-    DrawPage(document, key.page, {key.pixelsPerTwip, key.left, key.top}, bitmap);
+    DrawPage(document, key.page, {key.pixelsPerTwip, key.left, key.top}, bitmap, Paper::Laid);
   };
   for (key.top = TileStart(visible.top - paper.top, step.height);
        key.top < visible.bottom - paper.top; key.top += step.height) {

@@ -111,6 +111,20 @@ TEST(DrawPage, LeavesABitmapAsideThePaperAlone) {
   }
 }
 
+TEST(DrawWholePage, ShowsTheSameInNewMemoryAndInMemoryThatServesAgain) {
+  Document document;
+  Recorder recorder(document);
+  recorder.BeginPage({1500, 1500});
+  recorder.DrawLine({0, 0}, {1500, 1500});
+  const Bitmap fresh = DrawWholePage(document, 1, 96);
+  EXPECT_EQ(PixelAt(fresh, 99, 0), kWhitePixel);
+  for (const std::size_t had : {10U, 10000U, 90000U}) {
+    Bitmap kept{0, 0, std::vector<std::uint32_t>(had, 0x12345678)};
+    DrawWholePage(document, 1, 96, kept);
+    EXPECT_TRUE(kept.pixels == fresh.pixels) << had;
+  }
+}
+
 TEST(DrawPage, DrawsOverlaysOnTop) {
   Document document;
   Recorder recorder(document);
