@@ -51,8 +51,8 @@ void PreviewSurface::DocumentReplaced() {
 }
 
 void PreviewSurface::Draw(const SurfaceBitmap& bitmap, const SurfaceColors& colors) {
-  PaintGround(bitmap, colors);
   const PageLayout& layout = preview_->Layout();
+  PaintGround(bitmap, colors, layout.pages.size() == 1 ? layout.pages.front().box : SurfaceBox());
   const double scale = preview_->Area().scale;
   const PreviewSource& source = preview_->Source();
   for (const PlacedPage& placed : layout.pages) {

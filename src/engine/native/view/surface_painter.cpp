@@ -80,8 +80,12 @@ void RecordNotice(std::string_view text, float width, Document& document) {
 
 }  // namespace
 
-void PaintGround(const SurfaceBitmap& surface, const SurfaceColors& colors) {
-  std::ranges::fill(surface.pixels, colors.ground);
+void PaintGround(const SurfaceBitmap& surface, const SurfaceColors& colors,
+                 const SurfaceBox& covered) {
+  const SurfaceBox whole{0, 0, surface.width, surface.height};
+  const SurfaceBox spared = Intersection(covered, whole);
+  if (spared.IsEmpty()) return Fill(surface, whole, colors.ground);
+  FillAround(surface, spared, std::max(surface.width, surface.height), colors.ground);
 }
 
 void PaintAround(const PlacedPage& placed, double scale, const SurfaceBitmap& surface,

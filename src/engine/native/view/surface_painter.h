@@ -9,8 +9,9 @@
 
 namespace pagivo::native {
 
-// The ground that the pages lie on.
-void PaintGround(const SurfaceBitmap& surface, const SurfaceColors& colors);
+// The ground that the pages lie on. What will be drawn on in `covered` may be left out.
+void PaintGround(const SurfaceBitmap& surface, const SurfaceColors& colors,
+                 const SurfaceBox& covered = {});
 
 // A soft shadow and a thin edge around the paper; a chosen page has a broader edge in the highlight
 // colour. The shadow reaches under the paper, which is drawn afterwards.

@@ -29,6 +29,25 @@ TEST_F(SurfacePainterTest, TheGroundCoversEveryPixel) {
   EXPECT_EQ(std::ranges::count(surface.Pixels(), kColors.ground), 60 * 60);
 }
 
+TEST_F(SurfacePainterTest, TheGroundSparesWhatWillBeDrawnOn) {
+  for (const SurfaceBox& covered : {SurfaceBox{20, 10, 40, 50}, SurfaceBox{-500, 30, 700, 900}}) {
+    DrawnSurface spared(60, 60);
+    PaintGround(spared.Bitmap(), kColors, covered);
+    for (std::int32_t y = 0; y < 60; ++y) {
+      for (std::int32_t x = 0; x < 60; ++x) {
+        ASSERT_EQ(spared.At(x, y), covered.Contains({double(x), double(y)})
+                                       ? DrawnSurface::kUntouched
+                                       : kColors.ground);
+      }
+    }
+  }
+}
+
+TEST_F(SurfacePainterTest, TheGroundIsEverywhereWhenThePageIsOutOfSight) {
+  PaintGround(surface.Bitmap(), kColors, {20, 5000, 40, 6000});
+  EXPECT_EQ(std::ranges::count(surface.Pixels(), kColors.ground), 60 * 60);
+}
+
 TEST_F(SurfacePainterTest, AThinEdgeRunsAroundThePaper) {
   Paint(kPlacedPage);
   for (std::int32_t i = 19; i <= 40; ++i) {
