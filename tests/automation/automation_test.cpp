@@ -13,13 +13,23 @@ class RegisteredServer : public ::testing::Environment {
     server_ = LoadLibraryW(ServerFile().c_str());
     ASSERT_NE(server_, nullptr);
     ASSERT_EQ(Exported<RegisterFunction>(server_, "DllRegisterServer")(), S_OK);
+    OfferAnObject();
   }
   void TearDown() override {
     EXPECT_EQ(Exported<RegisterFunction>(server_, "DllUnregisterServer")(), S_OK);
   }
 
  private:
+  // To other apartments. Wine's listener for their calls goes when nothing is offered any more, and
+  // may miss that something is offered again meanwhile.
+  void OfferAnObject() {
+    ComPtr<ICreateErrorInfo> object;
+    ASSERT_EQ(CreateErrorInfo(&object), S_OK);
+    ASSERT_EQ(CoMarshalInterThreadInterfaceInStream(IID_IUnknown, object.Get(), &offered_), S_OK);
+  }
+
   HMODULE server_ = nullptr;
+  ComPtr<IStream> offered_;
 };
 
 const auto* const kEnvironment = ::testing::AddGlobalTestEnvironment(new RegisteredServer);

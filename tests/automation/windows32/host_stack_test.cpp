@@ -16,14 +16,14 @@ const void* ProcedureOf(_PgPrint& print, std::string_view method) {
   return (*reinterpret_cast<const void* const**>(&print))[7 + (row - rows.begin())];
 }
 
-// Calls it with a stack that is so many bytes below a multiple of 16.
+// Calls it with its arguments so many bytes below a multiple of 16.
 HRESULT CallBelow(std::uint32_t bytes, const void* procedure, _PgPrint& print, BSTR* text) {
   HRESULT result = E_FAIL;
   asm volatile(
       "movl %%esp, %%ebx\n\t"
       "andl $-16, %%esp\n\t"
       "subl %%ecx, %%esp\n\t"
-      "subl $8, %%esp\n\t"  // so that both arguments end at the multiple
+      "subl $8, %%esp\n\t"  // with both arguments the sixteen
       "pushl %%edi\n\t"
       "pushl %%esi\n\t"
       "call *%%eax\n\t"
@@ -35,7 +35,22 @@ HRESULT CallBelow(std::uint32_t bytes, const void* procedure, _PgPrint& print, B
   return result;
 }
 
+// A method of the same kind that tells where on the stack its arguments stand.
+std::uintptr_t placeOfArguments = 0;
+HRESULT STDMETHODCALLTYPE TellPlace(_PgPrint* print, BSTR*) {
+  placeOfArguments = reinterpret_cast<std::uintptr_t>(&print);
+  return S_OK;
+}
+
 using HostStack = AutomationTest;
+
+TEST_F(HostStack, IsCalledFromAtEveryMultipleOfFourBytes) {
+  for (std::uint32_t bytes = 0; bytes < 16; bytes += 4) {
+    const void* procedure = reinterpret_cast<const void*>(&TellPlace);
+    EXPECT_EQ(CallBelow(bytes, procedure, *print_.Get(), nullptr), S_OK);
+    EXPECT_EQ((placeOfArguments + bytes) % 16, 0U);
+  }
+}
 
 TEST_F(HostStack, MayBeAlignedToFourBytes) {
   const ScratchFolder folder;
