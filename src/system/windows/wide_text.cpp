@@ -18,16 +18,6 @@ bool IsSurrogate(char32_t unit, char32_t kind) {
   return (unit & ~kSurrogateBits) == kind;
 }
 
-void AppendWide(std::wstring& text, char32_t codePoint) {
-  if (codePoint < kFirstOfPairs) {
-    text += static_cast<wchar_t>(codePoint);
-    return;
-  }
-  const char32_t bits = codePoint - kFirstOfPairs;
-  text += static_cast<wchar_t>(kHighSurrogate | bits >> 10);
-  text += static_cast<wchar_t>(kLowSurrogate | (bits & kSurrogateBits));
-}
-
 char32_t JoinPair(char32_t high, char32_t low) {
   return kFirstOfPairs + ((high & kSurrogateBits) << 10 | (low & kSurrogateBits));
 }
@@ -43,6 +33,16 @@ std::size_t PlainLength(std::basic_string_view<Character> text) {
 }
 
 }  // namespace
+
+void AppendWide(std::wstring& text, char32_t codePoint) {
+  if (codePoint < kFirstOfPairs) {
+    text += static_cast<wchar_t>(codePoint);
+    return;
+  }
+  const char32_t bits = codePoint - kFirstOfPairs;
+  text += static_cast<wchar_t>(kHighSurrogate | bits >> 10);
+  text += static_cast<wchar_t>(kLowSurrogate | (bits & kSurrogateBits));
+}
 
 std::wstring ToWide(std::string_view text) {
   std::size_t i = PlainLength(text);

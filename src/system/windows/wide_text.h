@@ -10,4 +10,6 @@ namespace pagivo {
 std::wstring ToWide(std::string_view text);
 std::string FromWide(std::wstring_view text);
 
+void AppendWide(std::wstring& text, char32_t codePoint);
+
 }  // namespace pagivo

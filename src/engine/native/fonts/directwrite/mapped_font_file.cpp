@@ -3,24 +3,17 @@
 #include <windows.h>
 
 #include <limits>
-#include <memory>
 
 #include "engine/native/fonts/font_file.h"
+#include "system/windows/open_file.h"
 #include "system/windows/wide_text.h"
 
 namespace pagivo::native {
 namespace {
 
-struct HandleCloser {
-  using pointer = HANDLE;
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using HandleRef = std::unique_ptr<HANDLE, HandleCloser>;
-
-HandleRef OpenForReading(const std::wstring& path) {
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  return HandleRef(file == INVALID_HANDLE_VALUE ? nullptr : file);
+Handle OpenForReading(const std::wstring& path) {
+  return Held(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 void Unmap(void* view) {
@@ -30,13 +23,13 @@ void Unmap(void* view) {
 }  // namespace
 
 hb_blob_t* OpenFontFile(const std::string& path) {
-  const HandleRef file = OpenForReading(ToWide(path));
+  const Handle file = OpenForReading(ToWide(path));
   LARGE_INTEGER size{};
   if (!file || GetFileSizeEx(file.get(), &size) == FALSE ||
       size.QuadPart > std::numeric_limits<std::int32_t>::max()) {
     return nullptr;
   }
-  const HandleRef mapping(CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
+  const Handle mapping(CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
   if (!mapping) return nullptr;  // an empty file, too
   void* const view = MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0);
   if (view == nullptr) return nullptr;

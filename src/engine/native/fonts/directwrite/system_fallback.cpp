@@ -1,18 +1,12 @@
 #include "engine/native/fonts/directwrite/system_fallback.h"
 
 #include "system/windows/com_result.h"
+#include "system/windows/wide_text.h"
 
 namespace pagivo::native {
 namespace {
 
 using Microsoft::WRL::ComPtr;
-
-std::wstring Utf16Of(char32_t codePoint) {
-  if (codePoint < 0x10000) return {static_cast<wchar_t>(codePoint)};
-  const char32_t rest = codePoint - 0x10000;
-  return {static_cast<wchar_t>(0xD800 + (rest >> 10)),
-          static_cast<wchar_t>(0xDC00 + (rest & 0x3FF))};
-}
 
 // Objects of COM have no destructor that their users could call.
 #pragma GCC diagnostic push
@@ -21,7 +15,7 @@ std::wstring Utf16Of(char32_t codePoint) {
 // One character of Dutch text, as DirectWrite asks for it. It lives on the caller's stack.
 class CharacterSource final : public IDWriteTextAnalysisSource {
  public:
-  explicit CharacterSource(char32_t codePoint) : text_(Utf16Of(codePoint)) {}
+  explicit CharacterSource(char32_t codePoint) { AppendWide(text_, codePoint); }
 
   UINT32 Length() const { return static_cast<UINT32>(text_.size()); }
 
