@@ -31,6 +31,7 @@ HRESULT StatusOf(ErrorNumber number) noexcept {
 }
 
 HRESULT LeaveError(const Error& error) noexcept {
+  SetErrorInfo(0, nullptr);  // an older failure's must not pass for this one's
   IgnoringErrors([&] { SetThreadsError(error); });
   return StatusOf(error.Number());
 }
