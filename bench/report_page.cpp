@@ -113,6 +113,8 @@ std::vector<std::uint8_t> PicturePixels(int side) {
   return pixels;
 }
 
+bool isPictureLeftOut = false;
+
 struct TemporaryPicture {
   TemporaryPicture() {
     constexpr int kSide = 64;
@@ -140,8 +142,14 @@ ReportPage MakeReportPage(int number) {
 }
 
 const std::string& ReportPicturePath() {
+  static const std::string none;
+  if (isPictureLeftOut) return none;
   static const TemporaryPicture picture;
   return picture.path;
+}
+
+void LeaveOutReportPicture() {
+  isPictureLeftOut = true;
 }
 
 const std::vector<ReportPage>& ReportPages(int count) {

@@ -55,6 +55,10 @@ ReportPage MakeReportPage(int number);
 // first use and removed at exit.
 const std::string& ReportPicturePath();
 
+// From then on there is no picture: the path is empty, and no file is read while pages are
+// composed.
+void LeaveOutReportPicture();
+
 // The pages that a benchmark composes in turn: a hundred different ones, made at first use. A
 // program that composes fewer has only those made, by asking for that many before anything else.
 const ReportPage& ReportPageOf(int number);
