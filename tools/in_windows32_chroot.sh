@@ -12,7 +12,7 @@ set -euo pipefail
 project=$(dirname "$(dirname "$(readlink -f "$0")")")
 . "$project/tools/common.sh"
 
-packages=("${under_wine_packages[@]}" wine wine64 wine32:i386)
+packages=("${under_wine_packages[@]}" wine wine64 wine32:i386 mount)
 
 # Named for all that it is made of.
 folder_of_chroot() {
@@ -50,6 +50,7 @@ exec 9>&-
 exec unshare --mount bash -e -c '
   chroot=$1 project=$2
   shift 2
+  mount --bind "$chroot" "$chroot"  # a mount of its own, for who wants mounts of their own in there
   mkdir -p "$chroot$project"
   mount --bind /proc "$chroot/proc"
   mount --rbind /dev "$chroot/dev"
