@@ -56,7 +56,7 @@ PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip) {
 }
 
 void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap,
-              Paper paper) {
+              PaperState paper) {
   RequireDrawableSize({bitmap.width, bitmap.height});
   if (bitmap.width <= 0 || bitmap.height <= 0) return;
   const PageScale scale(view.pixelsPerTwip);
@@ -75,8 +75,8 @@ void DrawWholePage(const Document& document, std::int32_t page, double dotsPerIn
   RequireDrawableSize(size);
   const auto count = static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
   bitmap.width = bitmap.height = 0;  // until it has the pixels
-  const Paper paper = bitmap.pixels.capacity() < count ? Paper::Laid : Paper::ToLay;
-  if (paper == Paper::Laid) {
+  const PaperState paper = bitmap.pixels.capacity() < count ? PaperState::Laid : PaperState::ToLay;
+  if (paper == PaperState::Laid) {
     bitmap.pixels = {};
     bitmap.pixels.assign(count, kPaperPixel);
   } else {

@@ -36,7 +36,7 @@ struct PixelSize {
 PixelSize PagePixelSize(const PageGeometry& geometry, double pixelsPerTwip);
 
 // Whether the paper is still to be laid, or every pixel is white already.
-enum class Paper : std::uint8_t { ToLay, Laid };
+enum class PaperState : std::uint8_t { ToLay, Laid };
 
 // A pixel of paper.
 inline constexpr std::uint32_t kPaperPixel = 0xFFFFFFFF;
@@ -51,7 +51,7 @@ inline constexpr std::uint32_t kPaperPixel = 0xFFFFFFFF;
 //
 // Raises ErrorNumber::InvalidArgument when the bitmap is larger than kMaximumBitmapSide.
 void DrawPage(const Document& document, std::int32_t page, const PageView& view, Bitmap& bitmap,
-              Paper paper = Paper::ToLay);
+              PaperState paper = PaperState::ToLay);
 
 // The whole page at that many dots an inch. Raises like DrawPage.
 Bitmap DrawWholePage(const Document& document, std::int32_t page, double dotsPerInch);

@@ -37,14 +37,14 @@ struct Extent {
 
 }  // namespace
 
-Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page, Paper paper)
+Canvas::Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page, PaperState paper)
     : bitmap_(bitmap),
       left_(view.left),
       top_(view.top),
       clip_{std::max(view.left, 0), std::max(view.top, 0),
             std::min(view.left + bitmap.width, page.width),
             std::min(view.top + bitmap.height, page.height)},
-      paperBottom_(paper == Paper::Laid ? clip_.bottom : clip_.top) {}
+      paperBottom_(paper == PaperState::Laid ? clip_.bottom : clip_.top) {}
 
 Canvas::~Canvas() = default;
 

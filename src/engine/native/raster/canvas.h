@@ -92,7 +92,8 @@ class PageScale {
 class Canvas {
  public:
   // The clip is the part of `page` (a page's pixels) that the bitmap shows.
-  Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page, Paper paper = Paper::ToLay);
+  Canvas(Bitmap& bitmap, const PageView& view, const PixelSize& page,
+         PaperState paper = PaperState::ToLay);
   ~Canvas();
   Canvas(const Canvas&) = delete;
   Canvas& operator=(const Canvas&) = delete;

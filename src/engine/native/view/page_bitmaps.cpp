@@ -98,7 +98,7 @@ void PageBitmaps::Show(const Document& document, const PlacedPage& placed,
                 .revision = document.RevisionOf(placed.page),
                 .pixelsPerTwip = placed.pixelsPerTwip};
   const auto draw = [&](Bitmap& bitmap) {
-    DrawPage(document, key.page, {key.pixelsPerTwip, key.left, key.top}, bitmap, Paper::Laid);
+    DrawPage(document, key.page, {key.pixelsPerTwip, key.left, key.top}, bitmap, PaperState::Laid);
   };
   for (key.top = TileStart(visible.top - paper.top, step.height);
        key.top < visible.bottom - paper.top; key.top += step.height) {
