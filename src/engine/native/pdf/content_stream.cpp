@@ -15,9 +15,6 @@ using namespace std::string_view_literals;  // which are appended without counti
 // Readers may refuse strings of 32,768 bytes and arrays of 8,192 elements.
 constexpr std::size_t kLongestString = 8000;
 
-// Before the number of a font.
-constexpr std::string_view kFontName = "/F";
-
 // Three decimals tell the 256 levels apart.
 std::int64_t ThousandthsOf(std::uint8_t level) {
   return (std::int64_t{level} * 1000 + 127) / 255;
@@ -57,7 +54,7 @@ class Operation {
 }  // namespace
 
 std::string FontName(std::uint16_t number) {
-  return std::string(kFontName.substr(1)) + std::to_string(number);
+  return "F" + std::to_string(number);
 }
 
 void ContentStream::Begin() {
@@ -247,8 +244,9 @@ void ContentStream::FillGlyphs() {
 
 void ContentStream::WriteFont(std::uint16_t number, std::int64_t size) {
   EndString();
-  bytes_ += kFontName;
-  Operation().Number(number, 0).Number(size, 3).AppendTo(bytes_, "Tf\n");
+  AppendObject(bytes_, PdfName{FontName(number)});
+  AppendObject(bytes_, PdfDecimal{size, 3});
+  bytes_ += " Tf\n"sv;
   font_ = number;
   fontSize_ = size;
 }
