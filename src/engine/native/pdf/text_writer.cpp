@@ -151,7 +151,7 @@ void TextWriter::Embolden(const TextPlacement& placement) {
 void TextWriter::SetFont(const Face& face, double size) {
   face_ = &face;
   exactSize_ = size;
-  size_ = std::llround(size * 1000);
+  size_ = std::max<std::int64_t>(std::llround(size * 1000), 1);  // advances are divided by it
   codes_ = &fonts_.CodesOf(face);
   unitsToPage_ = size / face.UnitsPerEm();
   thousandthToPage_ = static_cast<double>(size_) / 1e6;

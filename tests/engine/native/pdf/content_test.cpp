@@ -68,6 +68,14 @@ TEST_F(Content, TheNextLineIsPlacedRelativeToTheOneBefore) {
   EXPECT_EQ(Played(), "/F0 10 Tf\nBT\n10 900 Td\n[(abc)]TJ\n5 -5 Td\n[(def)]TJ\nET\n");
 }
 
+TEST_F(Content, TextSmallerThanSizesAreToldIsWrittenAtTheSmallestOne) {
+  recorder_.SetFont({.name = "Courier New", .size = 0.0001F});
+  recorder_.DrawText({200, 2000}, "abc");
+  recorder_.DrawText({2000, 2000}, "def");
+  // From three letters of 0.0006 pt each to the next string they are 89.9982 pt.
+  EXPECT_EQ(Played(), "/F0 .001 Tf\nBT\n10 900 Td\n[(abc)-89998200(def)]TJ\nET\n");
+}
+
 TEST_F(Content, StylesAreWrittenWhenTheyChangeOnly) {
   recorder_.SetTextColor(0x0000FF);
   recorder_.DrawText({200, 2000}, "a");
