@@ -10,8 +10,6 @@
 namespace pagivo::native {
 namespace {
 
-using namespace std::string_view_literals;  // which are appended without counting them first
-
 // Readers may refuse strings of 32,768 bytes and arrays of 8,192 elements.
 constexpr std::size_t kLongestString = 8000;
 
@@ -24,9 +22,11 @@ std::string_view ByRule(FillRule rule, std::string_view nonZero, std::string_vie
   return rule == FillRule::NonZero ? nonZero : evenOdd;
 }
 
-// Operands and their operator, put together and then appended at once.
+// Operands and their operator, written where the content ends.
 class Operation {
  public:
+  explicit Operation(ContentBytes& bytes) : bytes_(bytes), end_(bytes.Room(kLongest)) {}
+
   Operation& Number(std::int64_t value, int decimals = 2) {
     end_ = WriteDecimal(end_, value, decimals);
     *end_++ = ' ';
@@ -37,18 +37,18 @@ class Operation {
 
   // `name` is the operator and what follows it.
   template <std::size_t kSize>
-  void AppendTo(std::string& bytes, const char (&name)[kSize]) {
+  void End(const char (&name)[kSize]) {
     static_assert(kSize <= kLongestName);
-    end_ = std::copy_n(name, kSize - 1, end_);
-    bytes.append(text_.data(), static_cast<std::size_t>(end_ - text_.data()));
+    bytes_.EndAt(std::copy_n(name, kSize - 1, end_));
   }
 
  private:
   static constexpr std::size_t kMostNumbers = 6;
   static constexpr std::size_t kLongestName = 4;
+  static constexpr std::size_t kLongest = kMostNumbers * (kLongestNumber + 1) + kLongestName;
 
-  std::array<char, kMostNumbers*(kLongestNumber + 1) + kLongestName> text_;
-  char* end_ = text_.data();
+  ContentBytes& bytes_;
+  char* end_;
 };
 
 }  // namespace
@@ -58,7 +58,7 @@ std::string FontName(std::uint16_t number) {
 }
 
 void ContentStream::Begin() {
-  bytes_.clear();
+  bytes_.Clear();
   mode_ = Mode::Page;
   styles_ = {};
   font_ = -1;
@@ -69,45 +69,31 @@ void ContentStream::Begin() {
 
 std::string_view ContentStream::Finish() {
   EndText();
-  return bytes_;
+  return bytes_.View();
 }
 
 // --- Styles -----------------------------------------------------------------------------------
 
-void ContentStream::AppendColor(Color color, std::string_view grayOperator,
-                                std::string_view rgbOperator) {
-  const bool gray = RedOf(color) == GreenOf(color) && RedOf(color) == BlueOf(color);
-  AppendDecimal(bytes_, ThousandthsOf(RedOf(color)), 3);
-  bytes_.push_back(' ');
-  if (!gray) {
-    AppendDecimal(bytes_, ThousandthsOf(GreenOf(color)), 3);
-    bytes_.push_back(' ');
-    AppendDecimal(bytes_, ThousandthsOf(BlueOf(color)), 3);
-    bytes_.push_back(' ');
-  }
-  bytes_ += gray ? grayOperator : rgbOperator;
+void ContentStream::WriteColor(Color color, bool strokes) {
+  const auto [red, green, blue] = std::array{RedOf(color), GreenOf(color), BlueOf(color)};
+  Operation operation(bytes_);
+  operation.Number(ThousandthsOf(red), 3);
+  if (red == green && red == blue) return strokes ? operation.End("G\n") : operation.End("g\n");
+  operation.Number(ThousandthsOf(green), 3).Number(ThousandthsOf(blue), 3);
+  strokes ? operation.End("RG\n") : operation.End("rg\n");
 }
 
 void ContentStream::WriteFillColor(Color color) {
-  AppendColor(color, "g\n", "rg\n");
+  WriteColor(color, false);
   styles_.fill = color;
 }
 
 void ContentStream::WriteStroke(const StrokeStyle& style) {
   const StrokeStyle& old = styles_.stroke;
-  if (old.color != style.color) AppendColor(style.color, "G\n", "RG\n");
-  if (old.width != style.width) {
-    AppendHundredths(bytes_, style.width);
-    bytes_ += " w\n";
-  }
-  if (old.cap != style.cap) {
-    AppendInteger(bytes_, style.cap);
-    bytes_ += " J\n";
-  }
-  if (old.join != style.join) {
-    AppendInteger(bytes_, style.join);
-    bytes_ += " j\n";
-  }
+  if (old.color != style.color) WriteColor(style.color, true);
+  if (old.width != style.width) Operation(bytes_).Number(style.width).End("w\n");
+  if (old.cap != style.cap) Operation(bytes_).Number(style.cap, 0).End("J\n");
+  if (old.join != style.join) Operation(bytes_).Number(style.join, 0).End("j\n");
   const bool dashed = !DashMultiples(style.dash).empty();
   const bool wasDashed = !DashMultiples(old.dash).empty();
   const bool measuresDiffer = old.width != style.width || old.dashPhase != style.dashPhase;
@@ -120,9 +106,10 @@ void ContentStream::WriteDash(const StrokeStyle& style) {
   for (const float multiple : DashMultiples(style.dash)) {
     dashes.Add(PdfDecimal{static_cast<Hundredths>(multiple * static_cast<float>(style.width))});
   }
-  AppendObject(bytes_, dashes);
-  AppendHundredths(bytes_, style.dashPhase);
-  bytes_ += " d\n";
+  std::string array;
+  AppendObject(array, dashes);
+  bytes_ += array;
+  Operation(bytes_).Number(style.dashPhase).End("d\n");
 }
 
 void ContentStream::SetFillColor(Color color) {
@@ -144,22 +131,22 @@ void ContentStream::BeginPath() {
 
 void ContentStream::MoveTo(PdfPoint point) {
   if (mode_ != Mode::Path) BeginPath();
-  Operation().Point(point).AppendTo(bytes_, "m\n");
+  Operation(bytes_).Point(point).End("m\n");
 }
 
 void ContentStream::LineTo(PdfPoint point) {
   assert(mode_ == Mode::Path);
-  Operation().Point(point).AppendTo(bytes_, "l\n");
+  Operation(bytes_).Point(point).End("l\n");
 }
 
 void ContentStream::CurveTo(PdfPoint control1, PdfPoint control2, PdfPoint end) {
   assert(mode_ == Mode::Path);
-  Operation().Point(control1).Point(control2).Point(end).AppendTo(bytes_, "c\n");
+  Operation(bytes_).Point(control1).Point(control2).Point(end).End("c\n");
 }
 
 void ContentStream::AddRectangle(PdfPoint corner, Hundredths width, Hundredths height) {
   if (mode_ != Mode::Path) BeginPath();
-  Operation().Point(corner).Point({width, height}).AppendTo(bytes_, "re\n");
+  Operation(bytes_).Point(corner).Point({width, height}).End("re\n");
 }
 
 void ContentStream::ClosePath() {
@@ -206,8 +193,10 @@ void ContentStream::DrawImage(std::string_view name, PdfPoint origin, Hundredths
                               Hundredths height) {
   EndText();
   bytes_ += "q ";
-  Operation().Point({width, 0}).Point({0, height}).Point(origin).AppendTo(bytes_, "cm");
-  AppendObject(bytes_, PdfName{name});
+  Operation(bytes_).Point({width, 0}).Point({0, height}).Point(origin).End("cm");
+  std::string image;
+  AppendObject(image, PdfName{name});
+  bytes_ += image;
   bytes_ += " Do Q\n";
 }
 
@@ -217,7 +206,7 @@ void ContentStream::EndText() {
   assert(mode_ != Mode::Path && !inActualText_);
   if (mode_ == Mode::Page) return;
   EndString();
-  bytes_ += "ET\n"sv;
+  bytes_ += "ET\n";
   mode_ = Mode::Page;
 }
 
@@ -244,9 +233,11 @@ void ContentStream::FillGlyphs() {
 
 void ContentStream::WriteFont(std::uint16_t number, std::int64_t size) {
   EndString();
-  AppendObject(bytes_, PdfName{FontName(number)});
-  AppendObject(bytes_, PdfDecimal{size, 3});
-  bytes_ += " Tf\n"sv;
+  std::string name;
+  AppendObject(name, PdfName{FontName(number)});
+  bytes_ += name;
+  bytes_ += " ";
+  Operation(bytes_).Number(size, 3).End("Tf\n");
   font_ = number;
   fontSize_ = size;
 }
@@ -256,62 +247,71 @@ void ContentStream::StartLine(PdfPoint start, double slant) {
   assert(mode_ != Mode::Path);
   EndString();
   if (mode_ == Mode::Page) {
-    bytes_ += "BT\n"sv;
+    bytes_ += "BT\n";
     mode_ = Mode::Text;
     lineStart_ = {};
     lineSlant_ = 0;
   }
   if (slant == 0 && lineSlant_ == 0) {
     const PdfPoint moved{start.x - lineStart_.x, start.y - lineStart_.y};
-    Operation().Point(moved).AppendTo(bytes_, "Td\n");
+    Operation(bytes_).Point(moved).End("Td\n");
   } else {
     const PdfPoint up{std::llround(slant * 100), 100};
-    Operation().Point({100, 0}).Point(up).Point(start).AppendTo(bytes_, "Tm\n");
+    Operation(bytes_).Point({100, 0}).Point(up).Point(start).End("Tm\n");
   }
   lineStart_ = start;
   lineSlant_ = slant;
 }
 
 void ContentStream::MovePenBack(std::int64_t distance, int decimals) {
-  std::array<char, kLongestNumber + 2> text;
-  text[0] = mode_ == Mode::String ? ')' : '[';
-  char* end = WriteDecimal(text.data() + 1, distance, decimals);
+  if (mode_ != Mode::String) stringBegin_ = bytes_.Size() + 1;
+  char* end = bytes_.Room(kLongestNumber + 2);
+  *end++ = mode_ == Mode::String ? ')' : '[';
+  end = WriteDecimal(end, distance, decimals);
   *end++ = '(';
-  if (mode_ != Mode::String) stringBegin_ = bytes_.size() + 1;
+  bytes_.EndAt(end);
   mode_ = Mode::String;
-  bytes_.append(text.data(), static_cast<std::size_t>(end - text.data()));
 }
 
 void ContentStream::OpenString() {
   assert(mode_ == Mode::Text);
-  bytes_ += "[("sv;
-  stringBegin_ = bytes_.size();
+  bytes_ += "[(";
+  stringBegin_ = bytes_.Size();
   mode_ = Mode::String;
 }
 
 void ContentStream::EndString() {
   if (mode_ != Mode::String) return;
-  bytes_ += ")]TJ\n"sv;
+  bytes_ += ")]TJ\n";
   mode_ = Mode::Text;
 }
 
 std::size_t ContentStream::RoomInString() const noexcept {
-  const std::size_t length = bytes_.size() - stringBegin_;
+  const std::size_t length = bytes_.Size() - stringBegin_;
   return length <= kLongestString ? kLongestString + 1 - length : 0;
 }
 
 void ContentStream::AddCode(std::uint16_t code, int bytes) {
   if (RoomInString() == 0) EndString();
   if (mode_ != Mode::String) OpenString();
-  if (bytes == 2) bytes_.push_back(static_cast<char>(code >> 8));
-  bytes_.push_back(static_cast<char>(code));
+  char* end = bytes_.Room(2);
+  if (bytes == 2) *end++ = static_cast<char>(code >> 8);
+  *end++ = static_cast<char>(code);
+  bytes_.EndAt(end);
+}
+
+std::span<char> ContentStream::RoomForCodes(std::size_t most) {
+  const std::size_t count = std::min(most, RoomInString());
+  return {bytes_.Room(count), count};
 }
 
 void ContentStream::BeginActualText(std::string_view text) {
   EndString();
   assert(mode_ == Mode::Text && !inActualText_);
-  AppendObject(bytes_, PdfName{"Span"});
-  AppendObject(bytes_, PdfDictionary().Put("ActualText", PdfText{text}));
+  std::string operands;
+  AppendObject(operands, PdfName{"Span"});
+  AppendObject(operands, PdfDictionary().Put("ActualText", PdfText{text}));
+  bytes_ += operands;
   bytes_ += "BDC\n";
   inActualText_ = true;
 }

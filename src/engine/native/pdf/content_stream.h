@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "engine/native/document/display_list.h"
 #include "engine/native/document/geometry.h"
+#include "engine/native/pdf/content_bytes.h"
 #include "engine/native/pdf/pdf_syntax.h"
 
 namespace pagivo::native {
@@ -91,12 +93,12 @@ class ContentStream {
 
   bool IsInString() const noexcept { return mode_ == Mode::String; }
   void EndString();
-  // How many bytes the open string takes until it has to end for its length.
-  std::size_t RoomInString() const noexcept;
   // A glyph's code, of one byte or two.
   void AddCode(std::uint16_t code, int bytes);
-  // More codes for the open string, which has the room.
-  void AddCodes(std::string_view codes) { bytes_ += codes; }
+  // Memory for further codes of one byte each, at most so many and no more than the open string
+  // takes until it has to end for its length. Those before `end` of EndCodesAt belong to it.
+  std::span<char> RoomForCodes(std::size_t most);
+  void EndCodesAt(const char* end) noexcept { bytes_.EndAt(end); }
 
   // The glyphs up to EndActualText stand for this text, UTF-8. There must be a line.
   void BeginActualText(std::string_view text);
@@ -114,14 +116,15 @@ class ContentStream {
   void EndText();
   void BeginPath();
   void PaintPath(std::string_view paintOperator);
-  void AppendColor(Color color, std::string_view grayOperator, std::string_view rgbOperator);
+  void WriteColor(Color color, bool strokes);
   void WriteFillColor(Color color);
   void WriteStroke(const StrokeStyle& style);
   void WriteDash(const StrokeStyle& style);
   void WriteFont(std::uint16_t number, std::int64_t size);
   void OpenString();
+  std::size_t RoomInString() const noexcept;
 
-  std::string bytes_;
+  ContentBytes bytes_;
   Mode mode_ = Mode::Page;
   Styles styles_;
   Styles savedStyles_;

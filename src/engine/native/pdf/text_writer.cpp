@@ -1,7 +1,6 @@
 #include "engine/native/pdf/text_writer.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "values/characters.h"
@@ -50,7 +49,6 @@ void TextWriter::DrawCode(const GlyphCode& code, Pen pen) {
 // one before, because the reader's pen is where they stand. DrawCode does all the rest.
 double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) {
   SetStyle({line.face, line.emboldened, line.slanted}, placement);
-  std::array<char, 256> string;
   const GlyphCodes& codes = *codes_;
   const double unitsToPage = unitsToPage_;
   const double thousandthToPage = thousandthToPage_;
@@ -60,11 +58,10 @@ double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) 
   double x = placement.x;
   while (next != end) {
     DrawCode(codes_->CodeOf(*next), {x, placement.baseline});
-    const std::size_t room = std::min(string.size(), stream_.RoomInString());
-    const SimpleCharacter* const stop =
-        next + std::min(static_cast<std::size_t>(end - next), room + 1);
+    const std::span<char> room = stream_.RoomForCodes(static_cast<std::size_t>(end - next) - 1);
+    const SimpleCharacter* const stop = next + room.size() + 1;
     const std::uint16_t font = stream_.Font();
-    char* stringEnd = string.data();
+    char* stringEnd = room.data();
     double readerPen = readerPen_;
     for (;;) {
       advances += next->advance;
@@ -75,7 +72,7 @@ double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) 
       *stringEnd++ = static_cast<char>(code->code);
       readerPen += code->advance * thousandthToPage;
     }
-    stream_.AddCodes({string.data(), stringEnd});
+    stream_.EndCodesAt(stringEnd);
     readerPen_ = readerPen;
   }
   return x;
