@@ -65,10 +65,8 @@ bool AdvanceTable::ForEachGlyph(std::string_view text, Take take) {
   if (text.empty()) return true;
   std::size_t begin = 0;
   auto [slot, length] = ReadSlot(text, begin);
-  if (slot == kNoSlot) return false;
   for (std::size_t end = length; end < text.size();) {
     const SlotAt next = ReadSlot(text, end);
-    if (next.slot == kNoSlot) return false;
     const Advance advance = AdvanceBefore(slot, next.slot);
     if (advance == kNotSimple) return false;
     take(slot, advance, begin, end);
@@ -83,14 +81,19 @@ bool AdvanceTable::ForEachGlyph(std::string_view text, Take take) {
 }
 
 inline AdvanceTable::Advance AdvanceTable::AdvanceBefore(Slot slot, Slot next) {
+  const Row* const row = rows_[slot].get();
+  const Advance known = row != nullptr ? (*row)[next] : kUnknown;
+  return known > kNotSimple ? known : LookUpPair(slot, next);
+}
+
+AdvanceTable::Advance AdvanceTable::LookUpPair(Slot slot, Slot next) {
   std::unique_ptr<Row>& row = rows_[slot];
-  if (!row) [[unlikely]] {
+  if (!row) {
     row = std::make_unique<Row>();
     row->fill(kUnknown);
   }
   Advance& advance = (*row)[next];
-  if (advance == kUnknown) [[unlikely]]
-    advance = AskPair(slot, next);
+  if (advance == kUnknown) advance = AskPair(slot, next);
   return advance;
 }
 
@@ -107,6 +110,7 @@ bool AdvanceTable::FitsAdvance(hb_position_t advance) {
 
 // A character whose advance is not the glyph's own is adjusted by some rule and left to HarfBuzz.
 AdvanceTable::Single AdvanceTable::AskSingle(Slot slot) {
+  if (slot == kNoSlot) return {0, kNotSimple};
   Single single{face_.GlyphOf(CodePointOf(slot)), kNotSimple};
   if (single.glyph == 0 || !rules_.CanBeDecided()) return single;
   const std::uint32_t text[] = {CodePointOf(slot)};

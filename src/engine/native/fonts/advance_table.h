@@ -39,7 +39,10 @@ class AdvanceTable {
   using Advance = std::int16_t;
   static constexpr Advance kUnknown = std::numeric_limits<Advance>::min();
   static constexpr Advance kNotSimple = kUnknown + 1;
-  using Row = std::array<Advance, kSlotCount>;  // by the second character
+  // Whatever has no slot has its place in the tables, too: nothing with it is simple.
+  template <class Entry>
+  using BySlot = std::array<Entry, kNoSlot + 1>;
+  using Row = BySlot<Advance>;  // by the second character
 
   struct Single {
     std::uint32_t glyph = 0;
@@ -49,6 +52,7 @@ class AdvanceTable {
   template <class Take>
   bool ForEachGlyph(std::string_view text, Take take);
   Advance AdvanceBefore(Slot slot, Slot next);
+  Advance LookUpPair(Slot slot, Slot next);
   const Single& SingleOf(Slot slot);
   static bool FitsAdvance(hb_position_t advance);
   Single AskSingle(Slot slot);
@@ -57,8 +61,8 @@ class AdvanceTable {
   const Face& face_;
   Shaper& shaper_;
   LayoutRules rules_;
-  std::array<Single, kSlotCount> singles_;
-  std::array<std::unique_ptr<Row>, kSlotCount> rows_;  // made when the first character occurs
+  BySlot<Single> singles_;
+  BySlot<std::unique_ptr<Row>> rows_;  // made when the first character occurs
   std::vector<SimpleCharacter> characters_;
 };
 
