@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <cmath>
 
 #include "engine/native/document/pens_and_brushes.h"
 
@@ -256,7 +255,7 @@ void ContentStream::StartLine(PdfPoint start, double slant) {
     const PdfPoint moved{start.x - lineStart_.x, start.y - lineStart_.y};
     Operation(bytes_).Point(moved).End("Td\n");
   } else {
-    const PdfPoint up{std::llround(slant * 100), 100};
+    const PdfPoint up{RoundAway(slant * 100), 100};
     Operation(bytes_).Point({100, 0}).Point(up).Point(start).End("Tm\n");
   }
   lineStart_ = start;

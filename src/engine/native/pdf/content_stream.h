@@ -79,8 +79,6 @@ class ContentStream {
   void SelectFont(std::uint16_t number, std::int64_t size) {
     if (number != font_ || size != fontSize_) WriteFont(number, size);
   }
-  // The one selected last; there must be one.
-  std::uint16_t Font() const noexcept { return static_cast<std::uint16_t>(font_); }
 
   // Whether the next glyph would stand on such a line.
   bool IsOnLine(Hundredths baseline, double slant) const noexcept {

@@ -27,7 +27,9 @@ std::int16_t AdvanceInThousandths(const Face& face, std::uint32_t glyph);
 
 // How a content stream names a glyph.
 struct GlyphCode {
-  std::uint16_t font = 0;    // number of the font resource
+  static constexpr std::uint16_t kNoFont = 0xFFFF;
+
+  std::uint16_t font = kNoFont;  // number of the font resource
   std::uint16_t code = 0;    // no string has to escape its bytes
   std::uint8_t bytes = 0;    // 1 or 2; 0 is no code
   std::int16_t advance = 0;  // thousandths of the em
@@ -75,10 +77,10 @@ class GlyphCodes {
     return known.bytes != 0 ? known : AddSimple(character.slot);
   }
 
-  // The same for a character whose code has one byte in that font; null for others.
-  const GlyphCode* FindByte(std::uint16_t font, SimpleCharacter character) const {
-    const GlyphCode& code = simple_[character.slot];
-    return code.bytes == 1 && code.font == font ? &code : nullptr;
+  // The same for a character that has a code in that font; null for others.
+  const GlyphCode* FindIn(std::uint16_t font, SimpleCharacter character) const {
+    const GlyphCode& code = simple_.data()[character.slot];
+    return code.font == font ? &code : nullptr;
   }
 
   const Face& FaceUsed() const noexcept { return *face_; }

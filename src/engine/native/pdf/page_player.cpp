@@ -95,7 +95,7 @@ PdfGeometry::PdfGeometry(const PageGeometry& page)
 }
 
 Hundredths PdfGeometry::Length(double twips) const {
-  return std::llround(std::clamp(twips * unitsPerTwip_ * 100, -kFarthest, kFarthest));
+  return RoundAway(std::clamp(twips * unitsPerTwip_ * 100, -kFarthest, kFarthest));
 }
 
 PdfPoint PdfGeometry::At(double x, double y) const {
@@ -145,8 +145,8 @@ void PagePlayer::Underline(double from, double to, double baseline) {
   const double thickness = metrics.underlineThickness * em;
   const double bottom = baseline - metrics.underlinePosition * em - thickness / 2;
   stream_.SetFillColor(textColor_);
-  stream_.AddRectangle({std::llround(from * 100), std::llround(bottom * 100)},
-                       std::llround((to - from) * 100), std::llround(thickness * 100));
+  stream_.AddRectangle({RoundAway(from * 100), RoundAway(bottom * 100)},
+                       RoundAway((to - from) * 100), RoundAway(thickness * 100));
   stream_.Fill(FillRule::NonZero);
 }
 

@@ -54,6 +54,17 @@ char* WriteTriple(char* out, std::uint32_t number) {
   return out + triple[3];
 }
 
+// Below a million.
+char* WriteWhole(char* out, std::uint32_t number) {
+  if (number < kTripleCount) return WriteTriple(out, number);
+  out = WriteTriple(out, number / kTripleCount);
+  const std::uint32_t rest = number % kTripleCount;
+  *out++ = static_cast<char>('0' + rest / 100);
+  *out++ = static_cast<char>('0' + rest / 10 % 10);
+  *out++ = static_cast<char>('0' + rest % 10);
+  return out;
+}
+
 char* WriteHundredths(char* out, std::uint32_t hundredths) {
   const std::uint32_t whole = hundredths / 100;
   const std::uint32_t rest = hundredths % 100;
@@ -104,15 +115,14 @@ void AppendDecimal(std::string& out, std::int64_t value, int decimals) {
   out.append(begin, static_cast<std::size_t>(WriteDecimal(begin, value, decimals) - begin));
 }
 
-// Most numbers of a page are whole or in hundredths, and below a thousand: their digits are looked
-// up.
+// Most numbers of a page are whole or in hundredths, and small: their digits are looked up.
 char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   assert(decimals >= 0 && decimals <= 9);
   if (value < 0) *out++ = '-';
   const std::uint64_t number =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
   const auto small = static_cast<std::uint32_t>(number);  // the number itself where it is looked up
-  if (decimals == 0 && number < kTripleCount) return WriteTriple(out, small);
+  if (decimals == 0 && number < kTripleCount * kTripleCount) return WriteWhole(out, small);
   if (decimals == 2 && number < 100 * kTripleCount) return WriteHundredths(out, small);
   return WriteDigits(out, number, decimals);
 }

@@ -2,6 +2,7 @@
 // otherwise run together.
 #pragma once
 
+#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -27,6 +28,12 @@ char* WriteDecimal(char* out, std::int64_t value, int decimals);
 // Hundredths of the unit in use, the resolution of every position in a file: 0.005 pt is a
 // twentieth of the thinnest line's width.
 using Hundredths = std::int64_t;
+
+inline // As std::llround, which would be a call. The largest number below a half takes no number to the
+// next whole one that is not halfway there, and halves get there because their sum is rounded up.
+std::int64_t RoundAway(double value) {
+  return static_cast<std::int64_t>(value + std::copysign(0.49999999999999994, value));
+}
 
 inline void AppendHundredths(std::string& out, Hundredths value) {
   AppendDecimal(out, value, 2);

@@ -22,12 +22,6 @@ std::size_t CountCodePoints(std::string_view text) {
   return count;
 }
 
-// As std::llround, which would be a call. The largest number below a half takes no number to the
-// next whole one that is not halfway there, and halves get there because their sum is rounded up.
-std::int64_t RoundAway(double value) {
-  return static_cast<std::int64_t>(value + std::copysign(0.49999999999999994, value));
-}
-
 }  // namespace
 
 void TextWriter::DrawGlyph(const ShapedGlyph& glyph, std::string_view text, Pen pen) {
@@ -49,7 +43,7 @@ void TextWriter::DrawCode(const GlyphCode& code, Pen pen) {
 // one before, because the reader's pen is where they stand. DrawCode does all the rest.
 double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) {
   SetStyle({line.face, line.emboldened, line.slanted}, placement);
-  const GlyphCodes& codes = *codes_;
+  GlyphCodes& codes = *codes_;
   const double unitsToPage = unitsToPage_;
   const double thousandthToPage = thousandthToPage_;
   const SimpleCharacter* next = line.characters.data();
@@ -57,17 +51,18 @@ double TextWriter::Draw(const SimpleLine& line, const TextPlacement& placement) 
   std::int64_t advances = 0;
   double x = placement.x;
   while (next != end) {
-    DrawCode(codes_->CodeOf(*next), {x, placement.baseline});
-    const std::span<char> room = stream_.RoomForCodes(static_cast<std::size_t>(end - next) - 1);
+    const GlyphCode first = codes.CodeOf(*next);
+    DrawCode(first, {x, placement.baseline});
+    const auto rest = static_cast<std::size_t>(end - next) - 1;
+    const std::span<char> room = stream_.RoomForCodes(first.bytes == 1 ? rest : 0);
     const SimpleCharacter* const stop = next + room.size() + 1;
-    const std::uint16_t font = stream_.Font();
     char* stringEnd = room.data();
     double readerPen = readerPen_;
     for (;;) {
       advances += next->advance;
       x = placement.x + static_cast<double>(advances) * unitsToPage;
       if (++next == stop) break;
-      const GlyphCode* code = codes.FindByte(font, *next);
+      const GlyphCode* code = codes.FindIn(first.font, *next);
       if (code == nullptr || std::abs(x - readerPen) > kTolerance) break;
       *stringEnd++ = static_cast<char>(code->code);
       readerPen += code->advance * thousandthToPage;
@@ -141,14 +136,14 @@ void TextWriter::SetStyle(const ShapedRun& run, const TextPlacement& placement) 
 
 // A face that lacks bold is thickened by a stroke around its glyphs.
 void TextWriter::Embolden(const TextPlacement& placement) {
-  const Hundredths width = std::llround(kEmboldenStroke * placement.size * 100);
+  const Hundredths width = RoundAway(kEmboldenStroke * placement.size * 100);
   stream_.OutlineGlyphs({.color = placement.color, .width = width, .join = 1});
 }
 
 void TextWriter::SetFont(const Face& face, double size) {
   face_ = &face;
   exactSize_ = size;
-  size_ = std::max<std::int64_t>(std::llround(size * 1000), 1);  // advances are divided by it
+  size_ = std::max<std::int64_t>(RoundAway(size * 1000), 1);  // advances are divided by it
   codes_ = &fonts_.CodesOf(face);
   unitsToPage_ = size / face.UnitsPerEm();
   thousandthToPage_ = static_cast<double>(size_) / 1e6;

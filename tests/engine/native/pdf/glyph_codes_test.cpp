@@ -99,9 +99,9 @@ TEST_F(GlyphCodesTest, ASimpleCharacterHasTheCodeOfItsGlyphAndText) {
   const std::uint32_t glyph = SomeFace().GlyphOf(U'\u20AC');
   const GlyphCode euro = codes_.CodeOf(SimpleCharacter{kEuroSlot, 0});
   EXPECT_EQ(euro.code, codes_.CodeOf(glyph, "\u20AC").code);
-  EXPECT_EQ(codes_.FindByte(euro.font, {kEuroSlot, 0})->code, euro.code);
-  EXPECT_EQ(codes_.FindByte(euro.font + 1, {kEuroSlot, 0}), nullptr);
-  EXPECT_EQ(codes_.FindByte(euro.font, {'a', 0}), nullptr);
+  EXPECT_EQ(codes_.FindIn(euro.font, {kEuroSlot, 0})->code, euro.code);
+  EXPECT_EQ(codes_.FindIn(euro.font + 1, {kEuroSlot, 0}), nullptr);
+  EXPECT_EQ(codes_.FindIn(euro.font, {'a', 0}), nullptr);
   EXPECT_EQ(codes_.Fonts().at(0).uses.size(), 1U);
 }
 
