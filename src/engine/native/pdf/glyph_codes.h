@@ -30,9 +30,9 @@ struct GlyphCode {
   static constexpr std::uint16_t kNoFont = 0xFFFF;
 
   std::uint16_t font = kNoFont;  // number of the font resource
-  std::uint16_t code = 0;    // no string has to escape its bytes
-  std::uint8_t bytes = 0;    // 1 or 2; 0 is no code
-  std::int16_t advance = 0;  // thousandths of the em
+  std::uint16_t code = 0;        // no string has to escape its bytes
+  std::uint8_t bytes = 0;        // 1 or 2; 0 is no code
+  std::int16_t advance = 0;      // thousandths of the em
 };
 
 // A code and what it stands for.

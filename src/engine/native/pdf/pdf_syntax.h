@@ -29,9 +29,9 @@ char* WriteDecimal(char* out, std::int64_t value, int decimals);
 // twentieth of the thinnest line's width.
 using Hundredths = std::int64_t;
 
-inline // As std::llround, which would be a call. The largest number below a half takes no number to the
+// As std::llround, which would be a call. The largest number below a half takes no number to the
 // next whole one that is not halfway there, and halves get there because their sum is rounded up.
-std::int64_t RoundAway(double value) {
+inline std::int64_t RoundAway(double value) {
   return static_cast<std::int64_t>(value + std::copysign(0.49999999999999994, value));
 }
 
