@@ -1,4 +1,4 @@
-// What the topics of the interface share: the way to the engine, and values on their way there.
+// What the topics of the interface share: the engine, and values on their way there.
 #pragma once
 
 #include <cstdint>
@@ -13,11 +13,6 @@
 #include "values/variant_arithmetic.h"
 
 namespace pagivo {
-
-// The engine of the preview window, which is created and loaded first if need be.
-inline PrintEngine& Engine() {
-  return *PreviewForm().vsPrint();
-}
 
 // Each answers in twips a position or length that is in host units.
 inline Variant ScaledX(const Variant& value) {

@@ -62,6 +62,11 @@ frmAfdrukken::~frmAfdrukken() {
   frmAfdrukken::DestroyControls();
 }
 
+const std::shared_ptr<PrintEngine>& frmAfdrukken::vsPrint() {
+  Load();
+  return vsPrint_;
+}
+
 PdfExporter& frmAfdrukken::Exporter() {
   return *Reach().exporter;
 }
@@ -104,6 +109,7 @@ void frmAfdrukken::CreateControls() {
 
 void frmAfdrukken::DestroyControls() {
   if (!parts_) return;
+  reachedEngine = nullptr;
   // A caller in the middle of an operation may hold the engine for a moment longer.
   vsPrint_->SetEvents(nullptr);
   parts_.reset();

@@ -29,10 +29,7 @@ class frmAfdrukken : public Form, private PrintEngineEvents {
   frmAfdrukken(Platform platform, ModuleState& state);
   ~frmAfdrukken() override;
 
-  const std::shared_ptr<PrintEngine>& vsPrint() {
-    Load();
-    return vsPrint_;
-  }
+  const std::shared_ptr<PrintEngine>& vsPrint();
   PdfExporter& Exporter();
   // Where the engine draws.
   Surface& PreviewSurface();

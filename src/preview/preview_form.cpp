@@ -13,6 +13,10 @@ namespace pagivo {
 
 namespace {
 
+// A plain pointer, so that it is never destroyed: the windows' toolkit is gone before the process's
+// statics are.
+constinit std::shared_ptr<frmAfdrukken>* previewForm = nullptr;
+
 // What a maximised host is larger than its preview, in twips.
 constexpr double kSmallerThanHost = 100;
 
@@ -65,13 +69,13 @@ void PlaceOverHost(const ObjectRef& hostForm) {
 
 }  // namespace
 
-// A plain pointer, so that it is never destroyed: the windows' toolkit is gone before the process's
-// statics are.
-constinit std::shared_ptr<frmAfdrukken>* previewForm = nullptr;
+constinit PrintEngine* reachedEngine = nullptr;
 
-frmAfdrukken& CreatePreviewForm() {
-  previewForm =
-      new std::shared_ptr<frmAfdrukken>(std::make_shared<frmAfdrukken>(CurrentPlatform(), State()));
+frmAfdrukken& PreviewForm() {
+  if (previewForm == nullptr) {
+    previewForm = new std::shared_ptr<frmAfdrukken>(
+        std::make_shared<frmAfdrukken>(CurrentPlatform(), State()));
+  }
   return **previewForm;
 }
 
@@ -79,7 +83,14 @@ std::shared_ptr<PrintEngine> PreviewEngine() {
   return PreviewForm().vsPrint();
 }
 
+PrintEngine& ReachEngine() {
+  PrintEngine& engine = *PreviewForm().vsPrint();
+  reachedEngine = &engine;
+  return engine;
+}
+
 void ReleasePreviewForm() {
+  reachedEngine = nullptr;
   delete std::exchange(previewForm, nullptr);
 }
 

@@ -7,17 +7,20 @@
 
 namespace pagivo {
 
-// What PreviewForm() refers to, or null when there is none. Only PreviewForm() reads it.
-extern std::shared_ptr<frmAfdrukken>* previewForm;
-frmAfdrukken& CreatePreviewForm();
-
 // When there is no window yet, one is created on the platform in use, but not loaded.
-inline frmAfdrukken& PreviewForm() {
-  return previewForm == nullptr ? CreatePreviewForm() : **previewForm;
-}
+frmAfdrukken& PreviewForm();
 
 // The engine of that window, which is created and loaded if need be.
 std::shared_ptr<PrintEngine> PreviewEngine();
+
+// The same engine once Engine() has reached it, until the window is unloaded or forgotten: every
+// statement of a document asks for it. Only Engine() reads it.
+extern PrintEngine* reachedEngine;
+PrintEngine& ReachEngine();
+
+inline PrintEngine& Engine() {
+  return reachedEngine == nullptr ? ReachEngine() : *reachedEngine;
+}
 
 // Forgets the window, so that the next use creates a new one.
 void ReleasePreviewForm();

@@ -386,6 +386,23 @@ TEST_F(Lifecycle, EindeDuringTheModalPreviewEndsTheShowing) {
   EXPECT_FALSE(PreviewForm().IsLoaded());
 }
 
+TEST_F(Lifecycle, AForgottenWindowIsNotReachedAgainWhoeverHoldsIt) {
+  PgPrint print;
+  print.VsPPInit();
+  const std::shared_ptr<Form> held = PreviewForm().shared_from_this();
+  ReleasePreviewForm();
+  print.VsPPNewPage();
+  EXPECT_EQ(platform.EnginesMade(), 2);
+}
+
+TEST_F(Lifecycle, AWindowThatWasUnloadedIsLoadedWithANewEngine) {
+  PgPrint print;
+  print.VsPPInit();
+  PreviewForm().Unload();
+  print.VsPPNewPage();
+  EXPECT_EQ(platform.EnginesMade(), 2);
+}
+
 TEST_F(Lifecycle, ClosingThePreviewByHandKeepsTheDocument) {
   PgPrint print;
   print.VsPPInit();
