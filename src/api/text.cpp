@@ -15,6 +15,14 @@ void WhenPresent(const Variant& argument, Statement&& statement) {
   if (!argument.IsMissing()) IgnoringErrors(std::forward<Statement>(statement));
 }
 
+void PutCurrentX(const Variant& x) {
+  WhenPresent(x, [&] { Engine().PutCurrentX(ScaledX(x)); });
+}
+
+void PutCurrentY(const Variant& y) {
+  WhenPresent(y, [&] { Engine().PutCurrentY(ScaledY(y)); });
+}
+
 // Most names come as texts, which need no copy.
 void PutFontName(const Variant& name) {
   const auto* text = name.GetIf<std::string>();
@@ -63,8 +71,8 @@ double WidthOf(const std::string& text, Trimming trim) {
 void PgPrint::VsPPPrint(const TextArgument& varText, const Variant& varX, const Variant& varY,
                         const Variant& varFontName, const Variant& varSize, const Variant& varBold,
                         const Variant& varUnderline, const Variant& varItalic) {
-  WhenPresent(varX, [&] { Engine().PutCurrentX(ScaledX(varX)); });
-  WhenPresent(varY, [&] { Engine().PutCurrentY(ScaledY(varY)); });
+  PutCurrentX(varX);
+  PutCurrentY(varY);
   PutFontNameAndSize(varFontName, varSize);
   PutBold(varBold);
   PutItalic(varItalic);
@@ -81,7 +89,7 @@ void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const
     const double width = ReadOrZero([&] { return WidthOf(varText, TrimRight); });
     IgnoringErrors([&] { Engine().PutCurrentX(ToDouble(ScaledX(varX)) - width); });
   }
-  WhenPresent(varY, [&] { Engine().PutCurrentY(ScaledY(varY)); });
+  PutCurrentY(varY);
   PutFontNameAndSize(varFontName, varSize);
   PutBold(varBold);
   PutItalic(varItalic);

@@ -108,6 +108,10 @@ Variant Multiply(const Variant& left, const Variant& right) {
   return ProductOfKind(KindOfProduct(leftKind, rightKind), ToDouble(left) * ToDouble(right));
 }
 
+Variant MultiplyBySingle(const Variant& value, float factor) {
+  return Multiply(value, factor);
+}
+
 Variant Divide(const Variant& left, const Variant& right) {
   const Kind leftKind = NumericKindOf(left);
   const Kind rightKind = NumericKindOf(right);

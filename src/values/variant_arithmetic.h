@@ -13,14 +13,17 @@ namespace pagivo {
 // for anything else, Overflow past Double.
 Variant Multiply(const Variant& left, const Variant& right);
 
-// Multiply(length, twips), at once for what nearly all lengths are: a Double, in units of so many
-// twips.
+// Multiply(value, factor).
+Variant MultiplyBySingle(const Variant& value, float factor);
+
+// The same for a length in units of so many twips; at once for what nearly all lengths are, a
+// Double.
 inline Variant InTwips(const Variant& length, float twips) {
   if (const double* number = length.GetIf<double>()) {
     const double product = *number * double{twips};
     if (!std::isinf(product)) return product;
   }
-  return Multiply(length, twips);
+  return MultiplyBySingle(length, twips);
 }
 
 // The quotient is a Single when both operands are Integer or Single, else a Double; Null as above.
