@@ -30,31 +30,29 @@ Rectangle OnOtherPaper(Rectangle rectangle, const PageGeometry& before, const Pa
 
 }  // namespace
 
-Recorder::Recorder(Document& document) : document_(document) {}
+Recorder::Recorder(Document& document) : storage_(*document.storage_) {}
 
 void Recorder::BeginPage(const PageGeometry& geometry) {
-  auto& pages = document_.storage_->pages;
-  pages.push_back({.geometry = geometry});
-  pageIndex_ = pages.size() - 1;
+  storage_.pages.push_back({.geometry = geometry});
+  pageIndex_ = storage_.pages.size() - 1;
   ForgetRecordedStyles();
 }
 
 // Whatever else is drawn has set a font or a pen.
 bool Recorder::HasOnlyPictures() const noexcept {
-  return font_.recordedIndex == kNoIndex && pen_.recordedIndex == kNoIndex;
+  return font_.recordedIndex == kNotRecorded && pen_.recordedIndex == kNotRecorded;
 }
 
 // The pictures are recorded anew before the page lets go of them as they were, so none is lost when
 // memory runs out.
 void Recorder::ChangePaper(const PageGeometry& geometry, Point origin) {
   assert(HasOnlyPictures());
-  Document::Storage& storage = *document_.storage_;
-  PageRecord& page = storage.pages.back();
+  PageRecord& page = storage_.pages.back();
   if (page.geometry == geometry && origin_ == origin) return;
-  const auto end = static_cast<std::uint32_t>(storage.segments.size());
-  segmentEnd_ = nullptr;
-  for (std::uint32_t i = page.firstSegment; i < end; i = storage.segments[i].next) {
-    AddPicturesOf(storage.segments[i], geometry, origin - origin_);
+  const auto end = static_cast<std::uint32_t>(storage_.segments.size());
+  openSegment_ = nullptr;
+  for (std::uint32_t i = page.firstSegment; i < end; i = storage_.segments[i].next) {
+    AddPicturesOf(storage_.segments[i], geometry, origin - origin_);
   }
   if (page.firstSegment != kNoSegment) page.firstSegment = end;
   page.geometry = geometry;
@@ -62,7 +60,7 @@ void Recorder::ChangePaper(const PageGeometry& geometry, Point origin) {
 }
 
 void Recorder::AddPicturesOf(Segment segment, const PageGeometry& geometry, Point moved) {
-  const PageGeometry& before = document_.storage_->pages.back().geometry;
+  const PageGeometry& before = storage_.pages.back().geometry;
   CommandReader reader(segment.begin, segment.end);
   while (!reader.AtEnd()) {
     [[maybe_unused]] const auto operation = reader.Get<Operation>();
@@ -73,40 +71,44 @@ void Recorder::AddPicturesOf(Segment segment, const PageGeometry& geometry, Poin
 }
 
 void Recorder::BeginOverlay(std::int32_t page) {
-  assert(page >= 1 && page <= document_.PageCount());
   pageIndex_ = static_cast<std::size_t>(page - 1);
+  assert(pageIndex_ < storage_.pages.size());
   ForgetRecordedStyles();
 }
 
 void Recorder::EndOverlay() {
-  pageIndex_ = document_.storage_->pages.size() - 1;
+  pageIndex_ = storage_.pages.size() - 1;
   ForgetRecordedStyles();
 }
 
 // The next command opens a segment and sets the styles that it uses.
 void Recorder::ForgetRecordedStyles() noexcept {
-  segmentEnd_ = nullptr;
-  font_.recordedIndex = kNoIndex;
-  textColor_.recordedIndex = kNoIndex;
-  pen_.recordedIndex = kNoIndex;
-  brush_.recordedIndex = kNoIndex;
+  openSegment_ = nullptr;
+  font_.recordedIndex = kNotRecorded;
+  textColor_.recordedIndex = kNotRecorded;
+  pen_.recordedIndex = kNotRecorded;
+  brush_.recordedIndex = kNotRecorded;
 }
 
 template <typename Value>
 void Recorder::Want(Style<Value>& style, const Value& value) {
   if (style.wanted == value) return;
   style.wanted = value;
-  style.wantedIndex = kNoIndex;
+  style.wantedIndex = kNotLookedUp;
 }
 
 template <typename Value, typename Table>
 void Recorder::Use(Style<Value>& style, Table& table, Operation operation) {
-  if (style.wantedIndex == kNoIndex) style.wantedIndex = table.IndexOf(style.wanted);
-  if (style.recordedIndex == style.wantedIndex) return;
-  CommandWriter command = Begin(operation, kMaximumNumberSize);
-  command.PutNumber(style.wantedIndex);
-  Add(command);
+  if (style.recordedIndex == style.wantedIndex) return;  // nearly always
+  if (style.wantedIndex == kNotLookedUp) style.wantedIndex = table.IndexOf(style.wanted);
+  if (style.recordedIndex != style.wantedIndex) RecordStyle(operation, style.wantedIndex);
   style.recordedIndex = style.wantedIndex;
+}
+
+void Recorder::RecordStyle(Operation operation, std::uint32_t index) {
+  CommandWriter command = Begin(operation, kMaximumNumberSize);
+  command.PutNumber(index);
+  Add(command);
 }
 
 void Recorder::SetFont(const FontDescription& font) {
@@ -123,43 +125,42 @@ void Recorder::SetBrush(const Brush& brush) {
 }
 
 void Recorder::UseTextStyle() {
-  Use(font_, document_.storage_->fonts, Operation::SetFont);
-  Use(textColor_, document_.storage_->colors, Operation::SetTextColor);
+  Use(font_, storage_.fonts, Operation::SetFont);
+  Use(textColor_, storage_.colors, Operation::SetTextColor);
 }
 
 void Recorder::UsePen() {
-  Use(pen_, document_.storage_->pens, Operation::SetPen);
+  Use(pen_, storage_.pens, Operation::SetPen);
 }
 
 void Recorder::UsePenAndBrush() {
   UsePen();
-  Use(brush_, document_.storage_->brushes, Operation::SetBrush);
+  Use(brush_, storage_.brushes, Operation::SetBrush);
 }
 
 CommandWriter Recorder::Begin(Operation operation, std::size_t operandSize) {
-  return {document_.storage_->arena.Reserve(sizeof operation + operandSize), operation};
+  return {storage_.arena.Reserve(sizeof operation + operandSize), operation};
 }
 
 void Recorder::Add(const CommandWriter& command) {
-  Document::Storage& storage = *document_.storage_;
-  const std::byte* begin = storage.arena.Reserve(0);
-  if (begin != segmentEnd_) OpenSegment(begin);
-  segmentEnd_ = command.End();
-  storage.segments[storage.pages[pageIndex_].lastSegment].end = segmentEnd_;
-  storage.arena.Advance(static_cast<std::size_t>(segmentEnd_ - begin));
+  const std::byte* begin = storage_.arena.Reserve(0);
+  if (openSegment_ == nullptr || openSegment_->end != begin) OpenSegment(begin);
+  openSegment_->end = command.End();
+  storage_.arena.Advance(command.End());
 }
 
 void Recorder::OpenSegment(const std::byte* begin) {
-  Document::Storage& storage = *document_.storage_;
-  const auto index = static_cast<std::uint32_t>(storage.segments.size());
-  storage.segments.push_back({.begin = begin, .end = begin});
-  PageRecord& page = storage.pages[pageIndex_];
+  auto& segments = storage_.segments;
+  const auto index = static_cast<std::uint32_t>(segments.size());
+  segments.push_back({.begin = begin, .end = begin});
+  PageRecord& page = storage_.pages[pageIndex_];
   if (page.firstSegment == kNoSegment) {
     page.firstSegment = index;
   } else {
-    storage.segments[page.lastSegment].next = index;
+    segments[page.lastSegment].next = index;
   }
   page.lastSegment = index;
+  openSegment_ = &segments.back();
 }
 
 void Recorder::DrawText(Point position, std::string_view text) {
@@ -171,7 +172,7 @@ void Recorder::DrawText(Point position, std::string_view text) {
   command.PutBytes(text.data(), text.size());
   Add(command);
   const char* end = reinterpret_cast<const char*>(command.End());
-  lastText_ = {{end - text.size(), text.size()}, &document_.storage_->fonts[font_.wantedIndex]};
+  lastText_ = {{end - text.size(), text.size()}, &storage_.fonts[font_.wantedIndex]};
 }
 
 void Recorder::DrawLine(Point from, Point to) {
@@ -224,7 +225,7 @@ void Recorder::DrawPoints(Operation operation, std::span<const Point> points) {
 }
 
 void Recorder::DrawPicture(const Rectangle& rectangle, const PictureImageRef& picture) {
-  AddPicture(rectangle + origin_, document_.storage_->pictures.IndexOf(picture));
+  AddPicture(rectangle + origin_, storage_.pictures.IndexOf(picture));
 }
 
 void Recorder::AddPicture(const Rectangle& rectangle, std::size_t index) {

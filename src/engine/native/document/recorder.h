@@ -58,20 +58,24 @@ class Recorder final : public Player {
   const RecordedText& LastText() const noexcept { return lastText_; }
 
  private:
-  static constexpr std::uint32_t kNoIndex = UINT32_MAX;
+  // Neither is the index of a style.
+  static constexpr std::uint32_t kNotLookedUp = UINT32_MAX;
+  static constexpr std::uint32_t kNotRecorded = UINT32_MAX - 1;
 
-  // A style as it is wanted, and as this page's commands have last set it.
+  // A style as it is wanted, and as this page's commands have last set it: by their indices in the
+  // document's table.
   template <typename Value>
   struct Style {
     Value wanted{};
-    std::uint32_t wantedIndex = kNoIndex;    // in the document's table, once looked up
-    std::uint32_t recordedIndex = kNoIndex;  // none: not yet set on this page
+    std::uint32_t wantedIndex = kNotLookedUp;
+    std::uint32_t recordedIndex = kNotRecorded;
   };
 
   template <typename Value>
   static void Want(Style<Value>& style, const Value& value);
   template <typename Value, typename Table>
   void Use(Style<Value>& style, Table& table, Operation operation);
+  void RecordStyle(Operation operation, std::uint32_t index);
   void UseTextStyle();
   void UsePen();
   void UsePenAndBrush();
@@ -85,11 +89,11 @@ class Recorder final : public Player {
   void AddPicture(const Rectangle& rectangle, std::size_t index);
   void AddPicturesOf(Segment segment, const PageGeometry& geometry, Point moved);
 
-  Document& document_;
+  Document::Storage& storage_;
   std::size_t pageIndex_ = 0;  // where drawing goes
   Point origin_;
-  // Where the page's open segment ends; commands that follow it directly extend it.
-  const std::byte* segmentEnd_ = nullptr;
+  // The page's last one, unless it is closed; commands that follow it directly extend it.
+  Segment* openSegment_ = nullptr;
   Style<FontDescription> font_;
   Style<Color> textColor_;
   Style<Pen> pen_;

@@ -24,15 +24,12 @@ class Arena {
   // The next free byte, with room for `size` bytes after it. Asking again without Advance gives the
   // same bytes. Raises std::bad_alloc.
   std::byte* Reserve(std::size_t size) {
-    if (size > free_) AddChunk(size);
+    if (size > static_cast<std::size_t>(end_ - next_)) AddChunk(size);
     return next_;
   }
 
-  // Takes the first `size` of the reserved bytes.
-  void Advance(std::size_t size) noexcept {
-    next_ += size;
-    free_ -= size;
-  }
+  // Takes the reserved bytes up to `next`.
+  void Advance(std::byte* next) noexcept { next_ = next; }
 
   // Bytes of all chunks, used or not.
   std::size_t Bytes() const noexcept { return bytes_; }
@@ -42,7 +39,7 @@ class Arena {
 
   std::vector<std::unique_ptr<std::byte[]>> chunks_;
   std::byte* next_ = nullptr;
-  std::size_t free_ = 0;
+  std::byte* end_ = nullptr;  // of the last chunk
   std::size_t bytes_ = 0;
 };
 
@@ -51,14 +48,7 @@ class Arena {
 template <typename Value, typename Hash>
 class InternTable {
  public:
-  std::uint32_t IndexOf(const Value& value) {
-    const auto known = indices_.find(value);
-    if (known != indices_.end()) return known->second;
-    MakeRoom();  // first, so that nothing fails once the value is in the map
-    const auto entry = indices_.emplace(value, static_cast<std::uint32_t>(values_.size())).first;
-    values_.push_back(&entry->first);
-    return entry->second;
-  }
+  std::uint32_t IndexOf(const Value& value);
 
   const Value& operator[](std::uint32_t index) const { return *values_[index]; }
   std::size_t Count() const noexcept { return values_.size(); }
@@ -70,9 +60,7 @@ class InternTable {
   }
 
  private:
-  void MakeRoom() {
-    if (values_.size() == values_.capacity()) values_.reserve(2 * values_.size() + 8);
-  }
+  void MakeRoom();
 
   std::unordered_map<Value, std::uint32_t, Hash> indices_;
   std::vector<const Value*> values_;
