@@ -1,6 +1,5 @@
 // NativeEngine's font and text.
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "engine/native/fonts/font_library.h"
@@ -21,18 +20,25 @@ double TwipsPerEmOf(const FontDescription& font) {
 }  // namespace
 
 // Nothing has changed when the recorder runs out of memory.
-template <typename Value>
-void NativeEngine::ChangeFont(Value FontDescription::*property, const Value& value) {
-  if (font_.*property == value) return;
+void NativeEngine::ChangeFontName(const std::string& name) {
   FontDescription font = font_;
-  font.*property = value;
+  font.name = name;
   recorder_->SetFont(font);
   font_ = std::move(font);
   foundFont_ = nullptr;
 }
 
+// The recorder has the name already, so it needs no memory.
+template <typename Value>
+void NativeEngine::ChangeFont(Value FontDescription::*property, Value value) {
+  if (font_.*property == value) return;
+  font_.*property = value;
+  recorder_->SetFont(font_);
+  foundFont_ = nullptr;
+}
+
 void NativeEngine::PutFontName(const std::string& name) {
-  ChangeFont(&FontDescription::name, name);
+  if (font_.name != name) ChangeFontName(name);
 }
 
 void NativeEngine::PutFontSize(float points) {
@@ -80,28 +86,31 @@ void NativeEngine::PutCurrentY(const Variant& y) {
   position_.y = CheckedCoordinate("CurrentY", y);
 }
 
+TextLayout NativeEngine::LayOut(const std::string& text) {
+  return LayOutText(text, [this](std::string_view piece) { return MeasurePiece(piece); });
+}
+
+double NativeEngine::WidthOfLastText() const {
+  const auto& [text, font] = recorder_->LastText();
+  return FindFont(*font).Width(text) * TwipsPerEmOf(*font);
+}
+
 // Gives the position both coordinates. The text before it ends in the font that it was printed in,
 // whatever has been put since.
-void NativeEngine::SettlePrintPosition() {
-  double x = position_.x.value_or(setup_.margins.left);
-  if (position_.isAfterText) {
-    const auto& [text, font] = recorder_->LastText();
-    x += FindFont(*font).Width(text) * TwipsPerEmOf(*font);
-  }
-  position_ = {x, position_.y.value_or(setup_.margins.top), false};
+NativeEngine::Place NativeEngine::SettlePrintPosition() {
+  const double width = position_.isAfterText ? WidthOfLastText() : 0;
+  const Place place{position_.x.value_or(setup_.margins.left) + width,
+                    position_.y.value_or(setup_.margins.top)};
+  position_ = {place.x, place.y, false};
+  return place;
 }
 
 void NativeEngine::PutText(const std::string& text) {
   RequireDrawing();
-  SettlePrintPosition();
-  const Place place{*position_.x, *position_.y};
-  if (IsPlainLine(text)) {
-    DrawPiece(place, text);
-    position_.isAfterText = !text.empty();
-  } else {
-    const auto measure = [this](std::string_view piece) { return MeasurePiece(piece); };
-    DrawLayout(place, LayOutText(text, measure));
-  }
+  const Place place = SettlePrintPosition();
+  if (!IsPlainLine(text)) return DrawLayout(place, LayOut(text));
+  DrawPiece(place, text);
+  position_.isAfterText = !text.empty();
 }
 
 void NativeEngine::DrawLayout(Place place, const TextLayout& layout) {
@@ -123,11 +132,13 @@ void NativeEngine::DrawPiece(Place place, std::string_view piece) {
 }
 
 double NativeEngine::GetTextWidth(const std::string& text) {
-  if (IsPlainLine(text)) return MeasurePiece(text);
-  const auto measure = [this](std::string_view piece) { return MeasurePiece(piece); };
+  return IsPlainLine(text) ? MeasurePiece(text) : WidestLine(LayOut(text));
+}
+
+double NativeEngine::WidestLine(const TextLayout& layout) {
   double width = 0;
-  for (const TextPiece& piece : LayOutText(text, measure).pieces) {
-    width = std::max(width, piece.x + measure(piece.text));
+  for (const TextPiece& piece : layout.pieces) {
+    width = std::max(width, piece.x + MeasurePiece(piece.text));
   }
   return width;
 }

@@ -44,9 +44,9 @@ void NativeEngine::PutRenderControl(const std::int32_t& window) {
   }
   const WindowImage image = services_.windows->CaptureWindow(window);
   if (image.pixels.empty()) return;
-  SettlePrintPosition();
-  const auto x = static_cast<float>(*position_.x);
-  const auto y = static_cast<float>(*position_.y);
+  const Place place = SettlePrintPosition();
+  const auto x = static_cast<float>(place.x);
+  const auto y = static_cast<float>(place.y);
   recorder_->DrawPicture({x, y, x + image.size.width, y + image.size.height}, PictureOf(image));
 }
 

@@ -6,6 +6,13 @@
 #include "values/errors.h"
 
 namespace pagivo::native {
+namespace {
+
+[[noreturn]] void ThrowNoDocument(const char* description) {
+  throw Error(ErrorNumber::NoDocument, description);
+}
+
+}  // namespace
 
 NativeEngine::NativeEngine(EngineServices services)
     : services_(std::move(services)),
@@ -33,9 +40,7 @@ void NativeEngine::RequireWhole() const {
 }
 
 void NativeEngine::RequireNoPrinting() const {
-  if (stage_ == Stage::Printing) {
-    throw Error(ErrorNumber::NoDocument, kStillPrinting);
-  }
+  if (stage_ == Stage::Printing) ThrowNoDocument(kStillPrinting);
 }
 
 // The new document is complete in itself before the old one goes. Should memory not suffice for it,
@@ -60,7 +65,7 @@ void NativeEngine::StartDoc() {
 
 void NativeEngine::EndDoc() {
   if (stage_ != Stage::Composing) {
-    throw Error(ErrorNumber::NoDocument, "Er is geen document dat kan worden afgesloten");
+    ThrowNoDocument("Er is geen document dat kan worden afgesloten");
   }
   isWhole_ = IsWhole();
   stage_ = Stage::Complete;
@@ -69,8 +74,7 @@ void NativeEngine::EndDoc() {
 
 void NativeEngine::NewPage() {
   if (stage_ != Stage::Composing) {
-    throw Error(ErrorNumber::NoDocument,
-                "Er is geen document waaraan een pagina kan worden toegevoegd");
+    ThrowNoDocument("Er is geen document waaraan een pagina kan worden toegevoegd");
   }
   if (document_->PageCount() == kMaximumPages) {
     throw Error(
@@ -94,9 +98,7 @@ std::int16_t NativeEngine::GetCurrentPage() {
 
 void NativeEngine::StartOverlay(const std::int16_t& page) {
   RequireNoPrinting();
-  if (!IsComplete()) {
-    throw Error(ErrorNumber::NoDocument, "Er is geen afgesloten document");
-  }
+  if (!IsComplete()) ThrowNoDocument("Er is geen afgesloten document");
   if (page < 1 || page > document_->PageCount()) {
     throw Error(ErrorNumber::PageOutOfRange,
                 "Het document heeft geen pagina " + std::to_string(page));
@@ -111,9 +113,7 @@ void NativeEngine::StartOverlay(const std::int16_t& page) {
 }
 
 void NativeEngine::EndOverlay() {
-  if (stage_ != Stage::Overlay) {
-    throw Error(ErrorNumber::NoDocument, "Er is geen pagina heropend");
-  }
+  if (stage_ != Stage::Overlay) ThrowNoDocument("Er is geen pagina heropend");
   recorder_->EndOverlay();
   isWhole_ = IsWhole();
   stage_ = Stage::Complete;
@@ -138,9 +138,7 @@ bool NativeEngine::IsDrawing() const noexcept {
 }
 
 void NativeEngine::RequireDrawing() const {
-  if (!IsDrawing()) {
-    throw Error(ErrorNumber::NoDocument, "Er is geen document geopend");
-  }
+  if (!IsDrawing()) ThrowNoDocument("Er is geen document geopend");
 }
 
 }  // namespace pagivo::native

@@ -225,12 +225,16 @@ class NativeEngine final : public PrintEngine,
   void ReadPrintableArea();
   Point OriginOn(const PageGeometry& page) const;
   void ApplyOrigin();
+  void ChangeFontName(const std::string& name);
   template <typename Value>
-  void ChangeFont(Value FontDescription::*property, const Value& value);
+  void ChangeFont(Value FontDescription::*property, Value value);
   Font& CurrentFont();
   double MeasurePiece(std::string_view piece);
   double LineSpacing();
-  void SettlePrintPosition();
+  TextLayout LayOut(const std::string& text);
+  double WidestLine(const TextLayout& layout);
+  double WidthOfLastText() const;
+  Place SettlePrintPosition();
   void DrawPiece(Place place, std::string_view piece);
   void DrawLayout(Place place, const TextLayout& layout);
   void SetStyles(Recorder& recorder) const;
