@@ -68,9 +68,10 @@ class PAGIVO_EXPORT Variant {
     }
   }
   Variant(std::string value) : value_(std::move(value)) {}
-  Variant(std::string_view value) : value_(std::string(value)) {}
+  Variant(std::string_view value) : value_(std::in_place_type<std::string>, value) {}
   // Null is the empty text.
-  Variant(const char* value) : value_(std::string(value == nullptr ? "" : value)) {}
+  Variant(const char* value)
+      : value_(std::in_place_type<std::string>, value == nullptr ? "" : value) {}
   Variant(ObjectRef value) : value_(std::move(value)) {}
   template <std::derived_from<Object> T>
   Variant(std::shared_ptr<T> value) : value_(ObjectRef(std::move(value))) {}

@@ -1,5 +1,6 @@
 // NativeEngine's font and text.
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "engine/native/fonts/font_library.h"
@@ -11,6 +12,12 @@ namespace {
 
 Font& FindFont(const FontDescription& font) {
   return FontLibrary::Instance().Find(font.name, font.bold, font.italic);
+}
+
+// Byte by byte: a name has often just been written, in pieces, and memcmp would have to wait until
+// it can read them as one.
+bool AreSame(const std::string& name, const std::string& other) {
+  return std::equal(name.begin(), name.end(), other.begin(), other.end(), std::equal_to<char>());
 }
 
 double TwipsPerEmOf(const FontDescription& font) {
@@ -38,7 +45,7 @@ void NativeEngine::ChangeFont(Value FontDescription::*property, Value value) {
 }
 
 void NativeEngine::PutFontName(const std::string& name) {
-  if (font_.name != name) ChangeFontName(name);
+  if (!AreSame(name, font_.name)) ChangeFontName(name);
 }
 
 void NativeEngine::PutFontSize(float points) {
