@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "support/data/test_data.h"
+#include "support/pictures/png_files.h"
 
 namespace pagivo::native {
 namespace {
@@ -22,16 +23,6 @@ void PutBig(Bytes& bytes, std::size_t at, std::uint32_t value, std::size_t count
   for (std::size_t i = 0; i < count; ++i) {
     bytes.at(at + i) = static_cast<std::uint8_t>(value >> (8 * (count - 1 - i)));
   }
-}
-
-// The checksum of PNG chunks.
-std::uint32_t Checksum(const Bytes& bytes, std::size_t begin, std::size_t end) {
-  std::uint32_t sum = ~0U;
-  for (std::size_t at = begin; at < end; ++at) {
-    sum ^= bytes.at(at);
-    for (int bit = 0; bit < 8; ++bit) sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320U : 0U);
-  }
-  return ~sum;
 }
 
 }  // namespace
@@ -57,11 +48,10 @@ std::vector<std::string> AllRasterPictureNames() {
 }
 
 Bytes PngOfSize(std::uint32_t width, std::uint32_t height) {
-  Bytes bytes = PictureFile("colors.png");
-  PutBig(bytes, 16, width, 4);
-  PutBig(bytes, 20, height, 4);
-  PutBig(bytes, 29, Checksum(bytes, 12, 29), 4);
-  return bytes;
+  std::vector<PngChunk> chunks = ChunksOf(PictureFile("colors.png"));
+  PutBig(chunks.front().data, 0, width, 4);
+  PutBig(chunks.front().data, 4, height, 4);
+  return PngOf(chunks);
 }
 
 Bytes GifOfSize(std::uint16_t screen, std::uint16_t frame) {

@@ -11,6 +11,7 @@
 #include "engine/native/pdf/pdf_readers.h"
 #include "engine/native/pictures/picture_loader.h"
 #include "support/data/test_data.h"
+#include "support/pictures/png_files.h"
 
 namespace pagivo::native::testing {
 namespace {
@@ -119,30 +120,6 @@ TEST_F(PdfPictures, JpegBytesAreKept) {
     recorder.DrawPicture({0, 0, 400, 400}, LoadPictureFile(DataFile(name)));
     EXPECT_EQ(Extracted(PdfOnDisk(document), "jpg"), ReadFile(DataFile(name))) << name;
   }
-}
-
-// A file that libpng has packed, of 60 x 50 pixels in that format.
-std::vector<std::uint8_t> PackedPng(std::uint32_t format) {
-  png_image image{};
-  image.version = PNG_IMAGE_VERSION;
-  image.width = 60;
-  image.height = 50;
-  image.format = format;
-  image.colormap_entries = 40;
-  const bool hasTable = (format & PNG_FORMAT_FLAG_COLORMAP) != 0;
-  std::vector<std::uint8_t> colors(120);
-  for (std::size_t i = 0; i < colors.size(); ++i) colors[i] = static_cast<std::uint8_t>(2 * i);
-  std::vector<std::uint8_t> samples(PNG_IMAGE_SIZE(image));
-  for (std::size_t i = 0; i < samples.size(); ++i) {
-    samples[i] = static_cast<std::uint8_t>(hasTable ? i / 3 % 40 : i * i / 200);
-  }
-  std::vector<std::uint8_t> file(PNG_IMAGE_PNG_SIZE_MAX(image));
-  png_alloc_size_t size = file.size();
-  EXPECT_NE(png_image_write_to_memory(&image, file.data(), &size, 0, samples.data(), 0,
-                                      hasTable ? colors.data() : nullptr),
-            0);
-  file.resize(size);
-  return file;
 }
 
 // The pixels of the file's only picture, as both readers unpack it.

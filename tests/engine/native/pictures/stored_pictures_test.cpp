@@ -10,6 +10,7 @@
 #include "engine/native/pictures/png_codec.h"
 #include "pagivo/error.h"
 #include "support/pictures/picture_files.h"
+#include "support/pictures/png_files.h"
 
 namespace pagivo::native {
 namespace {
@@ -76,80 +77,6 @@ TEST(StoredJpeg, IsRefusedAtLoadingWhereTheDecoderWouldGiveUp) {
 
 // --- PNG
 
-struct PngText {
-  std::string type;
-  Bytes data;
-};
-
-void AppendNumber(Bytes& out, std::size_t number) {
-  for (int shift = 24; shift >= 0; shift -= 8) {
-    out.push_back(static_cast<std::uint8_t>(number >> shift));
-  }
-}
-
-// A file of the chunks, each with its checksum.
-Bytes PngOf(const std::vector<PngText>& chunks) {
-  Bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-  for (const auto& [type, data] : chunks) {
-    AppendNumber(file, data.size());
-    const std::size_t begin = file.size();
-    file.insert(file.end(), type.begin(), type.end());
-    file.insert(file.end(), data.begin(), data.end());
-    std::uint32_t sum = 0xFFFFFFFF;  // CRC 32 bit by bit
-    for (std::size_t i = begin; i < file.size(); ++i) {
-      sum ^= file[i];
-      for (int bit = 0; bit < 8; ++bit) sum = sum >> 1 ^ (0xEDB88320U & (0U - (sum & 1)));
-    }
-    AppendNumber(file, ~sum);
-  }
-  return file;
-}
-
-Bytes HeaderOf(std::uint8_t width, std::uint8_t height, std::uint8_t bits, std::uint8_t color) {
-  return {0, 0, 0, width, 0, 0, 0, height, bits, color, 0, 0, 0};
-}
-
-// The rows in one stored block of deflate, in two data chunks.
-std::vector<PngText> DataOf(const Bytes& rows) {
-  Bytes packed{0x78, 0x01, 1};
-  const auto size = static_cast<std::uint8_t>(rows.size());
-  for (const std::uint8_t byte : {size, std::uint8_t{0}, std::uint8_t(~size), std::uint8_t{0xFF}}) {
-    packed.push_back(byte);
-  }
-  packed.insert(packed.end(), rows.begin(), rows.end());
-  std::uint32_t one = 1;  // Adler 32
-  std::uint32_t two = 0;
-  for (const std::uint8_t byte : rows) {
-    one = (one + byte) % 65521;
-    two = (two + one) % 65521;
-  }
-  AppendNumber(packed, two << 16 | one);
-  const auto middle = packed.begin() + std::ssize(packed) / 2;
-  return {{"IDAT", {packed.begin(), middle}}, {"IDAT", {middle, packed.end()}}};
-}
-
-Bytes Joined(std::vector<PngText> chunks, const Bytes& rows) {
-  for (PngText& chunk : DataOf(rows)) chunks.push_back(std::move(chunk));
-  chunks.push_back({"IEND", {}});
-  return PngOf(chunks);
-}
-
-// Packed by libpng: large enough that packing pays.
-Bytes PackedPng(std::uint32_t format, int width = 50, int height = 40) {
-  png_image image{};
-  image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(width);
-  image.height = static_cast<png_uint_32>(height);
-  image.format = format;
-  Bytes pixels(PNG_IMAGE_SIZE(image));
-  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<std::uint8_t>(i * i / 90);
-  Bytes file(PNG_IMAGE_PNG_SIZE_MAX(image));
-  png_alloc_size_t size = file.size();
-  EXPECT_NE(png_image_write_to_memory(&image, file.data(), &size, 0, pixels.data(), 0, nullptr), 0);
-  file.resize(size);
-  return file;
-}
-
 TEST(StoredPng, IsTheDataOfOpaqueRows) {
   struct Kind {
     std::uint32_t format;
@@ -189,7 +116,7 @@ TEST(StoredPng, IsNoneOfOtherRows) {
 const Bytes kRows{0, 10, 20, 30, 0, 40, 50, 60};
 
 TEST(StoredPng, IsNoneOfDataLargerThanTheirRows) {
-  const auto picture = DecodePicture(Joined({{"IHDR", HeaderOf(3, 2, 8, 0)}}, kRows));
+  const auto picture = DecodePicture(PngOfRows({{"IHDR", HeaderOf(3, 2, 8, 0)}}, kRows));
   EXPECT_EQ(picture->Stored(), nullptr);
   EXPECT_EQ(picture->GetPixels()->data,
             (Bytes{10, 10, 10, 20, 20, 20, 30, 30, 30, 40, 40, 40, 50, 50, 50, 60, 60, 60}));
@@ -242,8 +169,8 @@ TEST(StoredPng, WhoseDataAreDamagedIsRefused) {
 }
 
 TEST(StoredPng, OfARowThatIsPredictedInNoKnownWayIsRefused) {
-  EXPECT_TRUE(IsRefused(Joined({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 5))));
-  EXPECT_FALSE(IsRefused(Joined({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 4))));
+  EXPECT_TRUE(IsRefused(PngOfRows({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 5))));
+  EXPECT_FALSE(IsRefused(PngOfRows({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 4))));
 }
 
 // --- Pixels that nobody holds
