@@ -11,6 +11,7 @@ quarters() {
 }
 
 quarters colors.png
+quarters -define png:color-type=2 -define png:bit-depth=8 true_color.png
 quarters -interlace PNG -define png:color-type=2 interlaced.png
 quarters -depth 16 -define png:bit-depth=16 -define png:color-type=2 sixteen_bit.png
 # The lower half half transparent, the right half of the upper one wholly.

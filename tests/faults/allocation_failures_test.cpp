@@ -4,11 +4,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <new>
+#include <string>
+#include <vector>
 
+#include "engine/native/pictures/picture_loader.h"
 #include "faults/failing_allocations.h"
 #include "faults/short_session.h"
+#include "support/data/test_data.h"
 #include "support/read_file.h"
 #include "support/scratch_folder.h"
 
@@ -103,6 +109,30 @@ TEST_P(MemoryShortage, InTheFirstSessionLosesNothingSilently) {
     });
     EXPECT_EQ(result, 0) << "allocation " << number << " of " << count;
   }
+}
+
+// A row that is not read for want of memory must not pass for a damaged one, which is white.
+TEST_P(MemoryShortage, LeavesNoRowOfAStoredPictureOut) {
+  const std::string text = ReadFile(TestDataPath("pictures/true_color.png"));
+  const std::vector<std::uint8_t> file(text.begin(), text.end());
+  const auto whole = native::DecodePicture(file);
+  ASSERT_NE(whole->Stored(), nullptr);
+  long number = 1;
+  for (bool failed = true; failed; ++number) {
+    const auto picture = native::DecodePicture(file);
+    native::PictureImage::PixelsRef pixels;
+    {
+      const FailingAllocation failing(number, GetParam());
+      try {
+        pixels = picture->GetPixels();
+      } catch (const std::bad_alloc&) {
+      }
+      failed = failing.Count() >= number;
+    }
+    if (pixels == nullptr) continue;
+    EXPECT_EQ(pixels->data, whole->GetPixels()->data) << "allocation " << number;
+  }
+  EXPECT_GT(number, 10);
 }
 
 INSTANTIATE_TEST_SUITE_P(Once, MemoryShortage, ::testing::Values(Shortage::Once));

@@ -1,5 +1,6 @@
 // Files that are cut off, damaged, or announce more than they hold. Whatever stands in a file, the
-// answer is a whole picture or the error InvalidPicture, soon and in little memory.
+// answer is a whole picture or the error InvalidPicture, soon and in little memory. What is damaged
+// behind checksums that are right is another matter (damaged_png_test.cpp).
 #pragma once
 
 #include <memory>

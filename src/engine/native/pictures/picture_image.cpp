@@ -17,11 +17,12 @@ std::list<const PictureImage*>& DecodedPictures() {
   return ProcessWide<std::list<const PictureImage*>>();
 }
 
-// The file was looked at when the picture was loaded, so memory is all that decoding can lack.
+// What decoders refuse was looked for when the picture was loaded, so memory is all that decoding
+// can lack.
 PictureImage::Pixels Decoded(const StoredPicture& stored) {
   try {
     return stored.coding == StoredPicture::Coding::Jpeg ? DecodeJpeg(stored.file)
-                                                        : DecodePng(stored.file);
+                                                        : DecodePackedPng(stored.file);
   } catch (const DecodeFailure&) {
     throw std::bad_alloc();
   }

@@ -13,8 +13,9 @@
 
 namespace pagivo::native {
 
-// A picture as its file holds it, in a coding that PDF knows too. The file is whole: it can be
-// decoded at any time.
+// A picture as its file holds it, in a coding that PDF knows too. It can be decoded at any time:
+// what decoders refuse was looked for when it was loaded, and damage within its data costs nothing
+// but pixels.
 struct StoredPicture {
   enum class Coding : std::uint8_t { Jpeg, Png };
 

@@ -8,6 +8,7 @@
 #include "engine/native/pictures/picture_bytes.h"
 #include "engine/native/pictures/picture_image.h"
 #include "engine/native/pictures/png_codec.h"
+#include "engine/native/pictures/png_structure.h"
 #include "engine/native/pictures/raster_structure.h"
 #include "engine/native/pictures/system_decoders.h"
 #include "pagivo/error.h"

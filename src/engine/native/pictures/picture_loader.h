@@ -46,9 +46,11 @@ inline constexpr int kSvgLongestLongSide = 4096;
 //
 // An empty path gives an empty picture. Raises ErrorNumber::FileAccess when the file cannot be read
 // or is no ordinary file, ErrorNumber::InvalidPicture when it is no picture, is damaged, incomplete
-// or too large; the description names the file. The same unchanged file gives the same object while
-// somebody holds it. Whether it has changed is told by its identity, size and times of change, and
-// by its contents as long as the last change is so recent that the times may not tell.
+// or too large; the description names the file. Damage within the data of a file that stays as it
+// is (StoredPicture) is no error and costs nothing but pixels. The same unchanged file gives the
+// same object while somebody holds it. Whether it has changed is told by its identity, size and
+// times of change, and by its contents as long as the last change is so recent that the times may
+// not tell.
 std::shared_ptr<PictureImage> LoadPictureFile(const std::string& path);
 
 // The same from a picture file's bytes, of which a copy is kept at most. Raises

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "engine/native/pictures/picture_bytes.h"
@@ -14,11 +13,9 @@ namespace pagivo::native {
 // says, and one that the library does not read to its end chunk.
 PictureImage::Pixels DecodePng(PictureBytes bytes);
 
-// The file as PDF takes it, when every reader of PDF finds the same pixels in its data: a file of
-// opaque rows, not interlaced, of eight bits a sample, whole and smaller than its pixels. What is
-// not needed for that is taken out of it. None for another file, which is left for DecodePng and
-// may have lost the same. Refuses what DecodePng refuses by the header.
-std::optional<StoredPicture> TakePackedPng(std::vector<std::uint8_t>& file);
+// The pixels of a file that TakePackedPng took: the rows up to the first that cannot be read, and
+// white below. Refuses nothing; raises std::bad_alloc.
+PictureImage::Pixels DecodePackedPng(PictureBytes file);
 
 // A file of the pixels, packed fast rather than small. There must be pixels.
 std::vector<std::uint8_t> WritePng(const PictureImage::Pixels& pixels);

@@ -153,6 +153,24 @@ TEST_F(PdfPictures, PngDataAreKeptAndReadersUnpackThem) {
   }
 }
 
+TEST_F(PdfPictures, ADamagedPngLeavesTheRestOfThePage) {
+  const PngChunk header{"IHDR", HeaderOf(100, 10, 8, PNG_COLOR_TYPE_GRAY)};
+  const Bytes tooFewRows = PngOfRows({header}, Bytes(std::size_t{4} * 101));
+  const Bytes noRows = PngOf({header, {"IDAT", {0x78, 0x01, 0x07, 1, 2, 3, 4, 5}}, {"IEND", {}}});
+  const PictureImageRef first = DecodePicture(tooFewRows);
+  const PictureImageRef second = DecodePicture(noRows);
+  Draw(first, {0, 0, 400, 400});
+  Draw(second, {1000, 0, 1400, 400});
+  Draw(MakePicture(2, 2, false, [](int, int) { return 0xFFFF0000U; }), {2000, 0, 2400, 400});
+  for (const PictureImageRef& picture : {first, second}) {
+    ASSERT_NE(picture->Stored(), nullptr);
+    const std::span<const std::uint8_t> data = picture->Stored()->Data();
+    EXPECT_THAT(PdfBytes(document_),
+                HasSubstr(std::string(reinterpret_cast<const char*>(data.data()), data.size())));
+  }
+  ExpectPixels({{5, 2, "000000"}, {105, 10, "FF0000"}, {130, 10, "FFFFFF"}});
+}
+
 TEST_F(PdfPictures, ColoursGreysAndFewColoursAreToldApart) {
   Draw(MakePicture(64, 64, false, Gradient));
   Draw(MakePicture(64, 64, false,

@@ -1,5 +1,6 @@
 // Files that are cut off, damaged, or announce more than they hold. Whatever stands in a file, the
-// answer is a whole picture or the error InvalidPicture, soon and in little memory.
+// answer is a whole picture or the error InvalidPicture, soon and in little memory. PNG files whose
+// checksums are right all the same are in damaged_png_test.cpp.
 #include "support/pictures/damaged_pictures.h"
 
 #include <gtest/gtest.h>

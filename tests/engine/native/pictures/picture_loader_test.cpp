@@ -73,11 +73,12 @@ TEST_P(OpaquePicture, IsTheSameFromItsBytes) {
 
 INSTANTIATE_TEST_SUITE_P(
     EveryFormat, OpaquePicture,
-    testing::Values(Variant{"colors.png", 16, 8, 0}, Variant{"interlaced.png", 16, 8, 0},
-                    Variant{"sixteen_bit.png", 16, 8, 0}, Variant{"opaque_alpha.png", 16, 8, 0},
-                    Variant{"colors.bmp", 16, 8, 0}, Variant{"run_length.bmp", 16, 8, 0},
-                    Variant{"colors.gif", 16, 8, 0}, Variant{"animation.gif", 16, 8, 0},
-                    Variant{"colors.ico", 16, 8, 0}, Variant{"several_sizes.ico", 16, 8, 0},
+    testing::Values(Variant{"colors.png", 16, 8, 0}, Variant{"true_color.png", 16, 8, 0},
+                    Variant{"interlaced.png", 16, 8, 0}, Variant{"sixteen_bit.png", 16, 8, 0},
+                    Variant{"opaque_alpha.png", 16, 8, 0}, Variant{"colors.bmp", 16, 8, 0},
+                    Variant{"run_length.bmp", 16, 8, 0}, Variant{"colors.gif", 16, 8, 0},
+                    Variant{"animation.gif", 16, 8, 0}, Variant{"colors.ico", 16, 8, 0},
+                    Variant{"several_sizes.ico", 16, 8, 0},
                     Variant{"stored_as_png.ico", 256, 256, 0}, Variant{"colors.jpg", 16, 8, 2},
                     Variant{"progressive.jpg", 16, 8, 2}, Variant{"cmyk.jpg", 16, 8, 2},
                     Variant{"colors.tif", 16, 8, 0}, Variant{"big_endian_lzw.tif", 16, 8, 0},

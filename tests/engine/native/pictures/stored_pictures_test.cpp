@@ -122,16 +122,6 @@ TEST(StoredPng, IsNoneOfDataLargerThanTheirRows) {
             (Bytes{10, 10, 10, 20, 20, 20, 30, 30, 30, 40, 40, 40, 50, 50, 50, 60, 60, 60}));
 }
 
-// Rows of one value, so that the few bytes that deflate's codes take are fewer.
-Bytes LongRows(std::uint8_t value, std::uint8_t filter = 0) {
-  Bytes rows;
-  for (int y = 0; y < 2; ++y) {
-    rows.push_back(filter);
-    rows.insert(rows.end(), 100, value);
-  }
-  return rows;
-}
-
 TEST(StoredPng, OfATableHasTheColorOfEveryIndex) {
   png_image image{};
   image.version = PNG_IMAGE_VERSION;
@@ -166,11 +156,6 @@ TEST(StoredPng, WhoseDataAreDamagedIsRefused) {
     file.at(at) ^= 1;
     EXPECT_TRUE(IsRefused(file)) << at;
   }
-}
-
-TEST(StoredPng, OfARowThatIsPredictedInNoKnownWayIsRefused) {
-  EXPECT_TRUE(IsRefused(PngOfRows({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 5))));
-  EXPECT_FALSE(IsRefused(PngOfRows({{"IHDR", HeaderOf(100, 2, 8, 0)}}, LongRows(7, 4))));
 }
 
 // --- Pixels that nobody holds

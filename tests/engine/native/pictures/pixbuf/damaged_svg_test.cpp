@@ -6,6 +6,7 @@
 #include "engine/native/pictures/picture_loader.h"
 #include "support/pictures/damaged_pictures.h"
 #include "support/pictures/picture_files.h"
+#include "support/pictures/png_files.h"
 
 // The XML parser under the SVG library loses the entities of a document that it gives up.
 extern "C" const char* __lsan_default_suppressions() {
@@ -83,6 +84,23 @@ TEST(Svg, LoadsNothingOutsideItself) {
   const auto picture = DecodePicture(Svg("", "<image width='100' height='100' xlink:href='file://" +
                                                  PicturePath("colors.png") + "'/>"));
   EXPECT_EQ(picture->GetPixels()->data, Bytes(picture->GetPixels()->data.size(), 0));
+}
+
+TEST(Svg, ShowsTheRowsOfADamagedPngAndWhiteBelow) {
+  const Bytes png = PngOfRows({{"IHDR", HeaderOf(100, 10, 8, 0)}}, Bytes(std::size_t{4} * 101));
+  std::string address = "data:image/png,";
+  for (const std::uint8_t byte : png) {
+    constexpr std::string_view kHex = "0123456789ABCDEF";
+    address += {'%', kHex[byte >> 4], kHex[byte & 15]};
+  }
+  const auto picture =
+      DecodePicture(Svg("",
+                        "<rect width='100' height='100' fill='red'/>"
+                        "<image width='100' height='100' preserveAspectRatio='none' xlink:href='" +
+                            address + "'/>"));
+  const Bytes pixels = picture->GetPixels()->data;
+  EXPECT_EQ(Bytes(pixels.begin(), pixels.begin() + 3), Bytes(3, 0));
+  EXPECT_EQ(Bytes(pixels.end() - 3, pixels.end()), Bytes(3, 0xFF));
 }
 
 TEST(Svg, OfAnotherKindOfXmlIsRefused) {
