@@ -84,6 +84,7 @@ std::int32_t ToLong(double value) {
 }
 
 std::int32_t Variant::ToLong() const {
+  if (const auto* whole = GetIf<std::int32_t>()) return *whole;
   if (const auto* text = GetIf<std::string>()) return LongIn(*text);
   return pagivo::ToLong(ToDouble());
 }
