@@ -114,13 +114,14 @@ NativeEngine::Place NativeEngine::SettlePrintPosition() {
 
 void NativeEngine::PutText(const std::string& text) {
   RequireDrawing();
-  const Place place = SettlePrintPosition();
-  if (!IsPlainLine(text)) return DrawLayout(place, LayOut(text));
-  DrawPiece(place, text);
+  if (!IsPlainLine(text)) return DrawLines(text);
+  DrawPiece(SettlePrintPosition(), text);
   position_.isAfterText = !text.empty();
 }
 
-void NativeEngine::DrawLayout(Place place, const TextLayout& layout) {
+void NativeEngine::DrawLines(const std::string& text) {
+  const Place place = SettlePrintPosition();
+  const TextLayout layout = LayOut(text);
   const double lineSpacing = LineSpacing();
   const auto placeOf = [&](const TextPiece& piece) {
     return Place{place.x + piece.x, place.y + static_cast<double>(piece.line) * lineSpacing};
@@ -139,12 +140,12 @@ void NativeEngine::DrawPiece(Place place, std::string_view piece) {
 }
 
 double NativeEngine::GetTextWidth(const std::string& text) {
-  return IsPlainLine(text) ? MeasurePiece(text) : WidestLine(LayOut(text));
+  return IsPlainLine(text) ? MeasurePiece(text) : WidthOfLines(text);
 }
 
-double NativeEngine::WidestLine(const TextLayout& layout) {
+double NativeEngine::WidthOfLines(const std::string& text) {
   double width = 0;
-  for (const TextPiece& piece : layout.pieces) {
+  for (const TextPiece& piece : LayOut(text).pieces) {
     width = std::max(width, piece.x + MeasurePiece(piece.text));
   }
   return width;

@@ -232,11 +232,11 @@ class NativeEngine final : public PrintEngine,
   double MeasurePiece(std::string_view piece);
   double LineSpacing();
   TextLayout LayOut(const std::string& text);
-  double WidestLine(const TextLayout& layout);
+  double WidthOfLines(const std::string& text);
   double WidthOfLastText() const;
   Place SettlePrintPosition();
   void DrawPiece(Place place, std::string_view piece);
-  void DrawLayout(Place place, const TextLayout& layout);
+  void DrawLines(const std::string& text);
   void SetStyles(Recorder& recorder) const;
   PictureImageRef PictureOf(const WindowImage& image);
   void DrawArc(Point center, float radius, const ArcAngles& angles);
