@@ -114,20 +114,17 @@ void PagePlayer::SetFont(const FontDescription& font) {
   if (font_ != nullptr && font == fontDescription_) return;
   font_ = FontLibrary::Instance().Find(font.name, font.bold, font.italic).shared_from_this();
   fontDescription_ = font;
+  const bool isSane = AreFinite(font.size) && font.size > 0;
+  em_ = isSane ? std::min(font.size, kLargestFontSize) * kTwipsPerPoint : 0;
+  ascent_ = font_->Metrics().ascent * em_;
 }
 
 void PagePlayer::DrawText(Point position, std::string_view text) {
-  const float size = fontDescription_.size;
-  if (font_ == nullptr || text.empty() || !AreFinite(position.x, position.y, size) || size <= 0) {
-    return;
-  }
-  const double em = std::min(size, kLargestFontSize) * kTwipsPerPoint;
-  TextPlacement placement;
-  placement.x = geometry_->XInUnits(position.x);
-  placement.baseline = geometry_->YInUnits(position.y + font_->Metrics().ascent * em);
-  placement.size = geometry_->InUnits(em);
-  placement.color = textColor_;
-
+  if (em_ == 0 || text.empty() || !AreFinite(position.x, position.y)) return;
+  const TextPlacement placement{.x = geometry_->XInUnits(position.x),
+                                .baseline = geometry_->YInUnits(position.y + ascent_),
+                                .size = geometry_->InUnits(em_),
+                                .color = textColor_};
   const double end = DrawLine(text, placement);
   if (fontDescription_.underline) Underline(placement.x, end, placement.baseline);
 }
@@ -141,7 +138,7 @@ double PagePlayer::DrawLine(std::string_view text, const TextPlacement& placemen
 
 void PagePlayer::Underline(double from, double to, double baseline) {
   const FontMetrics& metrics = font_->Metrics();
-  const double em = geometry_->InUnits(fontDescription_.size * kTwipsPerPoint);
+  const double em = geometry_->InUnits(em_);
   const double thickness = metrics.underlineThickness * em;
   const double bottom = baseline - metrics.underlinePosition * em - thickness / 2;
   stream_.SetFillColor(textColor_);

@@ -95,6 +95,8 @@ class PagePlayer final : public Player {
 
   FontDescription fontDescription_;
   std::shared_ptr<Font> font_;
+  double em_ = 0;      // of the font, in twips; 0 where nothing can be drawn
+  double ascent_ = 0;  // likewise
   Color textColor_ = 0;
   Pen pen_;
   Brush brush_;
