@@ -39,6 +39,10 @@ bool HasNoExponent(float value) {
   return magnitude >= 1e-4 && magnitude < 1e7;
 }
 
+// As many as a Decimal has decimals.
+constexpr std::array<double, 12> kPowersOfTen = {1,   1e1, 1e2, 1e3, 1e4,  1e5,
+                                                 1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
+
 // Seven digits or fewer, without their sign: `digits` / 10^`decimals`.
 struct Decimal {
   std::uint32_t digits = 0;
@@ -146,8 +150,6 @@ std::string FormatGeneral(double value, char decimalSeparator) {
 
 // Both numbers of the quotient are exact in a Double, so it is the Double nearest to the text.
 float RoundToText(float value) {
-  constexpr std::array<double, 12> kPowersOfTen = {1,   1e1, 1e2, 1e3, 1e4,  1e5,
-                                                   1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
   if (!HasNoExponent(value)) {
     return static_cast<float>(LeadingNumber(Format(value, kSingleDigits, '.')));
   }
