@@ -49,21 +49,23 @@ void PutUnderline(const Variant& underline) {
 
 // Uses what remains of a text after trimming; most texts need no copy.
 using Trimming = std::string_view (*)(std::string_view text);
-template <typename Use>
-auto WithTrimmed(const std::string& text, Trimming trim, Use&& use) {
-  const std::string_view part = trim(text);
+template <Trimming kTrim, typename Use>
+auto WithTrimmed(const std::string& text, Use&& use) {
+  const std::string_view part = kTrim(text);
   return part.size() == text.size() ? use(text) : use(std::string(part));
 }
 
-void PrintText(const std::string& text, Trimming trim) {
+template <Trimming kTrim>
+void PrintText(const std::string& text) {
   IgnoringErrors([&] {
-    WithTrimmed(text, trim, [](const std::string& printed) { Engine().PutText(printed); });
+    WithTrimmed<kTrim>(text, [](const std::string& printed) { Engine().PutText(printed); });
   });
 }
 
-double WidthOf(const std::string& text, Trimming trim) {
-  return WithTrimmed(text, trim,
-                     [](const std::string& measured) { return Engine().GetTextWidth(measured); });
+template <Trimming kTrim>
+double WidthOf(const std::string& text) {
+  return WithTrimmed<kTrim>(
+      text, [](const std::string& measured) { return Engine().GetTextWidth(measured); });
 }
 
 }  // namespace
@@ -77,7 +79,7 @@ void PgPrint::VsPPPrint(const TextArgument& varText, const Variant& varX, const 
   PutBold(varBold);
   PutItalic(varItalic);
   PutUnderline(varUnderline);
-  PrintText(varText, TrimRight);
+  PrintText<TrimRight>(varText);
 }
 
 void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const Variant& varY,
@@ -86,7 +88,7 @@ void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const
   if (!varX.IsMissing()) {
     // Measured in the font in force before this call's own takes effect, and trimmed on the other
     // side than the printed text: hosts lay out their tables by both.
-    const double width = ReadOrZero([&] { return WidthOf(varText, TrimRight); });
+    const double width = ReadOrZero([&] { return WidthOf<TrimRight>(varText); });
     IgnoringErrors([&] { Engine().PutCurrentX(ToDouble(ScaledX(varX)) - width); });
   }
   PutCurrentY(varY);
@@ -94,7 +96,7 @@ void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const
   PutBold(varBold);
   PutItalic(varItalic);
   PutUnderline(varUnderline);
-  PrintText(varText, TrimLeft);
+  PrintText<TrimLeft>(varText);
 }
 
 void PgPrint::VsPPSetFont(const Variant& FontName, const Variant& FontSize, const Variant& FontBold,
