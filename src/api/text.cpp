@@ -25,13 +25,14 @@ void PutCurrentY(const Variant& y) {
 
 // Most names come as texts, which need no copy.
 void PutFontName(const Variant& name) {
-  const auto* text = name.GetIf<std::string>();
-  PrintEngine& engine = Engine();
-  return text != nullptr ? engine.PutFontName(*text) : engine.PutFontName(ToText(name));
+  WhenPresent(name, [&] {
+    PrintEngine& engine = Engine();
+    if (const auto* text = name.GetIf<std::string>()) return engine.PutFontName(*text);
+    engine.PutFontName(ToText(name));
+  });
 }
 
-void PutFontNameAndSize(const Variant& name, const Variant& size) {
-  WhenPresent(name, [&] { PutFontName(name); });
+void PutFontSize(const Variant& size) {
   WhenPresent(size, [&] { Engine().PutFontSize(ToSingle(size)); });
 }
 
@@ -75,7 +76,8 @@ void PgPrint::VsPPPrint(const TextArgument& varText, const Variant& varX, const 
                         const Variant& varUnderline, const Variant& varItalic) {
   PutCurrentX(varX);
   PutCurrentY(varY);
-  PutFontNameAndSize(varFontName, varSize);
+  PutFontName(varFontName);
+  PutFontSize(varSize);
   PutBold(varBold);
   PutItalic(varItalic);
   PutUnderline(varUnderline);
@@ -92,7 +94,8 @@ void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const
     IgnoringErrors([&] { Engine().PutCurrentX(ToDouble(ScaledX(varX)) - width); });
   }
   PutCurrentY(varY);
-  PutFontNameAndSize(varFontName, varSize);
+  PutFontName(varFontName);
+  PutFontSize(varSize);
   PutBold(varBold);
   PutItalic(varItalic);
   PutUnderline(varUnderline);
@@ -101,7 +104,8 @@ void PgPrint::VsPPPrintR(const TextArgument& varText, const Variant& varX, const
 
 void PgPrint::VsPPSetFont(const Variant& FontName, const Variant& FontSize, const Variant& FontBold,
                           const Variant& FontUnderline, const Variant& FontItalic) {
-  PutFontNameAndSize(FontName, FontSize);
+  PutFontName(FontName);
+  PutFontSize(FontSize);
   PutBold(FontBold);
   PutUnderline(FontUnderline);
   PutItalic(FontItalic);
