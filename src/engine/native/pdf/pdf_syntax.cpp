@@ -33,7 +33,7 @@ int CountDigits(std::uint64_t number) {
 }
 
 // The digits of the numbers below a thousand without zeros before them, and how many there are.
-constexpr std::size_t kTripleCount = 1000;
+constexpr std::uint32_t kTripleCount = 1000;
 constexpr auto kTriples = [] {
   std::array<std::array<char, 4>, kTripleCount> triples{};
   for (std::size_t number = 0; number < kTripleCount; ++number) {
@@ -122,8 +122,10 @@ char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   const std::uint64_t number =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
   const auto small = static_cast<std::uint32_t>(number);  // the number itself where it is looked up
-  if (decimals == 0 && number < kTripleCount * kTripleCount) return WriteWhole(out, small);
-  if (decimals == 2 && number < 100 * kTripleCount) return WriteHundredths(out, small);
+  if (decimals == 0 && number < std::uint64_t{kTripleCount} * kTripleCount)
+    return WriteWhole(out, small);
+  if (decimals == 2 && number < std::uint64_t{kTripleCount} * 100)
+    return WriteHundredths(out, small);
   return WriteDigits(out, number, decimals);
 }
 
