@@ -14,6 +14,11 @@ constexpr EightBytes Repeated(std::uint8_t byte) {
   return byte * EightBytes{0x0101010101010101};
 }
 
+// Whether all bytes are characters of ASCII and none is a control character.
+constexpr bool ArePrintableAscii(EightBytes bytes) {
+  return (((bytes + Repeated(1)) | bytes | (bytes - Repeated(' '))) & Repeated(0x80)) == 0;
+}
+
 // Whether one of the bytes is less than `limit`, which is 0x80 at most.
 constexpr bool HasLess(EightBytes bytes, std::uint8_t limit) {
   return ((bytes - Repeated(limit)) & ~bytes & Repeated(0x80)) != 0;
@@ -23,24 +28,39 @@ constexpr bool Has(EightBytes bytes, std::uint8_t byte) {
   return HasLess(bytes ^ Repeated(byte), 1);
 }
 
-// Whether one of the bytes is one that a control character can begin with.
+// Whether one of the bytes is one that a control character can begin with. Most are soon told.
 bool MayHoldControl(EightBytes bytes) noexcept {
+  if (ArePrintableAscii(bytes)) return false;
   return HasLess(bytes, 0x20) || Has(bytes, 0x7F) || Has(bytes, 0xC2);
+}
+
+template <typename Word>
+EightBytes WordAt(const char* place) noexcept {
+  Word word;
+  std::memcpy(&word, place, sizeof word);
+  return word;
+}
+
+// All bytes of a text that has fewer than eight, some of them twice or beside blanks.
+EightBytes FewBytes(std::string_view text) noexcept {
+  constexpr std::size_t kHalf = sizeof(std::uint32_t);
+  if (text.size() >= kHalf) {
+    return WordAt<std::uint32_t>(text.data()) << 32 |
+           WordAt<std::uint32_t>(text.data() + text.size() - kHalf);
+  }
+  EightBytes bytes = Repeated(' ');
+  for (const char c : text) bytes = bytes << 8 | static_cast<unsigned char>(c);
+  return bytes;
 }
 
 // The same of a text. Its end is looked at together with the bytes before it.
 bool MayHoldControl(std::string_view text) noexcept {
-  EightBytes bytes = Repeated(' ');
-  if (text.size() < sizeof bytes) {
-    for (const char c : text) bytes = bytes << 8 | static_cast<unsigned char>(c);
-    return MayHoldControl(bytes);
+  if (text.size() < sizeof(EightBytes)) return MayHoldControl(FewBytes(text));
+  const std::size_t last = text.size() - sizeof(EightBytes);
+  for (std::size_t i = 0; i < last; i += sizeof(EightBytes)) {
+    if (MayHoldControl(WordAt<EightBytes>(text.data() + i))) return true;
   }
-  const std::size_t last = text.size() - sizeof bytes;
-  for (std::size_t i = 0;; i = std::min(i + sizeof bytes, last)) {
-    std::memcpy(&bytes, text.data() + i, sizeof bytes);
-    if (MayHoldControl(bytes)) return true;
-    if (i == last) return false;
-  }
+  return MayHoldControl(WordAt<EightBytes>(text.data() + last));
 }
 
 // How many bytes at the start of `text` are one control character; 0 when it starts with another.

@@ -72,6 +72,22 @@ TEST(TextLayout, OtherControlCharactersVanish) {
   }
 }
 
+TEST(TextLayout, AControlCharacterIsFoundWhereverItStandsInATextOfAnyLength) {
+  for (const char* other : {"a", "\xC3\xBF"}) {
+    std::string text;
+    for (std::size_t length = 0; length < 20; ++length, text += other) {
+      EXPECT_TRUE(IsPlainLine(text)) << text;
+      for (std::size_t place = 0; place < text.size(); ++place) {
+        for (const char control : {'\0', '\x1F', '\x7F'}) {
+          std::string changed = text;
+          changed[place] = control;
+          EXPECT_FALSE(IsPlainLine(changed)) << length << ", " << place;
+        }
+      }
+    }
+  }
+}
+
 TEST(TextLayout, CharactersJustPastTheControlsStay) {
   for (const char* text : {" ", "~", "\xC2\xA0", "\xC2\xAD", "é", "€", "\xC2", "a\xC2"}) {
     EXPECT_TRUE(IsPlainLine(text)) << text;
