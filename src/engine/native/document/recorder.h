@@ -17,9 +17,10 @@ struct RecordedText {
 
 struct Segment;
 
-// Records what it is told to draw onto the page begun last or the page being overlaid. Styles
-// survive from page to page; they are recorded when a command first uses them on a page, so setting
-// one that nothing uses costs nothing. Every function leaves the record whole when memory runs out.
+// Records what it is told to draw onto the page begun last or the page being overlaid. A document
+// has one recorder at a time. Styles survive from page to page; they are recorded when a command
+// first uses them on a page, so setting one that nothing uses costs nothing. Every function leaves
+// the record whole when memory runs out.
 class Recorder final : public Player {
  public:
   explicit Recorder(Document& document);
