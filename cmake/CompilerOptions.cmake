@@ -5,6 +5,9 @@ add_library(pagivo_options INTERFACE)
 target_compile_options(pagivo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Wold-style-cast -Wnull-dereference -Werror)
+# A product and the sum that it goes into are rounded one by one on every processor, so that files come
+# out the same on all.
+target_compile_options(pagivo_options INTERFACE -ffp-contract=off)
 # A mistake in memory ends the program instead of going on: guarded stacks, C calls with checked
 # lengths, containers with checked subscripts, addresses bound before the program starts, and jumps
 # only to marked places, where compiler and processor know them. Only optimised code can check the
