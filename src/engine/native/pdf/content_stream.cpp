@@ -1,7 +1,6 @@
 #include "engine/native/pdf/content_stream.h"
 
 #include <algorithm>
-#include <array>
 #include <cassert>
 
 #include "engine/native/document/pens_and_brushes.h"
@@ -35,20 +34,27 @@ class Operation {
   Operation& Point(PdfPoint point) { return Number(point.x).Number(point.y); }
 
   // `name` is the operator and what follows it.
-  template <std::size_t kSize>
-  void End(const char (&name)[kSize]) {
-    static_assert(kSize <= kLongestName);
-    bytes_.EndAt(std::copy_n(name, kSize - 1, end_));
+  void End(std::string_view name) {
+    assert(name.size() <= kLongestName);
+    bytes_.EndAt(std::ranges::copy(name, end_).out);
   }
 
  private:
   static constexpr std::size_t kMostNumbers = 6;
-  static constexpr std::size_t kLongestName = 4;
+  static constexpr std::size_t kLongestName = 3;
   static constexpr std::size_t kLongest = kMostNumbers * (kLongestNumber + 1) + kLongestName;
 
   ContentBytes& bytes_;
   char* end_;
 };
+
+// Spelt as everywhere else in a file.
+template <typename Object>
+void AppendObject(ContentBytes& bytes, const Object& object) {
+  std::string text;
+  AppendObject(text, object);
+  bytes += text;
+}
 
 }  // namespace
 
@@ -73,23 +79,25 @@ std::string_view ContentStream::Finish() {
 
 // --- Styles -----------------------------------------------------------------------------------
 
-void ContentStream::WriteColor(Color color, bool strokes) {
-  const auto [red, green, blue] = std::array{RedOf(color), GreenOf(color), BlueOf(color)};
+void ContentStream::WriteColor(Color color, std::string_view grayOperator,
+                               std::string_view rgbOperator) {
+  const bool gray = RedOf(color) == GreenOf(color) && RedOf(color) == BlueOf(color);
   Operation operation(bytes_);
-  operation.Number(ThousandthsOf(red), 3);
-  if (red == green && red == blue) return strokes ? operation.End("G\n") : operation.End("g\n");
-  operation.Number(ThousandthsOf(green), 3).Number(ThousandthsOf(blue), 3);
-  strokes ? operation.End("RG\n") : operation.End("rg\n");
+  operation.Number(ThousandthsOf(RedOf(color)), 3);
+  if (!gray) {
+    operation.Number(ThousandthsOf(GreenOf(color)), 3).Number(ThousandthsOf(BlueOf(color)), 3);
+  }
+  operation.End(gray ? grayOperator : rgbOperator);
 }
 
 void ContentStream::WriteFillColor(Color color) {
-  WriteColor(color, false);
+  WriteColor(color, "g\n", "rg\n");
   styles_.fill = color;
 }
 
 void ContentStream::WriteStroke(const StrokeStyle& style) {
   const StrokeStyle& old = styles_.stroke;
-  if (old.color != style.color) WriteColor(style.color, true);
+  if (old.color != style.color) WriteColor(style.color, "G\n", "RG\n");
   if (old.width != style.width) Operation(bytes_).Number(style.width).End("w\n");
   if (old.cap != style.cap) Operation(bytes_).Number(style.cap, 0).End("J\n");
   if (old.join != style.join) Operation(bytes_).Number(style.join, 0).End("j\n");
@@ -105,9 +113,7 @@ void ContentStream::WriteDash(const StrokeStyle& style) {
   for (const float multiple : DashMultiples(style.dash)) {
     dashes.Add(PdfDecimal{static_cast<Hundredths>(multiple * static_cast<float>(style.width))});
   }
-  std::string array;
-  AppendObject(array, dashes);
-  bytes_ += array;
+  AppendObject(bytes_, dashes);
   Operation(bytes_).Number(style.dashPhase).End("d\n");
 }
 
@@ -193,9 +199,7 @@ void ContentStream::DrawImage(std::string_view name, PdfPoint origin, Hundredths
   EndText();
   bytes_ += "q ";
   Operation(bytes_).Point({width, 0}).Point({0, height}).Point(origin).End("cm");
-  std::string image;
-  AppendObject(image, PdfName{name});
-  bytes_ += image;
+  AppendObject(bytes_, PdfName{name});
   bytes_ += " Do Q\n";
 }
 
@@ -232,9 +236,7 @@ void ContentStream::FillGlyphs() {
 
 void ContentStream::WriteFont(std::uint16_t number, std::int64_t size) {
   EndString();
-  std::string name;
-  AppendObject(name, PdfName{FontName(number)});
-  bytes_ += name;
+  AppendObject(bytes_, PdfName{FontName(number)});
   bytes_ += " ";
   Operation(bytes_).Number(size, 3).End("Tf\n");
   font_ = number;
@@ -307,10 +309,8 @@ std::span<char> ContentStream::RoomForCodes(std::size_t most) {
 void ContentStream::BeginActualText(std::string_view text) {
   EndString();
   assert(mode_ == Mode::Text && !inActualText_);
-  std::string operands;
-  AppendObject(operands, PdfName{"Span"});
-  AppendObject(operands, PdfDictionary().Put("ActualText", PdfText{text}));
-  bytes_ += operands;
+  AppendObject(bytes_, PdfName{"Span"});
+  AppendObject(bytes_, PdfDictionary().Put("ActualText", PdfText{text}));
   bytes_ += "BDC\n";
   inActualText_ = true;
 }

@@ -114,7 +114,7 @@ class ContentStream {
   void EndText();
   void BeginPath();
   void PaintPath(std::string_view paintOperator);
-  void WriteColor(Color color, bool strokes);
+  void WriteColor(Color color, std::string_view grayOperator, std::string_view rgbOperator);
   void WriteFillColor(Color color);
   void WriteStroke(const StrokeStyle& style);
   void WriteDash(const StrokeStyle& style);

@@ -79,7 +79,7 @@ class GlyphCodes {
 
   // The same for a character that has a code in that font; null for others.
   const GlyphCode* FindIn(std::uint16_t font, SimpleCharacter character) const {
-    const GlyphCode& code = simple_.data()[character.slot];
+    const GlyphCode& code = simple_[character.slot];
     return code.font == font ? &code : nullptr;
   }
 
