@@ -54,7 +54,10 @@ char* WriteTriple(char* out, std::uint32_t number) {
   return out + triple[3];
 }
 
-// Below a million.
+// What the two functions below write is less than these.
+constexpr std::uint64_t kWholeEnd = std::uint64_t{kTripleCount} * kTripleCount;
+constexpr std::uint64_t kHundredthsEnd = std::uint64_t{kTripleCount} * 100;
+
 char* WriteWhole(char* out, std::uint32_t number) {
   if (number < kTripleCount) return WriteTriple(out, number);
   out = WriteTriple(out, number / kTripleCount);
@@ -122,10 +125,8 @@ char* WriteDecimal(char* out, std::int64_t value, int decimals) {
   const std::uint64_t number =
       value < 0 ? -static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
   const auto small = static_cast<std::uint32_t>(number);  // the number itself where it is looked up
-  if (decimals == 0 && number < std::uint64_t{kTripleCount} * kTripleCount)
-    return WriteWhole(out, small);
-  if (decimals == 2 && number < std::uint64_t{kTripleCount} * 100)
-    return WriteHundredths(out, small);
+  if (decimals == 0 && number < kWholeEnd) return WriteWhole(out, small);
+  if (decimals == 2 && number < kHundredthsEnd) return WriteHundredths(out, small);
   return WriteDigits(out, number, decimals);
 }
 

@@ -34,14 +34,14 @@ class Content : public ::testing::Test {
   }
 
   // Without the line of the first style: solid pens have round ends.
-  std::string Played() {
+  std::string Played(std::int32_t page = 1) {
     std::string written;
     const ByteSink sink = [](std::span<const std::uint8_t>) {};
     PdfFile file(sink);
     FontEmbedder fonts;
     ImageEmbedder images(file);
     PagePlayer player(fonts, images);
-    return std::string(player.Play(document_, 1, PdfGeometry(kPaper)));
+    return std::string(player.Play(document_, page, PdfGeometry(kPaper)));
   }
 
   // The top of a line of text in the font in use whose baseline is at `y`.
@@ -288,6 +288,17 @@ TEST_F(Content, ASectorIsHatchedWhicheverLinesItHas) {
   recorder_.DrawArc({.center = {10000, 10000}, .radius = 2000, .start = 0, .end = 1});
   EXPECT_THAT(Played(), StartsWith("q\n500 500 m\n600 500 l\n"));
   EXPECT_THAT(Played(), EndsWith("S\nQ\n"));
+}
+
+TEST_F(Content, TextLargerThanReadersTakeIsUnderlinedAtTheSizeThatItIsWrittenAt) {
+  for (const float size : {1e5F, 1e6F, 9e4F}) {
+    recorder_.BeginPage(kPaper);
+    recorder_.SetFont({.name = "Courier New", .size = size, .underline = true});
+    recorder_.DrawText({200, 2000}, "a");
+  }
+  EXPECT_THAT(Played(2), EndsWith("re\nf\n"));
+  EXPECT_EQ(Played(3), Played(2));
+  EXPECT_NE(Played(4), Played(2));
 }
 
 TEST_F(Content, UnderlinesAreRectanglesInTheTextsColour) {

@@ -61,6 +61,14 @@ TEST(PdfNumbers, WritesNoMoreDigitsThanNeeded) {
   for (const auto& row : rows) EXPECT_EQ(Decimal(row.value, row.decimals), row.text);
 }
 
+TEST(PdfNumbers, AreRoundedToTheNearestWholeOneAndHalvesAwayFromZero) {
+  for (const double value : {0.0, 0.49999999999999994, 0.5, 0.5000000000000001, 1.4999999999999998,
+                             1.5, 2.5, 1e6 + 0.5, 4503599627370495.5, 9007199254740991.0, 1e18}) {
+    EXPECT_EQ(RoundAway(value), std::llround(value)) << value;
+    EXPECT_EQ(RoundAway(-value), std::llround(-value)) << -value;
+  }
+}
+
 TEST(PdfNumbers, ReadsBackAsTheSameNumber) {
   for (std::int64_t value = -2000; value <= 2000; ++value) {
     const std::string text = Decimal(value, 2);
