@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <stdexcept>
+#include <utility>
 
 namespace pagivo::native {
 namespace {
@@ -36,19 +37,6 @@ std::uint32_t Adler32(const Bytes& bytes) {
   return two << 16 | one;
 }
 
-// The rows in one stored block of deflate.
-Bytes Stored(const Bytes& rows) {
-  const auto size = static_cast<std::uint16_t>(rows.size());
-  Bytes data{0x78, 0x01, 1};
-  for (const int half : {+size, ~size}) {
-    data.push_back(static_cast<std::uint8_t>(half));
-    data.push_back(static_cast<std::uint8_t>(half >> 8));
-  }
-  data.insert(data.end(), rows.begin(), rows.end());
-  AppendBig(data, Adler32(rows));
-  return data;
-}
-
 }  // namespace
 
 Bytes PngOf(const std::vector<PngChunk>& chunks) {
@@ -75,11 +63,27 @@ std::vector<PngChunk> ChunksOf(const Bytes& file) {
   return chunks;
 }
 
-Bytes PngOfRows(std::vector<PngChunk> chunks, const Bytes& rows) {
-  const Bytes data = Stored(rows);
+Bytes StoredBlock(BlockPlace place, const Bytes& bytes) {
+  const auto size = static_cast<std::uint16_t>(bytes.size());
+  Bytes block{place == BlockPlace::Last ? std::uint8_t{1} : std::uint8_t{0}};
+  for (const int half : {+size, ~size}) {
+    block.push_back(static_cast<std::uint8_t>(half));
+    block.push_back(static_cast<std::uint8_t>(half >> 8));
+  }
+  block.insert(block.end(), bytes.begin(), bytes.end());
+  return block;
+}
+
+std::vector<PngChunk> DataChunks(const Bytes& data) {
   const auto middle = data.begin() + std::ssize(data) / 2;
-  chunks.push_back({"IDAT", {data.begin(), middle}});
-  chunks.push_back({"IDAT", {middle, data.end()}});
+  return {{"IDAT", {data.begin(), middle}}, {"IDAT", {middle, data.end()}}};
+}
+
+Bytes PngOfRows(std::vector<PngChunk> chunks, const Bytes& rows) {
+  Bytes data = StoredBlock(BlockPlace::Last, rows);
+  data.insert(data.begin(), {0x78, 0x01});
+  AppendBig(data, Adler32(rows));
+  for (PngChunk& chunk : DataChunks(data)) chunks.push_back(std::move(chunk));
   chunks.push_back({"IEND", {}});
   return PngOf(chunks);
 }

@@ -20,7 +20,15 @@ Bytes PngOf(const std::vector<PngChunk>& chunks);
 // The chunks of a whole file.
 std::vector<PngChunk> ChunksOf(const Bytes& file);
 
-// A file of the chunks, of the rows as zlib stores them without packing, cut in two, and the end.
+// The bytes in a block of deflate that stores them as they are, of which there are fewer than
+// 65,536.
+enum class BlockPlace : std::uint8_t { Inner, Last };
+Bytes StoredBlock(BlockPlace place, const Bytes& bytes);
+
+// Packed data, cut in two.
+std::vector<PngChunk> DataChunks(const Bytes& data);
+
+// A file of the chunks, of the rows as zlib stores them without packing, and the end.
 Bytes PngOfRows(std::vector<PngChunk> chunks, const Bytes& rows);
 
 // What stands in the header of a file that is not interlaced; `color` is PNG's number.

@@ -23,13 +23,12 @@ Bytes FileOf(std::uint8_t color, const Bytes& data) {
   return PngOf({{"IHDR", HeaderOf(kWidth, kHeight, 8, color)}, {"IDAT", data}, {"IEND", {}}});
 }
 
-// The file with other data, cut in two.
+// The file with other data.
 Bytes WithData(const Bytes& file, const Bytes& data) {
   std::vector<PngChunk> chunks = ChunksOf(file);
   std::erase_if(chunks, [](const PngChunk& chunk) { return chunk.type == "IDAT"; });
-  const auto middle = data.begin() + std::ssize(data) / 2;
-  chunks.insert(chunks.end() - 1,
-                {{"IDAT", {data.begin(), middle}}, {"IDAT", {middle, data.end()}}});
+  const std::vector<PngChunk> others = DataChunks(data);
+  chunks.insert(chunks.end() - 1, others.begin(), others.end());
   return PngOf(chunks);
 }
 
@@ -41,7 +40,7 @@ Bytes DataOf(const Bytes& file) {
   return data;
 }
 
-// That is, of one sample or of three.
+// Of the kind of colours that the parameter is in the header: grey, of one sample a pixel, or RGB.
 class DamagedPng : public testing::TestWithParam<std::uint8_t> {
  protected:
   std::size_t RowSize() const { return kWidth * (GetParam() == PNG_COLOR_TYPE_GRAY ? 1 : 3); }
@@ -58,13 +57,8 @@ class DamagedPng : public testing::TestWithParam<std::uint8_t> {
 
   // A file that gives the rows and then a block of no kind that there is.
   Bytes FileDamagedBehind(const Bytes& rows) const {
-    Bytes data{0x78, 0x01, 0};
-    const auto size = static_cast<std::uint16_t>(rows.size());
-    for (const int half : {+size, ~size}) {
-      data.push_back(static_cast<std::uint8_t>(half));
-      data.push_back(static_cast<std::uint8_t>(half >> 8));
-    }
-    data.insert(data.end(), rows.begin(), rows.end());
+    Bytes data = StoredBlock(BlockPlace::Inner, rows);
+    data.insert(data.begin(), {0x78, 0x01});
     data.push_back(0x07);
     return FileOf(GetParam(), data);
   }
@@ -72,6 +66,11 @@ class DamagedPng : public testing::TestWithParam<std::uint8_t> {
   // A file that ends with the rows.
   Bytes FileEndingWith(const Bytes& rows) const {
     return PngOfRows({{"IHDR", HeaderOf(kWidth, kHeight, 8, GetParam())}}, rows);
+  }
+
+  // A whole file, packed by libpng.
+  static Bytes WholeFile() {
+    return PackedPng(GetParam() == PNG_COLOR_TYPE_GRAY ? PNG_FORMAT_GRAY : PNG_FORMAT_RGB);
   }
 
   // The picture goes to PDF as it is, and shows so many rows and white below.
@@ -116,8 +115,7 @@ TEST_P(DamagedPng, ShowsTheRowsAboveOneThatIsPredictedInNoKnownWay) {
 }
 
 TEST_P(DamagedPng, ShowsAllRowsWhereOnlyTheirChecksumIsDamagedOrMissing) {
-  const Bytes file =
-      PackedPng(GetParam() == PNG_COLOR_TYPE_GRAY ? PNG_FORMAT_GRAY : PNG_FORMAT_RGB);
+  const Bytes file = WholeFile();
   Bytes data = DataOf(file);
   data.back() ^= 1;
   EXPECT_EQ(DecodePicture(WithData(file, data))->GetPixels()->data, DecodePng(file).data);
@@ -128,8 +126,7 @@ TEST_P(DamagedPng, ShowsAllRowsWhereOnlyTheirChecksumIsDamagedOrMissing) {
 }
 
 TEST_P(DamagedPng, OfAnyByteGivesAWholePicture) {
-  const Bytes file =
-      PackedPng(GetParam() == PNG_COLOR_TYPE_GRAY ? PNG_FORMAT_GRAY : PNG_FORMAT_RGB);
+  const Bytes file = WholeFile();
   const Bytes whole = DataOf(file);
   for (std::size_t at = 2; at < whole.size(); ++at) {
     Bytes data = whole;
@@ -142,8 +139,7 @@ TEST_P(DamagedPng, OfAnyByteGivesAWholePicture) {
 }
 
 TEST_P(DamagedPng, CutOffAnywhereGivesItsFirstRows) {
-  const Bytes file =
-      PackedPng(GetParam() == PNG_COLOR_TYPE_GRAY ? PNG_FORMAT_GRAY : PNG_FORMAT_RGB);
+  const Bytes file = WholeFile();
   const Bytes whole = DataOf(file);
   const Bytes expected = DecodePng(file).data;
   for (std::size_t size = 50; size < whole.size(); size += 7) {
