@@ -13,10 +13,11 @@ namespace pagivo {
 // for anything else, Overflow past Double.
 Variant Multiply(const Variant& left, const Variant& right);
 
-// Multiply(value, factor).
+// Multiply(value, factor), where the factor becomes a Variant: apart, so that InTwips has none to
+// destroy.
 Variant MultiplyBySingle(const Variant& value, float factor);
 
-// The same for a length in units of so many twips; at once for what nearly all lengths are, a
+// The product of a length and the twips of its unit; at once for what nearly all lengths are, a
 // Double.
 inline Variant InTwips(const Variant& length, float twips) {
   if (const double* number = length.GetIf<double>()) {
