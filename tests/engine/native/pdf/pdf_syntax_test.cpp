@@ -62,10 +62,24 @@ TEST(PdfNumbers, WritesNoMoreDigitsThanNeeded) {
 }
 
 TEST(PdfNumbers, AreRoundedToTheNearestWholeOneAndHalvesAwayFromZero) {
-  for (const double value : {0.0, 0.49999999999999994, 0.5, 0.5000000000000001, 1.4999999999999998,
-                             1.5, 2.5, 1e6 + 0.5, 4503599627370495.5, 9007199254740991.0, 1e18}) {
-    EXPECT_EQ(RoundAway(value), std::llround(value)) << value;
-    EXPECT_EQ(RoundAway(-value), std::llround(-value)) << -value;
+  const struct {
+    double value;
+    std::int64_t rounded;
+  } rows[] = {
+      {0, 0},
+      {0.49999999999999994, 0},
+      {0.5, 1},
+      {1.4999999999999998, 1},
+      {1.5, 2},
+      {2.5, 3},
+      {1000000.5, 1000001},
+      {4503599627370495.5, 4503599627370496},
+      {9007199254740991, 9007199254740991},
+      {1e18, 1000000000000000000},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(RoundAway(row.value), row.rounded) << row.value;
+    EXPECT_EQ(RoundAway(-row.value), -row.rounded) << -row.value;
   }
 }
 
