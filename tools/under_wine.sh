@@ -15,6 +15,12 @@ export WINEDLLOVERRIDES='winedbg.exe=d;mscoree=d;mshtml=d;winemenubuilder.exe=d'
 unset DISPLAY WAYLAND_DISPLAY
 wine=/usr/lib/wine/wine64
 
+# Wine's server would end with its last program, and a program that starts just then finds neither that one
+# nor room for another. So it stays for the next program for half a minute. It says no when one runs already.
+start_server() {
+  /usr/lib/wine/wineserver -p30 9>&- </dev/null >/dev/null 2>&1 || true
+}
+
 # copy_fonts FOLDER...: a font is found by its file in the folder of fonts and its name in the registry.
 copy_fonts() {
   local fonts=$WINEPREFIX/drive_c/windows/Fonts file
@@ -33,6 +39,7 @@ copy_fonts() {
 make_prefix() {
   rm -rf "$WINEPREFIX"
   mkdir -p "$WINEPREFIX"
+  start_server
   timeout 300 "$wine" wineboot -i
   timeout 120 "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
   # Where programs of Linux find the files of tests, too.
@@ -62,5 +69,6 @@ if ! recipe | cmp -s - "$WINEPREFIX/complete"; then
   trap 'tail -n 20 "$WINEPREFIX.log" >&2' EXIT
   make_prefix >"$WINEPREFIX.log" 2>&1
 fi
+start_server
 exec 9>&-
 exec timeout "${PAGIVO_WINE_TIMEOUT:-300}" "$wine" "$@"
